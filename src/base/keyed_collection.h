@@ -1,0 +1,107 @@
+// An ordered list whose items may each carry a unique text key, compared without ASCII case, and are also
+// reachable by 1-based position. Lookup, adding at either end, removal by key and trimming do not scan.
+#pragma once
+
+#include <cstddef>
+#include <list>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <utility>
+
+#include "base/text.h"
+
+namespace brelwin {
+
+template <class T>
+class KeyedCollection {
+ public:
+  struct Entry {
+    std::string Key;  // as given; empty when the item has none
+    T Item;
+  };
+  using const_iterator = typename std::list<Entry>::const_iterator;
+
+  KeyedCollection() = default;
+  KeyedCollection(KeyedCollection&&) = default;
+  KeyedCollection& operator=(KeyedCollection&&) = default;
+  KeyedCollection(const KeyedCollection& other) {
+    for (const auto& entry : other) Add(entry.Item, entry.Key);
+  }
+  KeyedCollection& operator=(const KeyedCollection& other) {
+    if (this != &other) *this = KeyedCollection(other);
+    return *this;
+  }
+  ~KeyedCollection() = default;
+
+  // Adds the item at the end, or in front of all others. False, with nothing changed, when the key is not
+  // empty and already held. Items without a key can always be added.
+  bool Add(T item, std::string_view key) { return Insert(entries_.end(), std::move(item), key); }
+  bool AddInFront(T item, std::string_view key) { return Insert(entries_.begin(), std::move(item), key); }
+
+  bool Contains(std::string_view key) const { return index_.contains(UpperCase(key)); }
+
+  // The item under the key, or a null pointer. It stays valid until the item is removed.
+  const T* Find(std::string_view key) const {
+    const auto found = index_.find(UpperCase(key));
+    return found == index_.end() ? nullptr : &found->second->Item;
+  }
+  T* Find(std::string_view key) {
+    const auto found = index_.find(UpperCase(key));
+    return found == index_.end() ? nullptr : &found->second->Item;
+  }
+
+  // The item at the 1-based position, or a null pointer. Walks from the nearer end.
+  const T* At(std::size_t position) const {
+    if (position < 1 || position > entries_.size()) return nullptr;
+    const auto index = static_cast<std::ptrdiff_t>(position - 1);
+    const auto size = static_cast<std::ptrdiff_t>(entries_.size());
+    const auto found =
+        index <= size / 2 ? std::next(entries_.begin(), index) : std::prev(entries_.end(), size - index);
+    return &found->Item;
+  }
+
+  // True when an item had the key and was removed.
+  bool Remove(std::string_view key) {
+    const auto found = index_.find(UpperCase(key));
+    if (found == index_.end()) return false;
+    entries_.erase(found->second);
+    index_.erase(found);
+    return true;
+  }
+
+  // Keeps the first `count` items.
+  void Trim(std::size_t count) {
+    while (entries_.size() > count) {
+      index_.erase(UpperCase(entries_.back().Key));
+      entries_.pop_back();
+    }
+  }
+
+  void Clear() {
+    index_.clear();
+    entries_.clear();
+  }
+
+  std::size_t Count() const { return entries_.size(); }
+  bool Empty() const { return entries_.empty(); }
+  const_iterator begin() const { return entries_.begin(); }
+  const_iterator end() const { return entries_.end(); }
+
+ private:
+  bool Insert(const_iterator where, T item, std::string_view key) {
+    if (key.empty()) {
+      entries_.insert(where, Entry{{}, std::move(item)});
+      return true;
+    }
+    const auto [slot, isNew] = index_.try_emplace(UpperCase(key));
+    if (!isNew) return false;
+    slot->second = entries_.insert(where, Entry{std::string(key), std::move(item)});
+    return true;
+  }
+
+  std::list<Entry> entries_;
+  std::unordered_map<std::string, typename std::list<Entry>::iterator> index_;
+};
+
+}  // namespace brelwin

@@ -1,0 +1,81 @@
+#include "base/text.h"
+
+#include <algorithm>
+
+namespace brelwin {
+namespace {
+
+char ToUpper(char c) {
+  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
+}
+char ToLower(char c) {
+  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+}  // namespace
+
+std::string_view Trim(std::string_view text) {
+  const auto first = text.find_first_not_of(' ');
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+}
+
+std::string UpperCase(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(), ToUpper);
+  return result;
+}
+
+std::string LowerCase(std::string_view text) {
+  std::string result(text);
+  std::transform(result.begin(), result.end(), result.begin(), ToLower);
+  return result;
+}
+
+bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
+  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
+                    [](char a, char b) { return ToUpper(a) == ToUpper(b); });
+}
+
+bool Contains(std::string_view text, std::string_view part) {
+  return text.find(part) != std::string_view::npos;
+}
+
+std::string Replace(std::string_view text, std::string_view what, std::string_view with) {
+  std::string result;
+  std::size_t begin = 0;
+  if (!what.empty()) {
+    for (auto at = text.find(what); at != std::string_view::npos; at = text.find(what, begin)) {
+      result.append(text.substr(begin, at - begin)).append(with);
+      begin = at + what.size();
+    }
+  }
+  return result.append(text.substr(begin));
+}
+
+std::vector<std::string_view> Split(std::string_view text, std::string_view delimiter) {
+  std::vector<std::string_view> pieces;
+  std::size_t begin = 0;
+  if (!delimiter.empty()) {
+    for (auto at = text.find(delimiter); at != std::string_view::npos; at = text.find(delimiter, begin)) {
+      pieces.push_back(text.substr(begin, at - begin));
+      begin = at + delimiter.size();
+    }
+  }
+  pieces.push_back(text.substr(begin));
+  return pieces;
+}
+
+std::vector<std::string_view> SplitLines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  while (!text.empty()) {
+    const auto end = std::min(text.find('\n'), text.size());
+    auto line = text.substr(0, end);
+    if (line.ends_with('\r')) line.remove_suffix(1);
+    lines.push_back(line);
+    text.remove_prefix(std::min(end + 1, text.size()));
+  }
+  return lines;
+}
+
+}  // namespace brelwin

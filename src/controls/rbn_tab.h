@@ -1,0 +1,34 @@
+// The Reverse Beacon Network tab: the connection, which skimmer spots are of interest, and the alerts.
+#pragma once
+
+#include "controls/control.h"
+
+namespace brelwin {
+
+struct RBNTab {
+  ControlList Controls;
+
+  Frame fraReverseBeaconNetwork{Controls, "fraReverseBeaconNetwork"};
+  CheckBox chkReverseBeaconSpotsEnabled{Controls, "chkReverseBeaconSpotsEnabled"};
+  TextBox txtRBNCallsign{Controls, "txtRBNCallsign"};
+  TextBox txtRBNMaxMinutesSinceLastRawSpotReceived{Controls, "txtRBNMaxMinutesSinceLastRawSpotReceived"};
+
+  CheckBox chkRBNFilterKnownActivators{Controls, "chkRBNFilterKnownActivators"};
+  CheckBox chkRBNFilterSotawatchMatchingAlert{Controls, "chkRBNFilterSotawatchMatchingAlert"};
+  TextBox txtRBNMaxMinutesBeforeAlertTime{Controls, "txtRBNMaxMinutesBeforeAlertTime"};
+  TextBox txtRBNMaxMinutesAfterAlertTime{Controls, "txtRBNMaxMinutesAfterAlertTime"};
+  CheckBox chkRBNFilterDuplicateSpots{Controls, "chkRBNFilterDuplicateSpots"};
+  TextBox txtDuplicateSpotFilteringPeriod{Controls, "txtDuplicateSpotFilteringPeriod"};
+  TextBox txtRBNFilterStation{Controls, "txtRBNFilterStation"};
+  TextBox txtRBNFilterBand{Controls, "txtRBNFilterBand"};
+  TextBox txtRBNFilterMode{Controls, "txtRBNFilterMode"};
+  TextBox txtRBNFilterSpotter{Controls, "txtRBNFilterSpotter"};
+  TextBox txtRBNFilterSpotterExclude{Controls, "txtRBNFilterSpotterExclude"};
+
+  TextBox txtSOTAAlertsRefreshInterval{Controls, "txtSOTAAlertsRefreshInterval"};
+  TextBox txtSOTAWatchAlertArchivingIntervalInHours{Controls, "txtSOTAWatchAlertArchivingIntervalInHours"};
+  Button cmdViewKnownActivators{Controls, "cmdViewKnownActivators"};
+  Button cmdViewAlerts{Controls, "cmdViewAlerts"};
+};
+
+}  // namespace brelwin

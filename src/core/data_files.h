@@ -1,0 +1,55 @@
+// The small file procedures that every room uses: joining paths, appending, the callsign lists, the viewer.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/keyed_collection.h"
+#include "platform/host.h"
+
+namespace brelwin {
+
+// The path with "\" appended unless it ends in one already; an empty path stays empty.
+std::string AddBackslash(std::string_view path);
+
+// The full path of a file in the program's folder.
+std::string InProgramFolder(const Host& host, std::string_view fileName);
+
+// False for an empty name; otherwise true when there is such a file.
+bool FileExists(const Host& host, std::string_view fileName);
+
+// Deletes the file when the name is not empty; errors are swallowed.
+void DeleteFile(Host& host, std::string_view fileName);
+
+// The file's length in bytes; 0 when it does not exist, the largest 32-bit number when it is longer than
+// that.
+std::int32_t GetFileLength(const Host& host, std::string_view fileName);
+
+// Writes text to the file as it is, without a line end. With `append`, at the end of an existing file, after
+// a separator line (CR LF, 44 "=", CR LF); else, and for a new file, in place of what was there. True when it
+// was written. An empty name does nothing and gives False; a file error gives False and the error text, which
+// is cleared on entry.
+bool AppendToFile(Host& host, std::string_view fileName, std::string_view text, bool append,
+                  std::string& errorText, FileAccess access = FileAccess::Everyone);
+
+// Fills the collection from a list file, one entry a line; with `useBaseCallsign` the entry is the base
+// callsign of the line. Keyed entries have themselves as key, and the first of equal ones wins; others have
+// none. Lines end in LF or CR LF. False, with nothing changed, for an empty path or a missing file; the error
+// text is cleared on entry and set when the file could not be read.
+bool LoadCallsignList(const Host& host, std::string_view filePath, bool useBaseCallsign, bool keyed,
+                      KeyedCollection<std::string>& collection, std::string& errorText);
+
+// Adds the callsigns as lines at the end of the list file, creating it when there is none; an unfinished last
+// line is finished first, and the user's own lines stay as they are. True when they were written.
+bool AppendCallsigns(Host& host, std::string_view filePath, const std::vector<std::string>& callsigns);
+
+// Shows a text file in the system's text viewer.
+void ViewTextFile(Host& host, std::string_view filePath);
+
+// Opens the trimmed path or web address with its associated program; does nothing for an empty one. The
+// result is the shell's: true when the program could be started.
+bool OpenDocument(Host& host, std::string_view pathOrAddress);
+
+}  // namespace brelwin

@@ -1,0 +1,41 @@
+// The spot intake: reads the chosen Sotawatch feed and delivers each spot once.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "platform/host.h"
+#include "settings/configuration.h"
+#include "spots/spot.h"
+
+namespace brelwin {
+
+class SpotIntake {
+ public:
+  explicit SpotIntake(Host& host);
+  ~SpotIntake();
+
+  // Reads the feed (RSS, or the Twitter search, which is asked for spots newer than `twitterSinceID`) and
+  // fills `newSpots`, newest first, with the spots of the last 24 hours that it has not delivered before.
+  // Returns -1 on success, -100 when the feed could not be reached, 0 when what was answered is no feed or
+  // breaks off; the spots read before it broke off are delivered all the same. The error text is cleared on
+  // entry.
+  std::int32_t GetSotawatchSpots(bool viaRSS, const URLTemplates& addresses, const TestSettings& test,
+                                 CallsignCollection& knownActivators,
+                                 const CallsignCollection& trustedSpotters, std::string& twitterSinceID,
+                                 SpotCollection& newSpots, std::string& errorText);
+
+  // Forgets what was delivered, so that the next read delivers everything anew. When that read does not
+  // succeed it delivers nothing, and what was delivered is remembered again.
+  void Forget();
+
+  // What the feed last answered, in words for the status line; empty before the first read.
+  const std::string& StatusText() const;
+
+ private:
+  struct State;
+  std::unique_ptr<State> state_;
+};
+
+}  // namespace brelwin

@@ -1,0 +1,31 @@
+// The outside world in one hand: the ports and where the program lives. It has no logic.
+#pragma once
+
+#include <string>
+
+#include "platform/clock.h"
+#include "platform/event_queue.h"
+#include "platform/files.h"
+#include "platform/internet_session.h"
+#include "platform/number_format.h"
+#include "platform/shell.h"
+#include "platform/sound.h"
+
+namespace brelwin {
+
+struct Host {
+  Clock& Time;
+  EventQueue& Events;
+  Files& Disk;
+  InternetSession& Internet;
+  SoundPlayer& Sound;
+  Shell& Desktop;
+  Dialogs& Messages;
+  NumberFormat Numbers;
+  std::string ProgramFolder;
+
+  bool ShuttingDown = false;     // set once, when the user or the system asks to quit; every wait ends on it
+  bool FetchInProgress = false;  // while a page is being read, input that would start work is dropped
+};
+
+}  // namespace brelwin

@@ -1,0 +1,38 @@
+// The one way in which the program reads a web page or feed.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/host.h"
+
+namespace brelwin {
+
+class InternetTransfer {
+ public:
+  explicit InternetTransfer(Host& host) : host_(host) {}
+
+  // Reads the whole body of the address as text, yielding to the event queue meanwhile. Empty when nothing
+  // could be read. A page that was answered at all, 404 and 500 included, counts as opened; a body that is
+  // cut ends there. Waits 30 s for the connection, 30 s for the next byte, 120 s in all, and takes 64 MiB at
+  // most; quitting ends it at once. Bytes become text line by line. A fetch while another is under way is not
+  // opened.
+  std::string OpenURL(std::string_view theURL);
+
+  // Whether the last address could be opened, and "Unable to open URL" when not, else empty.
+  bool LastStatus() const { return lastStatus_; }
+  const std::string& LastErrorMessage() const { return lastErrorMessage_; }
+
+  // HTTP status of the last answer, 0 without one; and what went wrong in words, for the status line.
+  int LastStatusCode() const { return lastStatusCode_; }
+  const std::string& LastTransportError() const { return lastTransportError_; }
+
+ private:
+  Host& host_;
+  bool lastStatus_ = false;
+  std::string lastErrorMessage_;
+  int lastStatusCode_ = 0;
+  std::string lastTransportError_;
+};
+
+}  // namespace brelwin

@@ -1,0 +1,9 @@
+#include "spots/spot.h"
+
+namespace brelwin {
+
+void Spot::CopyMyPropertiesFromThisSpot(const struct Spot* source) {
+  if (source != nullptr) *this = *source;
+}
+
+}  // namespace brelwin

@@ -1,0 +1,54 @@
+// The user's filter and notification choices, and the match of a value against a user's comma list.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "spots/spot.h"
+
+namespace brelwin {
+
+struct SpotFilter {
+  std::string Station;
+  std::string SummitReference;
+  std::string Band;
+  std::string mode;
+  std::string Spotter;
+  std::string Points;
+  bool NoSpotSourceFiltering = false;
+  bool AlertSpotSourceSotawatch = false;
+  bool AlertSpotSourceRBNMatched = false;
+  bool AlertSpotSourceRBNUnmatched = false;
+  bool ShowWindowOnAlert = false;
+  bool FilterAlertSounds = false;
+  std::string AlertSound;
+  std::int16_t PlaySoundWhen = 0;
+  bool FilterSpotDisplay = false;
+  bool FilterLog1 = false;
+  bool FilterLog2 = false;
+  std::string RBNStation;
+  std::string RBNBand;
+  std::string RBNMode;
+  std::string RBNSpotter;
+  std::string RBNSpotterExclude;
+  bool FilterKnownActivators = false;
+  bool FilterSotawatchMatchingAlert = false;
+  bool FilterDuplicateSpots = false;
+  double DuplicateSpotFilteringPeriod = 0;     // minutes
+  std::int32_t MaxMinutesBeforeAlertTime = 0;  // minutes
+  std::int32_t MaxMinutesAfterAlertTime = 0;   // minutes
+  bool IncludeAllSpotTypes = false;
+  SpotCollection colFilteredSpots;  // the last filtered subset
+
+  // Fills `filtered` with the spots that pass the lists and, unless NoSpotSourceFiltering, the source rule.
+  // Returns -1 when done, 0 for an empty input (the result is then empty).
+  std::int32_t GetFilteredSpots(const SpotCollection& spots, SpotCollection& filtered);
+};
+
+// Whether the value is on the comma list: an item is an exact value or, ending in "*", a prefix. Letter case
+// does not matter. An empty list matches everything, and so does an empty value: a spot that lacks the field
+// is never filtered out by it.
+bool MatchesFilterList(std::string_view list, std::string_view value);
+
+}  // namespace brelwin

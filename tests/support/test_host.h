@@ -1,0 +1,66 @@
+// The whole outside world for tests: scripted, recorded, and on a clock of its own.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "memory_files.h"
+#include "platform/host.h"
+#include "scripted_internet.h"
+#include "test_world.h"
+
+namespace brelwin::test {
+
+class RecordedSound final : public SoundPlayer {
+ public:
+  int PlaySound(std::string_view path, bool wait) override {
+    Played.emplace_back(std::string(path), wait);
+    return Result;
+  }
+  std::vector<std::pair<std::string, bool>> Played;
+  int Result = 1;
+};
+
+class RecordedShell final : public Shell {
+ public:
+  bool Open(std::string_view pathOrAddress) override {
+    Opened.emplace_back(pathOrAddress);
+    return true;
+  }
+  bool ViewText(std::string_view path) override {
+    Viewed.emplace_back(path);
+    return true;
+  }
+  std::vector<std::string> Opened;
+  std::vector<std::string> Viewed;
+};
+
+class RecordedDialogs final : public Dialogs {
+ public:
+  void ShowMessage(std::string_view text, std::string_view title, MessageIcon icon) override {
+    Shown.push_back({std::string(text), std::string(title), icon});
+  }
+  struct Message {
+    std::string Text;
+    std::string Title;
+    MessageIcon Icon;
+  };
+  std::vector<Message> Shown;
+};
+
+// The folder of the program under test is "/brelwin".
+struct TestHost {
+  TestClock Time;
+  TestQueue Queue{Time};
+  MemoryFiles Disk;
+  ScriptedInternet Internet{Queue};
+  RecordedSound Sound;
+  RecordedShell Shell;
+  RecordedDialogs Dialogs;
+  Host World{Time, Queue, Disk, Internet, Sound, Shell, Dialogs, NumberFormat{}, "/brelwin", false, false};
+
+  std::string EventLog() const { return Disk.Text("/brelwin/BrelwinEventLog.txt"); }
+};
+
+}  // namespace brelwin::test
