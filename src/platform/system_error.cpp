@@ -1,0 +1,13 @@
+#include "platform/system_error.h"
+
+#include <cstring>
+
+namespace brelwin {
+
+std::string SystemErrorText(int errorNumber) {
+  const char* text = strerrordesc_np(errorNumber);
+  if (text == nullptr) return "Error " + std::to_string(errorNumber);
+  return text;
+}
+
+}  // namespace brelwin
