@@ -1,0 +1,252 @@
+// What stands in for the operating system: files, clock, folder, proxies.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "platform/program_folder.h"
+#include "platform/proxy_settings.h"
+#include "platform/system_clock.h"
+#include "platform/system_files.h"
+#include "temporary_folder.h"
+
+namespace brelwin {
+namespace {
+
+namespace fs = std::filesystem;
+using test::TemporaryFolder;
+
+mode_t ModeOf(const fs::path& path) {
+  struct stat status {};
+  EXPECT_EQ(::stat(path.c_str(), &status), 0) << path;
+  return status.st_mode & 07777U;
+}
+
+void Put(const fs::path& path, std::string_view bytes) {
+  std::ofstream(path, std::ios::binary) << bytes;
+}
+
+TEST(SystemFiles, FindsFilesOfAnotherLetterCaseButPrefersTheExactName) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  fs::create_directories(folder.Path() / "Logs");
+  Put(folder.Path() / "Logs" / "Spots.TXT", "upper");
+  EXPECT_EQ(files.Read(folder.In("logs\\spots.txt")), "upper");
+  EXPECT_TRUE(files.Append(folder.In("LOGS\\SPOTS.txt"), "+", FileAccess::Everyone).Done());
+  EXPECT_EQ(files.Length(folder.In("Logs/Spots.TXT")), 6U);
+  Put(folder.Path() / "Logs" / "spots.txt", "exact");
+  EXPECT_EQ(files.Read(folder.In("Logs\\spots.txt")), "exact");
+  EXPECT_TRUE(files.Write(folder.In("LOGS\\new.txt"), "", FileAccess::Everyone).Done());
+  EXPECT_TRUE(fs::exists(folder.Path() / "Logs" / "new.txt"));
+}
+
+TEST(SystemFiles, TakesOnlyRegularFilesForFiles) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  ASSERT_EQ(::mkfifo(folder.In("pipe").c_str(), 0600), 0);
+  for (const auto& path : {folder.In(""), folder.In("pipe"), folder.In("missing"),
+                           folder.In("no/such/folder"), std::string(), folder.In("a") + '\0' + "b"}) {
+    EXPECT_FALSE(files.Exists(path)) << path;
+    EXPECT_FALSE(files.Read(path)) << path;
+    EXPECT_FALSE(files.Length(path)) << path;
+  }
+  for (const auto& path : {folder.In(""), folder.In("pipe"), folder.In("no/such/folder"), std::string(),
+                           folder.In("a") + '\0' + "b"}) {
+    EXPECT_FALSE(files.Write(path, "x", FileAccess::Everyone).Done()) << path;
+    EXPECT_FALSE(files.Append(path, "x", FileAccess::Everyone).Done()) << path;
+  }
+  EXPECT_TRUE(files.Delete(folder.In("missing")).Done());
+  EXPECT_FALSE(files.Delete(folder.In("")).Done());
+}
+
+TEST(SystemFiles, KeepsPermissionsAndLinksAndLeavesNothingBeside) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  EXPECT_TRUE(files.Write(folder.In("secret"), "1", FileAccess::OwnerOnly).Done());
+  EXPECT_EQ(ModeOf(folder.In("secret")), 0600U);
+  EXPECT_TRUE(files.Write(folder.In("secret"), "2", FileAccess::Everyone).Done());
+  EXPECT_EQ(ModeOf(folder.In("secret")), 0600U);
+
+  Put(folder.Path() / "shared", "old and longer");
+  ::chmod(folder.In("shared").c_str(), 0664);
+  fs::create_symlink("shared", folder.Path() / "link");
+  EXPECT_TRUE(files.Write(folder.In("link"), "new", FileAccess::Everyone).Done());
+  EXPECT_TRUE(fs::is_symlink(folder.Path() / "link"));
+  EXPECT_EQ(files.Read(folder.In("shared")), "new");
+  EXPECT_EQ(ModeOf(folder.In("shared")), 0664U);
+  EXPECT_TRUE(files.Append(folder.In("shared"), "", FileAccess::OwnerOnly).Done());
+  EXPECT_EQ(ModeOf(folder.In("shared")), 0600U);
+
+  fs::create_symlink(folder.Path() / "later", folder.Path() / "dangling");
+  EXPECT_TRUE(files.Write(folder.In("dangling"), "x", FileAccess::Everyone).Done());
+  EXPECT_TRUE(fs::is_regular_file(folder.Path() / "later"));
+  const auto count = std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator());
+  EXPECT_EQ(count, 5);
+}
+
+// The disk is full at every possible byte: a limit on the size of files stands in for it.
+TEST(SystemFiles, AFullDiskLeavesTheOldFileWhole) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  const std::string path = folder.In("file");
+  Put(path, "old");
+  struct rlimit before {};
+  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+  ::signal(SIGXFSZ, SIG_IGN);
+  std::string writeError;
+  std::string appendError;
+  for (rlim_t limit = 3; limit < 8; ++limit) {
+    const rlimit small{limit, before.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+    writeError = files.Write(path, "newer and longer", FileAccess::Everyone).ErrorText;
+    appendError = files.Append(path, "12345", FileAccess::Everyone).ErrorText;
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(writeError, "File too large");
+    EXPECT_EQ(appendError, "File too large");
+    EXPECT_EQ(files.Read(path), "old");
+  }
+  EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator()), 1);
+}
+
+TEST(SystemFiles, ATornWriteOfAnEarlierRunDoesNotStandInTheWay) {
+  const TemporaryFolder folder;
+  SystemFiles files;
+  Put(folder.In("file.brelwin-new"), "torn and rather longer than the new text");
+  EXPECT_TRUE(files.Write(folder.In("file"), "new", FileAccess::OwnerOnly).Done());
+  EXPECT_EQ(files.Read(folder.In("file")), "new");
+  EXPECT_FALSE(files.Exists(folder.In("file.brelwin-new")));
+}
+
+class TimeZone {
+ public:
+  explicit TimeZone(const char* zone) {
+    if (const char* before = std::getenv("TZ")) before_ = before;
+    ::setenv("TZ", zone, 1);
+  }
+  TimeZone(const TimeZone&) = delete;
+  TimeZone& operator=(const TimeZone&) = delete;
+  ~TimeZone() { before_.empty() ? ::unsetenv("TZ") : ::setenv("TZ", before_.c_str(), 1); }
+
+ private:
+  std::string before_;
+};
+
+TEST(SystemClock, TellsTheBiasesOfItsZone) {
+  const SystemClock clock;
+  struct Case {
+    const char* Zone;
+    int Standard;
+    int Daylight;
+    bool HasDaylight;
+  };
+  for (const auto& [zone, standard, daylight, hasDaylight] :
+       {Case{"UTC0", 0, 0, false}, Case{"XYZ-5:45", -345, -345, false},
+        Case{"CET-1CEST,M3.5.0,M10.5.0/3", -60, -120, true}, Case{"EST5EDT,M3.2.0,M11.1.0", 300, 240, true},
+        Case{"LHST-10:30LHDT-11,M10.1.0,M4.1.0", -630, -660, true},
+        Case{"STD-1DAY0,M10.5.0,M3.5.0/1", -60, 0, true}}) {
+    const TimeZone set(zone);
+    const auto information = clock.GetTimeZoneInformation();
+    EXPECT_EQ(information.Bias + information.StandardBias, standard) << zone;
+    EXPECT_EQ(information.Bias + information.DaylightBias, daylight) << zone;
+    EXPECT_EQ(information.Now != TimeZoneInformation::State::Unknown, hasDaylight) << zone;
+
+    const bool isDaylight = information.Now == TimeZoneInformation::State::Daylight;
+    const auto utc = AddMinutes(clock.LocalNow(), isDaylight ? daylight : standard);
+    EXPECT_NEAR(static_cast<double>(utc.Seconds), static_cast<double>(std::time(nullptr)), 2) << zone;
+  }
+}
+
+TEST(ProgramFolder, IsTheNamedOneOrThatOfTheExecutable) {
+  const TemporaryFolder folder;
+  ::unsetenv("BRELWIN_FOLDER");
+  EXPECT_EQ(FindProgramFolder().Path, fs::read_symlink("/proc/self/exe").parent_path().string());
+  ::setenv("BRELWIN_FOLDER", (folder.In("a/./new") + "/").c_str(), 1);
+  const auto made = FindProgramFolder();
+  EXPECT_EQ(made.Path, folder.In("a/new"));
+  EXPECT_EQ(made.ErrorText, "");
+  EXPECT_TRUE(fs::is_directory(made.Path));
+  Put(folder.In("file"), "");
+  ::setenv("BRELWIN_FOLDER", folder.In("file").c_str(), 1);
+  EXPECT_NE(FindProgramFolder().ErrorText, "");
+  ::unsetenv("BRELWIN_FOLDER");
+}
+
+TEST(FolderLock, RefusesASecondInstanceUntilTheFirstEnds) {
+  const TemporaryFolder folder;
+  ::chmod(folder.Path().c_str(), 0500);
+  auto first = FolderLock::Take(folder.In(""));
+  ASSERT_TRUE(first);
+  EXPECT_FALSE(FolderLock::Take(folder.In("")));
+  const auto moved = std::move(*first);
+  first.reset();
+  EXPECT_FALSE(FolderLock::Take(folder.In("")));
+  EXPECT_TRUE(fs::is_empty(folder.Path()));
+  ::chmod(folder.Path().c_str(), 0700);
+}
+
+TEST(ProxySettings, ReadsEveryFormOfAProxyAddress) {
+  struct Case {
+    std::string Text;
+    std::optional<Proxy> Expected;
+  };
+  for (const auto& [text, expected] : {
+           Case{"", {}},
+           Case{"127.0.0.1:3128", Proxy{"127.0.0.1", 3128, "", ""}},
+           Case{" http://proxy.example.org/ ", Proxy{"proxy.example.org", 80, "", ""}},
+           Case{"HTTP://me:p%40ss%3A%zz@[::1]:8080", Proxy{"::1", 8080, "me", "p@ss:%zz"}},
+           Case{"me@proxy:1", Proxy{"proxy", 1, "me", ""}},
+           Case{"socks5://proxy:1080", {}},
+           Case{"http://:3128", {}},
+           Case{"proxy:70000", {}},
+           Case{"proxy:0", {}},
+           Case{"proxy:31x", {}},
+       })
+    EXPECT_EQ(ProxyForUrl({text, "", ""}, "http://www.example.org/"), expected) << text;
+}
+
+TEST(ProxySettings, ChoosesBySchemeAndLowerCaseName) {
+  const auto settings = ReadProxySettings([](const std::string& name) -> std::optional<std::string> {
+    if (name == "http_proxy") return "lower:1";
+    if (name == "HTTP_PROXY") return "upper:1";
+    if (name == "HTTPS_PROXY") return "secure:2";
+    return {};
+  });
+  EXPECT_EQ(ProxyForUrl(settings, "http://127.0.0.1:8080/x")->Host, "lower");
+  EXPECT_EQ(ProxyForUrl(settings, "https://host/x")->Host, "secure");
+}
+
+TEST(ProxySettings, ExemptsWhatNoProxyNames) {
+  struct Case {
+    std::string_view NoProxy;
+    std::string_view Url;
+    bool IsExempt;
+  };
+  for (const auto& [noProxy, url, isExempt] : {
+           Case{"", "http://127.0.0.1/", false},
+           Case{"*", "http://a.org/", true},
+           Case{"localhost, 127.0.0.1", "http://127.0.0.1:81/", true},
+           Case{"Example.ORG", "http://www.example.org/", true},
+           Case{".example.org", "http://example.org", true},
+           Case{"*.example.org", "https://a.b.example.org?x", true},
+           Case{"example.org", "http://badexample.org/", false},
+           Case{"ample.org", "http://example.org/", false},
+           Case{"a.org:8080", "http://a.org:8080/", true},
+           Case{"a.org:8080", "http://a.org/", false},
+           Case{"a.org:443", "https://a.org/", true},
+           Case{"[::1]:80 ::2", "http://[::1]/", true},
+           Case{"[::1]:80 ::2", "http://[::2]:99/", true},
+           Case{",,.", "http://a.org/", false},
+           Case{"a.org", "http://b.org/a.org", false},
+           Case{"a.org", "http://user@a.org/", true},
+       }) {
+    const ProxySettings settings{"proxy:1", "proxy:1", std::string(noProxy)};
+    EXPECT_EQ(!ProxyForUrl(settings, url), isExempt) << noProxy << " " << url;
+  }
+}
+
+}  // namespace
+}  // namespace brelwin
