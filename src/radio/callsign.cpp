@@ -1,0 +1,88 @@
+#include "radio/callsign.h"
+
+#include <algorithm>
+
+#include "base/encoding.h"
+#include "base/text.h"
+
+namespace brelwin {
+namespace {
+
+// A whole callsign has 4 characters or more; shorter pieces beside a "/" are prefixes or suffixes.
+constexpr std::size_t ShortestCallsign = 4;
+
+struct Stations {
+  std::string_view First;
+  std::string_view Second = {};  // empty when one station is named
+  char Divider = ' ';            // what stood between them
+};
+
+std::string WithoutJoiningWords(std::string_view text) {
+  const auto words = Replace(Replace(UpperCase(text), "&", " "), " AND ", " ");
+  return std::string(Trim(words));
+}
+
+Stations SplitAt(std::string_view text, std::size_t at) {
+  if (at == std::string_view::npos) return {text};
+  const auto before = text.substr(0, at);
+  const auto after = text.substr(at + 1);
+  if (CharacterCount(before) < ShortestCallsign || CharacterCount(after) < ShortestCallsign) return {text};
+  return {Trim(before), after, text[at]};
+}
+
+Stations SplitStations(std::string_view text) {
+  const auto slash = text.find('/');
+  const bool slashMayDivide =
+      slash != std::string_view::npos && CharacterCount(text.substr(0, slash)) >= ShortestCallsign;
+  return SplitAt(text, slashMayDivide ? slash : text.find(' '));
+}
+
+// Keeps the longer side of the first "/": what stands before it when it is in the second half of the text.
+void RemovePrefixOrSuffix(std::string& callsign) {
+  const auto slash = callsign.find('/');
+  if (slash == std::string::npos || slash == 0) return;
+  const auto position = CharacterCount(std::string_view(callsign).substr(0, slash)) + 1;
+  if (position * 2 <= CharacterCount(callsign)) {
+    callsign.erase(0, slash + 1);
+  } else {
+    callsign.erase(slash);
+  }
+}
+
+std::string BaseOfOneStation(std::string_view station) {
+  const auto bare = Replace(Replace(Replace(station, "/P", ""), "[", ""), "]", "");
+  std::string callsign(Trim(bare));
+  RemovePrefixOrSuffix(callsign);
+  RemovePrefixOrSuffix(callsign);
+  return callsign;
+}
+
+std::string BaseOfSecondStation(const Stations& stations) {
+  auto callsign = GetBaseCallsign(stations.Second);
+  const auto blank = callsign.find(' ');
+  if (stations.Divider == '/' && blank != std::string::npos)
+    callsign = GetBaseCallsign(std::string_view(callsign).substr(blank + 1));
+  return CountDigits(callsign) == 0 ? std::string() : callsign;
+}
+
+}  // namespace
+
+std::int32_t CountDigits(std::string_view text) {
+  return static_cast<std::int32_t>(
+      std::count_if(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }));
+}
+
+std::string GetBaseCallsign(std::string_view text, std::string& secondCallsign) {
+  secondCallsign.clear();
+  const auto names = WithoutJoiningWords(text);
+  const auto stations = SplitStations(names);
+  if (!stations.Second.empty()) secondCallsign = BaseOfSecondStation(stations);
+  return BaseOfOneStation(stations.First);
+}
+
+std::string GetBaseCallsign(std::string_view text) {
+  const auto names = WithoutJoiningWords(text);
+  return BaseOfOneStation(SplitStations(names).First);
+}
+
+}  // namespace brelwin

@@ -1,0 +1,145 @@
+#include "radio/numbers.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+
+#include "base/text.h"
+
+namespace brelwin {
+namespace {
+
+constexpr int SignificantDigits = 7;
+constexpr int PatternDecimals = 5;
+
+// The digits of a value and where its point stands: 0.00135 is "135" with the point at -2.
+struct Decimal {
+  std::string Digits;  // without leading and trailing zeros; empty for 0
+  int Point = 0;       // number of digits before the point; negative when zeros follow it
+  bool Negative = false;
+};
+
+Decimal DecimalOf(float value) {
+  Decimal decimal;
+  if (!std::isfinite(value) || value == 0) return decimal;
+  std::array<char, 32> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
+                                 std::chars_format::scientific, SignificantDigits - 1)
+                       .ptr;
+  const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
+  const auto exponentAt = text.find('e');
+  int exponent = 0;
+  std::from_chars(text.data() + exponentAt + (text[exponentAt + 1] == '+' ? 2 : 1), end, exponent);
+  decimal.Digits.append(text.substr(0, 1)).append(text.substr(2, exponentAt - 2));
+  decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
+  decimal.Point = exponent + 1;
+  decimal.Negative = value < 0;
+  return decimal;
+}
+
+void AddOneToLastDigit(Decimal& decimal) {
+  const auto nines = decimal.Digits.size() - (decimal.Digits.find_last_not_of('9') + 1);
+  decimal.Digits.resize(decimal.Digits.size() - nines);
+  if (decimal.Digits.empty()) {
+    decimal.Digits = "1";
+    ++decimal.Point;
+  } else {
+    ++decimal.Digits.back();
+  }
+}
+
+void RoundToDecimals(Decimal& decimal, int decimals) {
+  const int kept = decimal.Point + decimals;
+  if (kept >= static_cast<int>(decimal.Digits.size())) return;
+  const bool up = kept >= 0 && decimal.Digits[static_cast<std::size_t>(kept)] >= '5';
+  decimal.Digits.resize(static_cast<std::size_t>(std::max(kept, 0)));
+  if (up) AddOneToLastDigit(decimal);
+  decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
+}
+
+std::string WholePart(const Decimal& decimal) {
+  if (decimal.Point <= 0) return {};
+  const auto length = static_cast<std::size_t>(decimal.Point);
+  std::string whole = decimal.Digits.substr(0, length);
+  whole.resize(length, '0');
+  return whole;
+}
+
+std::string Decimals(const Decimal& decimal) {
+  if (decimal.Digits.empty() || decimal.Point >= static_cast<int>(decimal.Digits.size())) return {};
+  const auto zeros = static_cast<std::size_t>(std::max(-decimal.Point, 0));
+  return std::string(zeros, '0') +
+         decimal.Digits.substr(static_cast<std::size_t>(std::max(decimal.Point, 0)));
+}
+
+}  // namespace
+
+std::string NormalizeDecimalText(std::string_view text, NumberFormat format) {
+  std::string result;
+  for (const char c : text) {
+    if (c == ' ') continue;
+    if (format.DecimalSign != ',') {
+      result.push_back(c);
+    } else if (c != '.') {
+      result.push_back(c == ',' ? '.' : c);
+    }
+  }
+  return result;
+}
+
+double ToDouble(std::string_view text, NumberFormat format) {
+  const auto normalized = NormalizeDecimalText(text, format);
+  std::string_view number = normalized;
+  if (number.starts_with('+')) {
+    number.remove_prefix(1);
+    if (number.starts_with('-')) return 0;
+  }
+  double value = 0;
+  std::from_chars(number.data(), number.data() + number.size(), value);
+  return std::isfinite(value) ? value : 0;
+}
+
+float ToSingle(double value) {
+  const bool fits = std::fabs(value) <= static_cast<double>(std::numeric_limits<float>::max());
+  return fits ? static_cast<float>(value) : 0.0F;
+}
+
+std::int32_t WholeNumber(std::string_view text, NumberFormat format) {
+  constexpr double Lowest = std::numeric_limits<std::int32_t>::min();
+  constexpr double Highest = std::numeric_limits<std::int32_t>::max();
+  return static_cast<std::int32_t>(std::clamp(std::nearbyint(ToDouble(text, format)), Lowest, Highest));
+}
+
+std::string SingleText(float value) {
+  const auto decimal = DecimalOf(value);
+  auto text = WholePart(decimal);
+  if (text.empty()) text = "0";
+  if (decimal.Negative) text.insert(0, "-");
+  const auto decimals = Decimals(decimal);
+  return decimals.empty() ? text : text + "." + decimals;
+}
+
+std::string FormatSingle(float value) {
+  auto decimal = DecimalOf(value);
+  RoundToDecimals(decimal, PatternDecimals);
+  const bool negative = decimal.Negative && !decimal.Digits.empty();
+  return (negative ? "-" : "") + WholePart(decimal) + "." + Decimals(decimal);
+}
+
+double RoundedToThreeDecimals(float value) {
+  // A 24-bit value times 1000 is exact in 53 bits, so ties are real ties. Adding 0 makes -0 a plain 0.
+  return std::nearbyint(static_cast<double>(value) * 1000.0) / 1000.0 + 0.0;
+}
+
+std::string RoundedToThreeDecimalsText(float value) {
+  if (!std::isfinite(value)) return "0";
+  std::array<char, 64> buffer{};
+  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), RoundedToThreeDecimals(value),
+                                 std::chars_format::fixed)
+                       .ptr;
+  return {buffer.data(), end};
+}
+
+}  // namespace brelwin

@@ -1,0 +1,261 @@
+// Radio text: numbers, callsigns, modes, frequencies, dates, URL encoding.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+#include <random>
+
+#include "radio/callsign.h"
+#include "radio/dates.h"
+#include "radio/frequency.h"
+#include "radio/mode.h"
+#include "radio/numbers.h"
+#include "radio/url_encode.h"
+#include "test_world.h"
+
+namespace brelwin {
+namespace {
+
+constexpr NumberFormat Comma{','};
+
+TEST(Numbers, AreReadTheSystemsWay) {
+  struct Case {
+    std::string_view Text;
+    double OnPoint;
+    double OnComma;
+  };
+  for (const auto& [text, onPoint, onComma] : std::initializer_list<Case>{
+           {"14.062", 14.062, 14062},
+           {"14,062", 14, 14.062},
+           {"1.234,5", 1.234, 1234.5},
+           {" 7 030 ", 7030, 7030},
+           {"+5.5x", 5.5, 55},
+           {"+-5", 0, 0},
+           {"-.5", -.5, -5},
+           {".5.5", .5, 55},
+           {"", 0, 0},
+           {"abc", 0, 0},
+           {"inf", 0, 0},
+           {"-nan", 0, 0},
+           {"1e999", 0, 0},
+       }) {
+    EXPECT_DOUBLE_EQ(ToDouble(text), onPoint) << text;
+    EXPECT_DOUBLE_EQ(ToDouble(text, Comma), onComma) << text;
+  }
+}
+
+TEST(Numbers, WholeNumbersRoundHalfToEvenWithin32Bits) {
+  EXPECT_EQ(WholeNumber("2.5"), 2);
+  EXPECT_EQ(WholeNumber("3.5"), 4);
+  EXPECT_EQ(WholeNumber("-0.6 s"), -1);
+  EXPECT_EQ(WholeNumber("99999999999"), std::numeric_limits<std::int32_t>::max());
+  EXPECT_EQ(WholeNumber("-99999999999"), std::numeric_limits<std::int32_t>::min());
+}
+
+TEST(Numbers, SinglesBecomeTextBySevenDigits) {
+  struct Case {
+    float Value;
+    std::string_view Text;
+    std::string_view Format;
+    std::string_view Rounded;
+  };
+  for (const auto& [value, text, format, rounded] : std::initializer_list<Case>{
+           {145.525F, "145.525", "145.525", "145.525"},
+           {432.1F, "432.1", "432.1", "432.1"},
+           {10368.1F, "10368.1", "10368.1", "10368.1"},
+           {241000.0F, "241000", "241000.", "241000"},
+           {7.0F, "7", "7.", "7"},
+           {0.135F, "0.135", ".135", "0.135"},
+           {0.0F, "0", ".", "0"},
+           {-0.0001F, "-0.0001", "-.0001", "0"},
+           {0.000001F, "0.000001", ".", "0"},
+           {3.999999F, "3.999999", "4.", "4"},
+           {0.999996F, "0.999996", "1.", "1"},
+           {7.123455F, "7.123455", "7.12346", "7.123"},
+           {14.0625F, "14.0625", "14.0625", "14.062"},     // a real tie
+           {7.0325F, "7.0325", "7.0325", "7.032"},         // the value is just below the tie
+           {10.1385F, "10.1385", "10.1385", "10.139"},     // and here just above it
+           {1.0e7F, "10000000", "10000000.", "10000000"},  // no exponent
+           {std::numeric_limits<float>::quiet_NaN(), "0", ".", "0"},
+       }) {
+    EXPECT_EQ(SingleText(value), text);
+    EXPECT_EQ(FormatSingle(value), format);
+    EXPECT_EQ(RoundedToThreeDecimalsText(value), rounded);
+  }
+}
+
+TEST(Numbers, SingleTextReadsBackAsTheSameSevenDigits) {
+  std::mt19937 generator(1);
+  std::uniform_real_distribution<float> exponents(-4, 6);
+  for (int i = 0; i < 2000; ++i) {
+    const auto text = SingleText(std::pow(10.0F, exponents(generator)));
+    EXPECT_EQ(SingleText(ToSingle(ToDouble(text))), text);
+  }
+}
+
+TEST(Callsigns, LosePrefixSuffixAndSecondOperator) {
+  struct Case {
+    std::string_view Text;
+    std::string_view Base;
+    std::string_view Second;
+  };
+  for (const auto& [text, base, expectedSecond] : std::initializer_list<Case>{
+           {"G4ABC/P", "G4ABC", ""},
+           {"EA8/G4ABC", "G4ABC", ""},
+           {"G4ABC/M", "G4ABC", ""},
+           {"DL/G4ABC/P", "G4ABC", ""},
+           {"DL/PA3XYZ", "DLA3XYZ", ""},
+           {"KH6/K1A", "KH6", ""},
+           {"G4ABC/G4XYZ", "G4ABC", "G4XYZ"},
+           {"g4abc and g4xyz", "G4ABC", "G4XYZ"},
+           {"G4ABC & PORTABLE", "G4ABC", ""},
+           {"G4ABC/P G4XYZ/P", "G4ABC", "G4XYZ"},
+           {"G4ABC/PORTABLE", "G4ABC", ""},
+           {"HB9/G4ABC AND HB9/G4XYZ", "G4ABC", "G4XYZ"},
+           {"G4ABC G4XYZ M0ABC", "G4ABC", "G4XYZ"},
+           {"[G4ABC]", "G4ABC", ""},
+           {"/G4ABC", "/G4ABC", ""},
+           {"", "", ""},
+           {"/", "/", ""},
+           {"    ", "", ""},
+       }) {
+    std::string second = "left over";
+    EXPECT_EQ(GetBaseCallsign(text, second), base) << text;
+    EXPECT_EQ(GetBaseCallsign(text), base) << text;
+    EXPECT_EQ(second, expectedSecond) << text;
+  }
+}
+
+TEST(Callsigns, AMillionStationsInOneTextAreNoTrouble) {
+  std::string text;
+  for (int i = 0; i < 100000; ++i) text += "G4ABC/G4XYZ AND ";
+  std::string second;
+  EXPECT_EQ(GetBaseCallsign(text, second), "G4ABC");
+}
+
+TEST(Modes, HaveCodesAndWords) {
+  EXPECT_EQ(ModeCode(" cw "), 1);
+  EXPECT_EQ(ModeCode("Bpsk"), 4);
+  EXPECT_EQ(ModeCode("USB"), 0);
+  EXPECT_EQ(ModeWord("Rtty"), "rtty");
+  EXPECT_EQ(ModeWord("BPSK"), "psk");
+  EXPECT_EQ(ModeWord(" CW"), "other");
+  EXPECT_EQ(ModeWord(""), "other");
+}
+
+TEST(Frequencies, FallIntoBands) {
+  for (const auto& [mhz, band] : std::initializer_list<std::pair<float, double>>{{14.285F, 14},
+                                                                                 {145.5F, 144},
+                                                                                 {432.1F, 420},
+                                                                                 {7.0F, 0.135},
+                                                                                 {0.4725F, 0.135},
+                                                                                 {5.3985F, 5},
+                                                                                 {1.832F, 1.8},
+                                                                                 {70.2F, 70},
+                                                                                 {222.1F, 220},
+                                                                                 {28.06F, 28},
+                                                                                 {31.5F, 31},
+                                                                                 {1296.2F, 1240},
+                                                                                 {148.9F, 144},
+                                                                                 {149.1F, 149},
+                                                                                 {136000.5F, 134000}}) {
+    EXPECT_DOUBLE_EQ(BandFromFrequency(mhz), band) << mhz;
+  }
+  EXPECT_DOUBLE_EQ(BandFromFrequency(14.285F, Comma), 0.135);
+}
+
+TEST(Frequencies, AreFormattedInMegahertz) {
+  float mhz = -1;
+  EXPECT_EQ(FormatFrequencyKHz("14062.5", mhz), "14.0625");
+  EXPECT_FLOAT_EQ(mhz, 14.0625F);
+  EXPECT_EQ(FormatFrequencyMHz("145.525 MHz", mhz), "145.525");
+  EXPECT_EQ(FormatFrequencyMHz("abc", mhz), ".");
+  EXPECT_EQ(FormatFrequencyMHz(" ", mhz), "");
+  EXPECT_EQ(FormatFrequencyMHz("1e300", mhz), "");
+  EXPECT_EQ(mhz, 0);
+  EXPECT_EQ(DuplicateKey("G4ABC", 7.0325F), "G4ABC7.032");
+}
+
+TEST(Url, EncodesAllButLettersAndDigits) {
+  EXPECT_EQ(URLEncode("a b/c"), "a%20b%2Fc");
+  EXPECT_EQ(URLEncode("\t\xC3\xA9"), "%09%E9");
+  EXPECT_EQ(URLEncode("\xE2\x82\xAC"), "%E2%82%AC");
+}
+
+TEST(Dates, AreReadInEveryForm) {
+  for (const auto& [text, expected] : std::initializer_list<std::pair<std::string_view, std::string_view>>{
+           {"2026-11-24 10:00", "2026-11-24 10:00:00"},
+           {"2026-11-24T10:00:05Z", "2026-11-24 10:00:05"},
+           {" 24 Nov 2026 10:00:07 ", "2026-11-24 10:00:07"},
+           {"24 Nov 2026 00:30:00 +0100", "2026-11-23 23:30:00"},
+           {"Tue, 24 Nov 2026 10:00:00 -05:30", "2026-11-24 15:30:00"},
+           {"Tue Nov 24 10:00:00 +0000 2026", "2026-11-24 10:00:00"},
+           {"24 Nov 2026 10:00:00 UT", "2026-11-24 10:00:00"},
+           {"24 november 2026", "2026-11-24 00:00:00"},
+           {"Nov 24 2026 10:00:00", "2026-11-24 10:00:00"},
+           {"9:05", "1899-12-30 09:05:00"},
+           {"10:00:30", "1899-12-30 10:00:30"},
+       }) {
+    const auto read = ReadDateTime(text);
+    ASSERT_TRUE(read) << text;
+    EXPECT_EQ(DateTimeText(*read), expected);
+  }
+}
+
+TEST(Dates, AreNotSeenWhereThereAreNone) {
+  for (const std::string_view text : {"",
+                                      "7",
+                                      "14.285",
+                                      "2026",
+                                      "24 Nov",
+                                      "Nov 2026",
+                                      "30 Feb 2026",
+                                      "2026-13-01",
+                                      "24:00",
+                                      "10:60",
+                                      "10:0",
+                                      "24 Nov 2026 10:00 10:00",
+                                      "24 Nov 2026 +0100",
+                                      "24 Nov 2026 10:00 Mars",
+                                      "31 Dec 9999 23:59 -0100",
+                                      "2026-11-24Z",
+                                      "20261124",
+                                      ":",
+                                      "+",
+                                      "10:00+"}) {
+    EXPECT_FALSE(IsDateNotNumber(text)) << text;
+  }
+}
+
+TEST(Dates, ReadBackWhatWasWritten) {
+  std::mt19937_64 generator(2);
+  std::uniform_int_distribution<std::int64_t> seconds(
+      DateTimeFromCalendar({100, 1, 1, 0, 0, 0})->Seconds,
+      DateTimeFromCalendar({9999, 12, 31, 23, 59, 59})->Seconds);
+  for (int i = 0; i < 2000; ++i) {
+    const DateTime time{seconds(generator)};
+    EXPECT_EQ(ReadDateTime(DateTimeText(time)), time);
+    EXPECT_EQ(ReadDateTime(MonthFirstText(time)), time);
+  }
+}
+
+TEST(Dates, FollowTheSystemsTimeZone) {
+  test::TestClock clock;
+  clock.SetLocalTime(*DateTimeFromCalendar({2026, 1, 1, 3, 15, 9}));
+  clock.Zone = {TimeZoneInformation::State::Daylight, -330, 0, -60};
+  std::int32_t hours = 0;
+  std::int32_t minutes = 0;
+  EXPECT_TRUE(GetTimeZoneOffset(clock, hours, minutes));
+  EXPECT_EQ(hours, -6);
+  EXPECT_EQ(minutes, -30);
+  EXPECT_EQ(GetUTCNowText(clock), "Dec 31 2025 20:45:09");
+  EXPECT_EQ(UTCToLocal(clock, UTCNow(clock)), clock.LocalNow());
+  EXPECT_FALSE(UTCToLocal(clock, {}));
+  EXPECT_EQ(CompactText(clock.LocalNow()) + " " + CompactMinutesText(clock.LocalNow()),
+            "20260101031509 202601010315");
+  clock.Zone.Now = TimeZoneInformation::State::Standard;
+  EXPECT_EQ(ClockText(UTCNow(clock)), "21:45");
+}
+
+}  // namespace
+}  // namespace brelwin
