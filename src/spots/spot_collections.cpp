@@ -1,0 +1,48 @@
+#include "spots/spot_collections.h"
+
+#include <algorithm>
+#include <iterator>
+#include <utility>
+
+#include "radio/numbers.h"
+
+namespace brelwin {
+
+bool AddToCollection(std::string_view item, std::string_view key, KeyedCollection<std::string>& collection) {
+  return collection.Add(std::string(item), key);
+}
+
+bool AddSpotByID(SpotPointer spot, SpotCollection& collection) {
+  if (spot == nullptr) return false;
+  const std::string_view id = spot->ID;
+  return collection.Add(std::move(spot), id);
+}
+
+std::int32_t CopyNewSpots(const SpotCollection& source, SpotCollection& target) {
+  if (&source == &target) return 0;
+  std::int32_t added = 0;
+  for (const auto& entry : source) added += AddSpotByID(entry.Item, target) ? 1 : 0;
+  return added;
+}
+
+void MergeInFront(const SpotCollection& newSpots, SpotCollection& target) {
+  if (&newSpots == &target) return;
+  for (auto entry = newSpots.end(); entry != newSpots.begin();) {
+    --entry;
+    target.Remove(entry->Item->ID);
+    target.AddInFront(entry->Item, entry->Item->ID);
+  }
+}
+
+bool IsDuplicateSpot(const Spot& held, const Spot& spot) {
+  return held.stationBaseCallsign == spot.stationBaseCallsign &&
+         RoundedToThreeDecimals(held.FrequencyInMhz) == RoundedToThreeDecimals(spot.FrequencyInMhz);
+}
+
+std::int32_t CountSpotsMatching(const SpotCollection& collection, const Spot& spot) {
+  return static_cast<std::int32_t>(
+      std::count_if(collection.begin(), collection.end(),
+                    [&spot](const auto& entry) { return IsDuplicateSpot(*entry.Item, spot); }));
+}
+
+}  // namespace brelwin

@@ -1,0 +1,100 @@
+// Collections of spots.
+#include "spots/spot_collections.h"
+
+#include <gtest/gtest.h>
+
+namespace brelwin {
+namespace {
+
+SpotPointer MakeSpot(std::string id, std::string comment = {}) {
+  auto spot = std::make_shared<Spot>();
+  spot->ID = std::move(id);
+  spot->Comment = std::move(comment);
+  return spot;
+}
+
+SpotCollection Collection(std::initializer_list<std::string> ids, const std::string& comment) {
+  SpotCollection spots;
+  for (const auto& id : ids) AddSpotByID(MakeSpot(id, comment), spots);
+  return spots;
+}
+
+std::string Summary(const SpotCollection& spots) {
+  std::string summary;
+  for (const auto& entry : spots) summary += entry.Item->ID + entry.Item->Comment + " ";
+  return summary;
+}
+
+TEST(SpotCollections, HelpersReportWhatTheyDid) {
+  CallsignCollection calls;
+  EXPECT_FALSE(RemoveFromCollection("G4ABC", calls));
+  EXPECT_TRUE(AddToCollection("G4ABC", "G4ABC", calls));
+  EXPECT_FALSE(AddToCollection("g4abc", "g4abc", calls));
+  EXPECT_EQ(*calls.At(1), "G4ABC");
+  EXPECT_TRUE(ExistsInCollection(calls, "g4ABC"));
+
+  SpotCollection spots;
+  EXPECT_FALSE(AddObjectToCollection(SpotPointer(), "1", spots));
+  EXPECT_FALSE(AddSpotByID(nullptr, spots));
+  EXPECT_TRUE(AddSpotByID(MakeSpot("1", "held"), spots));
+  EXPECT_FALSE(AddSpotByID(MakeSpot("1", "new"), spots));
+  EXPECT_EQ(Summary(spots), "1held ");
+}
+
+TEST(SpotCollections, CopyingAddsOnlyWhatIsNotHeld) {
+  auto target = Collection({"2", "3"}, "a");
+  EXPECT_EQ(CopyNewSpots(Collection({"1", "2", "4"}, "b"), target), 2);
+  EXPECT_EQ(Summary(target), "2a 3a 1b 4b ");
+  target.Add(MakeSpot(""), "");
+  EXPECT_EQ(CopyNewSpots(target, target), 0);
+}
+
+TEST(SpotCollections, MergingPutsTheNewestBatchWholeInFront) {
+  auto list = Collection({"2", "1"}, "old");
+  MergeInFront(Collection({"4", "1", "3"}, "new"), list);
+  EXPECT_EQ(Summary(list), "4new 1new 3new 2old ");
+  MergeInFront(list, list);
+  EXPECT_EQ(list.Count(), 4U);
+}
+
+TEST(SpotCollections, TrimmingKeepsTheNewest) {
+  auto spots = Collection({"3", "2", "1"}, "");
+  TrimCollection(-1, spots);
+  TrimCollection(5, spots);
+  EXPECT_EQ(spots.Count(), 3U);
+  TrimCollection(1, spots);
+  EXPECT_EQ(Summary(spots), "3 ");
+  TrimCollection(0, spots);
+  EXPECT_TRUE(spots.Empty());
+}
+
+TEST(SpotCollections, DuplicatesAreTheSameStationOnTheSameThousandth) {
+  SpotCollection spots;
+  for (const auto& [call, mhz] : std::initializer_list<std::pair<const char*, float>>{
+           {"G4ABC", 14.0621F}, {"G4ABC", 14.0624F}, {"G4ABC", 14.063F}, {"G4XYZ", 14.062F}}) {
+    auto spot = MakeSpot(std::to_string(spots.Count()));
+    spot->stationBaseCallsign = call;
+    spot->FrequencyInMhz = mhz;
+    AddSpotByID(spot, spots);
+  }
+  EXPECT_EQ(CountSpotsMatching(spots, **spots.At(1)), 2);
+  EXPECT_EQ(CountSpotsMatching({}, **spots.At(1)), 0);
+}
+
+TEST(SpotRecord, CopiesEverythingIncludingNoTime) {
+  Spot source;
+  source.Comment = "CQ";
+  source.SummitPoints = 10;
+  source.UTCTime = "10:00";
+  Spot target;
+  target.UTCDateTime = DateTime{1};
+  target.CopyMyPropertiesFromThisSpot(&source);
+  EXPECT_FALSE(target.UTCDateTime);
+  EXPECT_EQ(target.Comment + target.UTCTime, "CQ10:00");
+  EXPECT_EQ(target.SummitPoints, 10);
+  target.CopyMyPropertiesFromThisSpot(nullptr);
+  EXPECT_EQ(target.Comment, "CQ");
+}
+
+}  // namespace
+}  // namespace brelwin
