@@ -1,0 +1,114 @@
+#include "core/data_files.h"
+
+#include <algorithm>
+#include <limits>
+
+#include "base/encoding.h"
+#include "base/text.h"
+#include "core/trap.h"
+#include "radio/callsign.h"
+
+namespace brelwin {
+namespace {
+
+std::string SeparatorLine() {
+  return std::string(LineEnd).append(44, '=').append(LineEnd);
+}
+
+FileResult WriteOrAppend(Host& host, std::string_view name, std::string_view text, bool append,
+                         FileAccess access) {
+  if (append && host.Disk.Exists(name)) return host.Disk.Append(name, SeparatorLine().append(text), access);
+  return host.Disk.Write(name, text, access);
+}
+
+void AddCallsignLines(std::string_view text, bool useBaseCallsign, bool keyed,
+                      KeyedCollection<std::string>& collection) {
+  for (const auto line : SplitLines(text)) {
+    const auto entry = useBaseCallsign ? GetBaseCallsign(Trim(line)) : std::string(Trim(line));
+    if (!entry.empty()) collection.Add(entry, keyed ? entry : std::string());
+  }
+}
+
+bool LoadFromFile(const Host& host, std::string_view path, bool useBaseCallsign, bool keyed,
+                  KeyedCollection<std::string>& collection, std::string& errorText) {
+  if (path.empty() || !host.Disk.Exists(path)) return false;
+  const auto bytes = host.Disk.Read(path);
+  if (!bytes) {
+    errorText = std::string(path) + " could not be read";
+    return false;
+  }
+  AddCallsignLines(TextFromBytes(*bytes), useBaseCallsign, keyed, collection);
+  return true;
+}
+
+}  // namespace
+
+std::string AddBackslash(std::string_view path) {
+  std::string result(path);
+  if (!result.empty() && result.back() != '\\') result.push_back('\\');
+  return result;
+}
+
+std::string InProgramFolder(const Host& host, std::string_view fileName) {
+  return AddBackslash(host.ProgramFolder).append(fileName);
+}
+
+bool FileExists(const Host& host, std::string_view fileName) {
+  return TrapErrors([&] { return !fileName.empty() && host.Disk.Exists(fileName); }, false,
+                    [](const RuntimeError&) {});
+}
+
+void DeleteFile(Host& host, std::string_view fileName) {
+  if (fileName.empty()) return;
+  TrapErrorsSilently([&] { host.Disk.Delete(fileName); });
+}
+
+std::int32_t GetFileLength(const Host& host, std::string_view fileName) {
+  constexpr std::uint64_t Largest = std::numeric_limits<std::int32_t>::max();
+  const auto length = fileName.empty() ? std::nullopt : host.Disk.Length(fileName);
+  return static_cast<std::int32_t>(std::min(length.value_or(0), Largest));
+}
+
+bool AppendToFile(Host& host, std::string_view fileName, std::string_view text, bool append,
+                  std::string& errorText, FileAccess access) {
+  errorText.clear();
+  const auto name = Trim(fileName);
+  if (name.empty()) return false;
+  const auto write = [&] {
+    errorText = WriteOrAppend(host, name, text, append, access).ErrorText;
+    return errorText.empty();
+  };
+  return TrapErrors(write, false, [&](const RuntimeError& error) { errorText = error.Description; });
+}
+
+bool LoadCallsignList(const Host& host, std::string_view filePath, bool useBaseCallsign, bool keyed,
+                      KeyedCollection<std::string>& collection, std::string& errorText) {
+  errorText.clear();
+  return TrapErrors(
+      [&] { return LoadFromFile(host, Trim(filePath), useBaseCallsign, keyed, collection, errorText); },
+      false, [&](const RuntimeError& error) { errorText = error.Description; });
+}
+
+bool AppendCallsigns(Host& host, std::string_view filePath, const std::vector<std::string>& callsigns) {
+  if (callsigns.empty()) return true;
+  const auto append = [&] {
+    const auto before = host.Disk.Read(filePath);
+    if (!before && host.Disk.Exists(filePath)) return false;
+    std::string lines(before && !before->empty() && !before->ends_with('\n') ? LineEnd : "");
+    for (const auto& callsign : callsigns) lines.append(callsign).append(LineEnd);
+    return host.Disk.Append(filePath, lines, FileAccess::Everyone).Done();
+  };
+  return TrapErrors(append, false, [](const RuntimeError&) {});
+}
+
+void ViewTextFile(Host& host, std::string_view filePath) {
+  TrapErrorsSilently([&] { host.Desktop.ViewText(filePath); });
+}
+
+bool OpenDocument(Host& host, std::string_view pathOrAddress) {
+  const auto document = Trim(pathOrAddress);
+  if (document.empty()) return false;
+  return TrapErrors([&] { return host.Desktop.Open(document); }, false, [](const RuntimeError&) {});
+}
+
+}  // namespace brelwin
