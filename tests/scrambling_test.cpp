@@ -1,0 +1,141 @@
+// Typed access to INI files and the scrambling of secrets.
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "base/encoding.h"
+#include "core/ini_utilities.h"
+#include "core/scrambling.h"
+#include "test_host.h"
+
+namespace brelwin {
+namespace {
+
+using test::TestHost;
+
+TEST(Scrambling, ShiftsEveryCharacterByItsPlaceUpToTheCap) {
+  EXPECT_EQ(ShiftEncode("AAA", 2), "CEG");
+  EXPECT_EQ(ShiftDecode("CEG", 2), "AAA");
+  EXPECT_EQ(ShiftEncode("", 5), "");
+  const auto encoded = ShiftEncode(std::string(22, '!'), 5);
+  EXPECT_EQ(encoded.substr(0, 2), "&+");
+  std::string_view rest = encoded;
+  for (int i = 1; i < 20; ++i) TakeCodePoint(rest);
+  EXPECT_EQ(TakeCodePoint(rest), U'!' + 100U);
+  EXPECT_EQ(rest, "ZZ");  // 57 further
+}
+
+TEST(Scrambling, KnowsTheCodesOfWindows1252InEveryForm) {
+  const std::string plain = "\xE2\x82\xAC\xC3\xA9";  // codes 128 and 233
+  EXPECT_EQ(ShiftEncode(plain, 2), "\xC2\x82\xC3\xAD");
+  EXPECT_EQ(ShiftDecode("\xC2\x82\xC3\xAD", 2), plain);
+  EXPECT_EQ(ShiftDecode("\x82\xED", 2), plain);              // the bytes themselves
+  EXPECT_EQ(ShiftDecode("\xE2\x80\x9A\xC3\xAD", 2), plain);  // the characters of the bytes
+}
+
+TEST(Scrambling, GivesNothingForWhatLeavesTheRange) {
+  EXPECT_EQ(ShiftEncode("a\xC3\xBF", 2), "");
+  EXPECT_EQ(ShiftEncode("\xD0\xAF", 2), "");
+  EXPECT_EQ(ShiftDecode("\x01", 2), "");
+}
+
+TEST(Scrambling, DrawsRandomCharactersOfTheirKind) {
+  std::mt19937 generator(1);
+  std::array<std::set<char>, 3> drawn;
+  for (int i = 0; i < 3000; ++i) {
+    for (std::size_t kind = 0; kind < 3; ++kind)
+      drawn.at(kind).insert(RandomCharacter(static_cast<int>(kind), generator));
+  }
+  EXPECT_EQ(drawn[0].size(), 36U);
+  EXPECT_EQ(drawn[1], std::set<char>(drawn[0].upper_bound('9'), drawn[0].end()));
+  EXPECT_EQ(drawn[2], std::set<char>(drawn[0].begin(), drawn[0].upper_bound('9')));
+}
+
+struct IniFile {
+  explicit IniFile(std::string text = {}) {
+    ini.INIPath = "/f.ini";
+    if (!text.empty()) host.Disk.Put("/f.ini", std::move(text));
+  }
+  std::string Text() const { return host.Disk.Text("/f.ini"); }
+
+  TestHost host;
+  clsINIUtilities ini{host.World};
+};
+
+TEST(IniUtilities, ReadsTypesLeniently) {
+  IniFile file("[S]\nyes= yes \nminus=-1\nOn=On\nn=12.5 minutes\ncomma=1,5\nquoted=\" a \"\n");
+  auto& ini = file.ini;
+  EXPECT_TRUE(ini.ReadTrueFalseKey("S", "yes"));
+  EXPECT_EQ(ini.ReadOldCheckBoxKey("S", "minus"), 1);
+  EXPECT_FALSE(ini.ReadTrueFalseKey("S", "On"));
+  EXPECT_EQ(ini.ReadOldCheckBoxKey("S", "missing"), 0);
+  EXPECT_EQ(ini.ReadNumericKey("S", "n"), 12.5);
+  EXPECT_EQ(ini.ReadNumericKey("S", "comma"), 1);
+  EXPECT_EQ(ini.ReadNumericKey("S", "On"), 0);
+  EXPECT_EQ(ini.ReadStringKey("S", "quoted"), "a");
+  EXPECT_EQ(ReadINIValue(file.host.World, "/f.ini", "S", "quoted"), " a ");
+  EXPECT_EQ(ReadINIValue(file.host.World, "/f.ini", "S", ""), "");
+  EXPECT_EQ(ReadINIValue(file.host.World, "/none.ini", "S", "yes"), "");
+}
+
+TEST(IniUtilities, WritesTypes) {
+  IniFile file;
+  auto& ini = file.ini;
+  ini.WriteTrueFalseKey("S", "a", 1);
+  ini.WriteTrueFalseKey("S", "b", 2);
+  ini.WriteIntegerKey("S", "c", "");
+  ini.WriteIntegerKey("S", "d", " 12.6 ");
+  ini.WriteIntegerKey("S", "e", "-2.5");
+  ini.WriteIntegerKey("S", "f", "2147483648");
+  ini.WriteIntegerKey("S", "g", "12 minutes");
+  ini.WriteStringKey("S", "h", "  x ");
+  ini.WriteStringKey("S", "i", "");
+  EXPECT_EQ(file.Text(), "[S]\r\na=True\r\nb=False\r\nc=0\r\nd=13\r\ne=-2\r\nh=x\r\ni=\r\n");
+  EXPECT_FALSE(WriteINIValue(file.host.World, "/f.ini", "", "k", "v"));
+  file.host.Disk.ReadOnly = true;
+  EXPECT_FALSE(WriteINIValue(file.host.World, "/f.ini", "S", "k", "v"));
+
+  IniFile longValue;
+  longValue.ini.WriteStringKey("S", "k", std::string(200, 'x'));
+  EXPECT_EQ(longValue.ini.ReadStringKey("S", "k"), std::string(127, 'x'));
+}
+
+TEST(IniUtilities, EncryptedKeysGiveTheSecretBackWhateverItIs) {
+  IniFile file;
+  auto& ini = file.ini;
+  std::mt19937 generator(1);
+  for (std::size_t length = 1; length <= 99; ++length) {
+    std::string secret(length, ' ');
+    for (auto& c : secret) c = static_cast<char>(' ' + generator() % 95);
+    ini.WriteEncryptedKey("S", "k", secret);
+    ASSERT_EQ(ini.ReadEncryptedKey("S", "k"), secret);
+  }
+  std::set<std::string> stored;
+  for (int i = 0; i < 20; ++i) {
+    ini.WriteEncryptedKey("S", "k", "\xE2\x82\xACuro");
+    stored.insert(ini.ReadStringKey("S", "k"));
+    EXPECT_EQ(CharacterCount(*stored.begin()), 1 + 4 + 5U);
+  }
+  EXPECT_GT(stored.size(), 10U);
+  EXPECT_EQ(ini.ReadEncryptedKey("S", "k"), "\xE2\x82\xACuro");
+
+  const auto before = file.Text();
+  ini.WriteEncryptedKey("S", "k", std::string(100, 'x'));
+  EXPECT_EQ(file.Text(), before);
+  ini.WriteEncryptedKey("S", "k", "\xC3\xBF\xC3\xBF");  // cannot be shifted
+  EXPECT_EQ(ini.ReadStringKey("S", "k").size(), 1U);
+  EXPECT_EQ(ini.ReadEncryptedKey("S", "k"), "");
+  ini.WriteEncryptedKey("S", "k", "ab", 30);
+  EXPECT_EQ(CharacterCount(ini.ReadStringKey("S", "k")), 31U);
+}
+
+TEST(IniUtilities, ReadsTheStoredFormOfOldFiles) {
+  // Selector 3; the body "05helloXY" shifted by 3, 6, 9...
+  IniFile file("[S]\r\nk=3" + ShiftEncode("05helloXY", 3) + "\r\nshort=3ab\r\n");
+  EXPECT_EQ(file.ini.ReadStringKey("S", "k").substr(0, 3), "33;");
+  EXPECT_EQ(file.ini.ReadEncryptedKey("S", "k"), "hello");
+  EXPECT_EQ(file.ini.ReadEncryptedKey("S", "short"), "");
+}
+
+}  // namespace
+}  // namespace brelwin
