@@ -1,0 +1,98 @@
+#include "escape.h"
+
+#include <algorithm>
+
+namespace practice {
+namespace {
+
+using std::string;
+using std::string_view;
+
+string Hexadecimal(unsigned value, std::size_t digits) {
+  string text;
+  for (; value != 0 || text.size() < digits; value /= 16) text.insert(0, 1, "0123456789abcdef"[value % 16]);
+  return text;
+}
+
+string NamedEntity(char c) {
+  switch (c) {
+    case '&': return "&amp;";
+    case '<': return "&lt;";
+    case '>': return "&gt;";
+    case '"': return "&quot;";
+    case '\'': return "&#39;";
+    default: return {c};
+  }
+}
+
+// Every code point of valid UTF-8; the callback gets its number and its bytes.
+template <class Function>
+void ForEachCodePoint(string_view text, Function function) {
+  while (!text.empty()) {
+    const auto lead = static_cast<unsigned char>(text.front());
+    const std::size_t length = lead < 0x80 ? 1 : lead < 0xe0 ? 2 : lead < 0xf0 ? 3 : 4;
+    unsigned number = length == 1 ? lead : lead & (0x7fU >> length);
+    for (std::size_t i = 1; i < length && i < text.size(); ++i)
+      number = (number << 6) | (static_cast<unsigned char>(text[i]) & 0x3fU);
+    function(number, text.substr(0, length));
+    text.remove_prefix(std::min(length, text.size()));
+  }
+}
+
+string NumericEntity(unsigned number, bool hexadecimal) {
+  return hexadecimal ? "&#x" + Hexadecimal(number, 1) + ";" : "&#" + std::to_string(number) + ";";
+}
+
+string WithNumericEntities(string_view text) {
+  string result;
+  bool hexadecimal = false;
+  ForEachCodePoint(text, [&](unsigned number, string_view bytes) {
+    const bool plain =
+        number >= ' ' && number < 0x80 && string_view("&<>\"'").find(bytes) == string_view::npos;
+    result += plain ? string(bytes) : NumericEntity(number, hexadecimal);
+    if (!plain) hexadecimal = !hexadecimal;
+  });
+  return result;
+}
+
+string WithNamedEntities(string_view text) {
+  string result;
+  for (const char c : text) result += NamedEntity(c);
+  return result;
+}
+
+string JsonCharacter(unsigned number) {
+  if (number == '"' || number == '\\') return {'\\', static_cast<char>(number)};
+  if (number >= ' ' && number < 0x7f) return {static_cast<char>(number)};
+  if (number < 0x10000) return "\\u" + Hexadecimal(number, 4);
+  const auto offset = number - 0x10000;  // above the first plane JSON wants a pair of surrogates
+  return "\\u" + Hexadecimal(0xd800 + (offset >> 10), 4) + "\\u" + Hexadecimal(0xdc00 + (offset & 0x3ff), 4);
+}
+
+}  // namespace
+
+string MarkupText(string_view text, Markup writing) {
+  switch (writing) {
+    case Markup::NamedEntities: return WithNamedEntities(text);
+    case Markup::NumericEntities: return WithNumericEntities(text);
+    case Markup::CData: return "<![CDATA[" + string(text) + "]]>";
+  }
+  return {};
+}
+
+string JsonString(string_view text) {
+  string result = "\"";
+  ForEachCodePoint(text, [&](unsigned number, string_view) { result += JsonCharacter(number); });
+  return result + '"';
+}
+
+string OneLine(string_view text) {
+  string result;
+  for (const char c : text) {
+    const auto byte = static_cast<unsigned char>(c);
+    result += byte < ' ' || byte == 0x7f ? "\\x" + Hexadecimal(byte, 2) : string{c};
+  }
+  return result;
+}
+
+}  // namespace practice

@@ -1,0 +1,39 @@
+#include "options.h"
+
+#include <charconv>
+
+namespace practice {
+namespace {
+
+using std::string_view;
+
+template <class Number>
+bool ReadNumber(string_view text, Number least, Number most, Number& number) {
+  Number value{};
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), value);
+  if (error != std::errc() || end != text.data() + text.size() || !(value >= least && value <= most))
+    return false;
+  number = value;
+  return true;
+}
+
+bool ReadOption(string_view name, string_view value, Options& options) {
+  if (name == "--port") return ReadNumber(value, 0, 65535, options.Port);
+  if (name == "--seed") return ReadNumber<std::uint64_t>(value, 0, UINT64_MAX, options.Seed);
+  if (name == "--speed") return ReadNumber(value, 0.001, 10000.0, options.Speed);
+  if (name != "--ledger" || value.empty()) return false;
+  options.LedgerFile = value;
+  return true;
+}
+
+}  // namespace
+
+std::optional<Options> ReadOptions(std::span<const string_view> arguments) {
+  Options options;
+  if (arguments.size() % 2 != 0) return {};
+  for (std::size_t i = 0; i < arguments.size(); i += 2)
+    if (!ReadOption(arguments[i], arguments[i + 1], options)) return {};
+  return options;
+}
+
+}  // namespace practice

@@ -1,0 +1,56 @@
+#include "times.h"
+
+#include <array>
+#include <string_view>
+
+namespace practice {
+namespace {
+
+using std::string;
+using std::string_view;
+
+constexpr std::array<string_view, 7> Days{"Sun", "Mon", "Tue", "Wed", "Thu", "Fri", "Sat"};
+constexpr std::array<string_view, 12> Months{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
+                                             "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
+
+string Padded(std::int64_t number, std::size_t width) {
+  const auto digits = std::to_string(number);
+  return string(width - std::min(width, digits.size()), '0') + digits;
+}
+
+template <class Duration>
+string TimeOfDay(std::chrono::sys_time<Duration> time) {
+  const std::chrono::hh_mm_ss clock(time - std::chrono::floor<std::chrono::days>(time));
+  return Padded(clock.hours().count(), 2) + ':' + Padded(clock.minutes().count(), 2) + ':' +
+         Padded(clock.seconds().count(), 2);
+}
+
+string MailTime(std::int64_t seconds, string_view zone) {
+  const std::chrono::sys_seconds time{std::chrono::seconds(seconds)};
+  const auto day = std::chrono::floor<std::chrono::days>(time);
+  const std::chrono::year_month_day date(day);
+  const auto month = static_cast<unsigned>(date.month());
+  return string(Days.at(std::chrono::weekday(day).c_encoding())) + ", " +
+         Padded(static_cast<unsigned>(date.day()), 2) + ' ' + string(Months.at(month - 1)) + ' ' +
+         Padded(static_cast<int>(date.year()), 4) + ' ' + TimeOfDay(time) + ' ' + string(zone);
+}
+
+}  // namespace
+
+string RssTime(std::int64_t time) {
+  return MailTime(time, "GMT");
+}
+
+string SearchTime(std::int64_t time) {
+  return MailTime(time, "+0000");
+}
+
+string LedgerTime(std::chrono::system_clock::time_point time) {
+  const auto rounded = std::chrono::floor<std::chrono::milliseconds>(time);
+  const std::chrono::year_month_day date(std::chrono::floor<std::chrono::days>(rounded));
+  return Padded(static_cast<int>(date.year()), 4) + '-' + Padded(static_cast<unsigned>(date.month()), 2) +
+         '-' + Padded(static_cast<unsigned>(date.day()), 2) + 'T' + TimeOfDay(rounded) + '.' +
+         Padded(rounded.time_since_epoch().count() % 1000, 3) + 'Z';
+}
+
+}  // namespace practice

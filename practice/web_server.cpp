@@ -1,0 +1,120 @@
+#include "web_server.h"
+
+#include <httplib.h>
+#include <sys/socket.h>
+
+#include <charconv>
+#include <chrono>
+#include <mutex>
+
+#include "pages.h"
+
+namespace practice {
+namespace {
+
+using httplib::Request;
+using httplib::Response;
+using std::string;
+
+constexpr std::size_t ItemsOfAPage = 100;
+
+std::int64_t Now() {
+  return std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::now().time_since_epoch())
+      .count();
+}
+
+std::int64_t NumberOr0(const string& text) {
+  std::int64_t number = 0;
+  std::from_chars(text.data(), text.data() + text.size(), number);
+  return number;
+}
+
+string BaseAddress(const Request& request) {
+  return "http://" + request.get_header_value("Host");
+}
+
+void AnswerHtml(Response& response, const string& page) {
+  response.set_content(page, "text/html; charset=utf-8");
+}
+
+string Summary(const Request& request) {
+  return request.method + " " + request.target + " agent=\"" + request.get_header_value("User-Agent") + "\"";
+}
+
+// The library's own options would let a second network share the port.
+void KeepThePortToOurselves(int socket) {
+  const int yes = 1;
+  setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+}
+
+}  // namespace
+
+struct WebServer::Implementation {
+  Implementation(Feed& theFeed, Ledger& theLedger) : feed(theFeed), ledger(theLedger) {
+    server.set_socket_options(KeepThePortToOurselves);
+    server.set_keep_alive_timeout(1);
+    server.set_logger([this](const Request& request, const Response& response) {
+      if (!request.body.empty()) ledger.Write("received", "body " + request.body);
+      ledger.Write("served", std::to_string(response.status) + " " + request.target + " " +
+                                 std::to_string(response.body.size()) + " bytes " +
+                                 response.get_header_value("X-Newest"));
+    });
+    server.set_pre_routing_handler([this](const Request& request, Response&) {
+      ledger.Write("received", Summary(request));
+      return httplib::Server::HandlerResponse::Unhandled;
+    });
+    AddPages();
+  }
+
+  void AddPages() {
+    server.Get("/RssFeed", [this](const Request& request, Response& response) {
+      const auto spots = Newest(response);
+      response.set_content(RssPage(spots, Now(), BaseAddress(request)), "application/rss+xml; charset=utf-8");
+    });
+    server.Get("/search.json", [this](const Request& request, Response& response) {
+      const auto since = NumberOr0(request.get_param_value("since_id"));
+      response.set_content(SearchPage(Newest(response), since), "application/json; charset=utf-8");
+    });
+    server.Get("/summits.php", [](const Request& request, Response& response) {
+      AnswerHtml(response, SummitPage(request.get_param_value("summit")));
+    });
+    // What is posted to nobody is still read, and so stands in the ledger.
+    server.Post(".*", [](const Request&, Response& response) { response.status = 404; });
+    server.Get("/db/(.+)", [](const Request& request, Response& response) {
+      AnswerHtml(response, OperatorPage(request.matches[1].str()));
+    });
+  }
+
+  // The newest spots; a header names the first of them, for the ledger and for a person with a browser.
+  std::vector<PublishedSpot> Newest(Response& response) {
+    const std::scoped_lock lock(mutex);
+    auto spots = feed.Newest(Now(), ItemsOfAPage);
+    if (!spots.empty()) response.set_header("X-Newest", TitleOf(spots.front().What));
+    return spots;
+  }
+
+  Feed& feed;
+  Ledger& ledger;
+  std::mutex mutex;  // pages are served from several threads
+  httplib::Server server;
+};
+
+WebServer::WebServer(Feed& feed, Ledger& ledger)
+    : implementation_(std::make_unique<Implementation>(feed, ledger)) {}
+WebServer::~WebServer() = default;
+
+int WebServer::Bind(int port) {
+  constexpr auto loopback = "127.0.0.1";
+  if (port != 0) return implementation_->server.bind_to_port(loopback, port) ? port : 0;
+  return std::max(0, implementation_->server.bind_to_any_port(loopback));
+}
+
+bool WebServer::Serve() {
+  return implementation_->server.listen_after_bind();
+}
+
+void WebServer::Stop() {
+  implementation_->server.stop();
+}
+
+}  // namespace practice

@@ -1,0 +1,32 @@
+// The web side of the practice network, on the loopback interface only.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "feed.h"
+#include "ledger.h"
+
+namespace practice {
+
+class WebServer {
+ public:
+  // Both must outlive the server.
+  WebServer(Feed& feed, Ledger& ledger);
+  ~WebServer();
+  WebServer(const WebServer&) = delete;
+  WebServer& operator=(const WebServer&) = delete;
+
+  // Takes the port, or a free one for 0. Returns the port, or 0 when it is not to be had.
+  int Bind(int port);
+
+  // Serves until Stop is called from another thread. False when the port went away.
+  bool Serve();
+  void Stop();
+
+ private:
+  struct Implementation;
+  std::unique_ptr<Implementation> implementation_;
+};
+
+}  // namespace practice

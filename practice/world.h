@@ -1,0 +1,35 @@
+// The cast and the stage of the practice network: summits, operators, chasers, bands and what people say.
+#pragma once
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace practice {
+
+struct Summit {
+  std::string_view Reference;
+  std::string_view Name;
+  int Meters;
+  int Points;
+};
+
+// Where a mode is used: from and to in units of 100 Hz, and the distance of neighbouring channels.
+struct BandPlan {
+  std::string_view Mode;
+  std::int64_t From;
+  std::int64_t To;
+  std::int64_t Step;
+};
+
+std::span<const Summit> Summits();
+std::span<const std::string_view> Operators();
+std::span<const std::string_view> Chasers();
+std::span<const BandPlan> BandPlans();
+
+// Comments as everybody writes them, and those that are hard on a reader: markup characters, quotes, the
+// feed's own words, very long, other alphabets, several lines, separators of log files.
+std::span<const std::string_view> OrdinaryComments();
+std::span<const std::string_view> AwkwardComments();
+
+}  // namespace practice
