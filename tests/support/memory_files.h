@@ -22,6 +22,7 @@ class MemoryFiles final : public Files {
 
   FileResult Write(std::string_view path, std::string_view bytes, FileAccess access) override {
     if (Fails()) return {"No space left on device"};
+    if (Unwritable.contains(Name(path))) return {"Permission denied"};
     contents_[Name(path)] = bytes;
     NoteAccess(path, access);
     return {};
@@ -29,6 +30,7 @@ class MemoryFiles final : public Files {
 
   FileResult Append(std::string_view path, std::string_view bytes, FileAccess access) override {
     if (Fails()) return {"No space left on device"};
+    if (Unwritable.contains(Name(path))) return {"Permission denied"};
     contents_[Name(path)].append(bytes);
     NoteAccess(path, access);
     return {};
@@ -56,6 +58,7 @@ class MemoryFiles final : public Files {
   static std::string Name(std::string_view path) { return UpperCase(Replace(path, "\\", "/")); }
 
   std::set<std::string> Unreadable;  // names (as Name gives them) that exist but cannot be read
+  std::set<std::string> Unwritable;  // names that can only be read
   bool ReadOnly = false;             // every write fails
   int FailAtCall = 0;                // the write with this number, from 1, and all later ones fail
   int WriteCalls = 0;

@@ -1,0 +1,68 @@
+#include "ui/line_text.h"
+
+#include <algorithm>
+
+#include "base/encoding.h"
+
+namespace brelwin {
+namespace {
+
+// Nearly all text is: then characters are bytes, and none needs a look of its own.
+bool IsPrintableAscii(std::string_view text) {
+  bool allPrintable = true;
+  for (const char c : text) allPrintable &= c >= ' ' && c <= '~';
+  return allPrintable;
+}
+
+bool IsControl(char32_t c) {
+  constexpr char32_t LineSeparator = 0x2028;
+  constexpr char32_t ParagraphSeparator = 0x2029;
+  return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == LineSeparator || c == ParagraphSeparator;
+}
+
+// Appends at most `count` characters and returns how many there were.
+std::size_t AppendOneByOne(std::string& line, std::string_view text, std::size_t count) {
+  std::size_t appended = 0;
+  for (; appended < count && !text.empty(); ++appended) {
+    if (text.starts_with("\r\n")) text.remove_prefix(1);
+    const auto c = TakeCodePoint(text);
+    AppendCodePoint(line, IsControl(c) ? U' ' : c);
+  }
+  return appended;
+}
+
+std::size_t AppendCharacters(std::string& line, std::string_view text, std::size_t count) {
+  const auto bytes = text.substr(0, count);
+  if (!IsPrintableAscii(bytes)) return AppendOneByOne(line, text, count);
+  line.append(bytes);
+  return bytes.size();
+}
+
+}  // namespace
+
+void AppendPadded(std::string& line, std::string_view text, std::size_t shown, std::size_t width) {
+  line.append(width - AppendCharacters(line, text, shown), ' ');
+}
+
+void AppendAlignedRight(std::string& line, std::string_view text, std::size_t width) {
+  std::string cell;
+  const auto length = AppendCharacters(cell, text, width);
+  line.append(width - length, ' ').append(cell);
+}
+
+void AppendPrintable(std::string& line, std::string_view text) {
+  AppendCharacters(line, text, text.size());
+}
+
+void AppendWithoutLineEnds(std::string& line, std::string_view text) {
+  while (!text.empty()) {
+    const auto end = std::min(text.find_first_of("\r\n"), text.size());
+    line.append(text.substr(0, end));
+    text.remove_prefix(end);
+    if (text.empty()) return;
+    line.push_back(' ');
+    text.remove_prefix(text.starts_with("\r\n") ? 2 : 1);
+  }
+}
+
+}  // namespace brelwin

@@ -1,0 +1,23 @@
+// Outside text as part of one line of a list or log: cut and padded to columns, and never breaking the line.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace brelwin {
+
+// Appends the first `shown` characters of the text, padded on the right with blanks to `width` characters,
+// which is not less. Control characters become blanks.
+void AppendPadded(std::string& line, std::string_view text, std::size_t shown, std::size_t width);
+
+// Appends the first `width` characters of the text, padded on the left with blanks.
+void AppendAlignedRight(std::string& line, std::string_view text, std::size_t width);
+
+// Appends the whole text with every control character turned into a blank, CR LF into one.
+void AppendPrintable(std::string& line, std::string_view text);
+
+// Appends the whole text as it is, but with every line end (CR, LF or both) turned into a blank.
+void AppendWithoutLineEnds(std::string& line, std::string_view text);
+
+}  // namespace brelwin
