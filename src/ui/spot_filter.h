@@ -5,6 +5,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/host.h"
 #include "spots/spot.h"
 
 namespace brelwin {
@@ -41,9 +42,10 @@ struct SpotFilter {
   bool IncludeAllSpotTypes = false;
   SpotCollection colFilteredSpots;  // the last filtered subset
 
-  // Fills `filtered` with the spots that pass the lists and, unless NoSpotSourceFiltering, the source rule.
-  // Returns -1 when done, 0 for an empty input (the result is then empty).
-  std::int32_t GetFilteredSpots(const SpotCollection& spots, SpotCollection& filtered);
+  // Fills `filtered` with the spots that pass the lists and, unless NoSpotSourceFiltering, the source rule,
+  // in their order and under their keys. Returns -1 when done; 0, with an empty result, for an empty input
+  // and for a run-time error, which is logged.
+  std::int32_t GetFilteredSpots(Host& host, const SpotCollection& spots, SpotCollection& filtered) const;
 };
 
 // Whether the value is on the comma list: an item is an exact value or, ending in "*", a prefix. Letter case

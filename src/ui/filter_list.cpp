@@ -1,0 +1,29 @@
+#include "ui/filter_list.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace brelwin {
+
+FilterList::FilterList(std::string_view list) : matchesEverything_(Trim(list).empty()) {
+  for (const auto piece : Split(list, ",")) {
+    const auto item = Trim(piece);
+    if (item.empty()) continue;
+    const bool isPrefix = item.ends_with('*');
+    const auto text = isPrefix ? Replace(item, "*", "") : std::string(item);
+    items_.push_back({UpperCase(Trim(text)), isPrefix});
+  }
+}
+
+bool FilterList::Item::Matches(std::string_view value) const {
+  return EqualsIgnoringCase(IsPrefix ? value.substr(0, Text.size()) : value, Text);
+}
+
+bool FilterList::Matches(std::string_view value) const {
+  const auto trimmed = Trim(value);
+  if (matchesEverything_ || trimmed.empty()) return true;
+  return std::any_of(items_.begin(), items_.end(), [&](const Item& item) { return item.Matches(trimmed); });
+}
+
+}  // namespace brelwin

@@ -1,0 +1,15 @@
+// Where a file lives that the user named.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "platform/host.h"
+
+namespace brelwin {
+
+// The full name of the file: a name without a folder stands in the program's folder, any other is used as it
+// is. The name is trimmed; an empty one stays empty.
+std::string FullFileName(const Host& host, std::string_view fileName);
+
+}  // namespace brelwin

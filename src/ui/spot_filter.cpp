@@ -1,0 +1,79 @@
+#include "ui/spot_filter.h"
+
+#include "core/trap.h"
+#include "radio/callsign.h"
+#include "radio/numbers.h"
+#include "ui/filter_list.h"
+
+namespace brelwin {
+namespace {
+
+// The six lists of a filter, read once for all spots.
+struct Lists {
+  explicit Lists(const SpotFilter& filter)
+      : Station(filter.Station),
+        SummitReference(filter.SummitReference),
+        Band(filter.Band),
+        Mode(filter.mode),
+        Spotter(filter.Spotter),
+        Points(filter.Points) {}
+
+  FilterList Station;
+  FilterList SummitReference;
+  FilterList Band;
+  FilterList Mode;
+  FilterList Spotter;
+  FilterList Points;
+};
+
+bool IsStationOn(const FilterList& list, std::string_view callsign) {
+  return list.MatchesEverything() || list.Matches(GetBaseCallsign(callsign));
+}
+
+bool IsBandOn(const FilterList& list, float bandInMhz) {
+  return list.MatchesEverything() || list.Matches(SingleText(bandInMhz));
+}
+
+bool ArePointsOn(const FilterList& list, std::int16_t points) {
+  return list.MatchesEverything() || list.Matches(std::to_string(points));
+}
+
+// The lists that need no callsign to be taken apart come first: most spots that fail do so there.
+bool PassesLists(const Lists& lists, const Spot& spot) {
+  return lists.SummitReference.Matches(spot.SummitDesignator) && lists.Mode.Matches(spot.ModeString) &&
+         ArePointsOn(lists.Points, spot.SummitPoints) && IsBandOn(lists.Band, spot.BandInMhz) &&
+         IsStationOn(lists.Station, spot.Station) && IsStationOn(lists.Spotter, spot.Spotter);
+}
+
+bool PassesSourceRule(const SpotFilter& filter, const Spot& spot) {
+  if (filter.NoSpotSourceFiltering) return true;
+  if (!spot.IsRBNSpot) return filter.AlertSpotSourceSotawatch;
+  return spot.IsMatchedToAlert ? filter.AlertSpotSourceRBNMatched : filter.AlertSpotSourceRBNUnmatched;
+}
+
+SpotCollection SpotsThatPass(const SpotFilter& filter, const SpotCollection& spots) {
+  const Lists lists(filter);
+  SpotCollection passed;
+  for (const auto& [key, spot] : spots) {
+    if (PassesLists(lists, *spot) && PassesSourceRule(filter, *spot)) passed.Add(spot, key);
+  }
+  return passed;
+}
+
+}  // namespace
+
+std::int32_t SpotFilter::GetFilteredSpots(Host& host, const SpotCollection& spots,
+                                          SpotCollection& filtered) const {
+  if (&spots != &filtered) filtered.Clear();
+  if (spots.Empty()) return 0;
+  return LogErrors(host, "GetFilteredSpots", 0, [&] {
+    filtered = SpotsThatPass(*this, spots);
+    return -1;
+  });
+}
+
+bool MatchesFilterList(std::string_view list, std::string_view value) {
+  return FilterList(list).Matches(value);
+}
+
+}  // namespace brelwin
