@@ -1,0 +1,20 @@
+// The alert: what new spots do to the ear, and to a window that is minimised.
+#pragma once
+
+#include "controls/form.h"
+#include "platform/host.h"
+#include "settings/configuration.h"
+#include "ui/spot_filter.h"
+
+namespace brelwin {
+
+// Plays the alert sound when the new spots (the batch that was merged into the front of the list, newest
+// first) call for it, and brings a minimised window back when the user wants that. With `FilterAlertSounds`
+// only spots that pass the filter and its source rule, which this switches on, are considered. `isFirstLoad`
+// with no test switch on takes each of them for news. `test` and `window` may be null. It stays silent about
+// errors.
+void AlertOnNewSpots(Host& host, const SpotCollection& newSpots, SpotFilter& filter,
+                     const SpotCollection& spotList, const TestSettings* test, Form* window,
+                     bool isFirstLoad);
+
+}  // namespace brelwin
