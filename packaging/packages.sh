@@ -1,0 +1,40 @@
+# The Debian packages that this project needs, and installing those that are missing. To be sourced by bash.
+
+# To build the program and the practice network and to run the tests.
+build_packages=(
+  g++ cmake ninja-build pkg-config ccache python3 git ca-certificates
+  qt6-base-dev qt6-qpa-plugins nlohmann-json3-dev libcpp-httplib-dev libgtest-dev libbenchmark-dev
+  fonts-dejavu-core
+)
+
+# To check how the code is written, on every test run; and what `./test --full` needs beyond it.
+check_packages=(clang-format-14 xvfb xauth)
+full_packages=(clang-16 clang-tidy-16 libclang-rt-16-dev)
+
+# To try the program against web servers and a proxy that others wrote: tests/real_servers/run.
+server_packages=(nginx-light libnginx-mod-http-echo tinyproxy openssl)
+
+is_missing() {
+  [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" != installed ]
+}
+
+# Installs the named packages that are missing, as root or with sudo. Does nothing when all are there.
+install_missing() {
+  local package missing=() become_root=()
+  for package in "$@"; do
+    if is_missing "$package"; then missing+=("$package"); fi
+  done
+  if [ ${#missing[@]} -eq 0 ]; then return; fi
+
+  if [ "$(id -u)" -ne 0 ]; then
+    if ! command -v sudo >/dev/null; then
+      echo "These packages are missing, and installing them needs root or sudo: ${missing[*]}" >&2
+      return 1
+    fi
+    become_root=(sudo)
+  fi
+  echo "Installing ${missing[*]}" >&2
+  "${become_root[@]}" env DEBIAN_FRONTEND=noninteractive apt-get -q update >&2
+  "${become_root[@]}" env DEBIAN_FRONTEND=noninteractive \
+    apt-get -q install -y --no-install-recommends "${missing[@]}" >&2
+}
