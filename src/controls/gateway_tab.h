@@ -14,6 +14,7 @@ struct GatewayTab {
   Button cmdTestSotawatchLogin{Controls, "cmdTestSotawatchLogin"};
   CheckBox chkRBNSendAllSpotsToSotawatch{Controls, "chkRBNSendAllSpotsToSotawatch"};
   CheckBox chkRBNSendMySpotsToSotawatch{Controls, "chkRBNSendMySpotsToSotawatch"};
+  CheckBox chkGatewayDryRun{Controls, "chkGatewayDryRun"};  // everything but the post
   TextBox txtSotawatchDupeSpotMaxAgeInMinutes{Controls, "txtSotawatchDupeSpotMaxAgeInMinutes"};
   TextBox txtGatewayDelayBeforeFinalDupeCheckAndSend{Controls, "txtGatewayDelayBeforeFinalDupeCheckAndSend"};
   TextBox txtGatewayMinimumSecondsBetweenSpotsOfSameStation{
@@ -28,6 +29,14 @@ struct GatewayTab {
   Button cmdViewGatewaySpotLog{Controls, "cmdViewGatewaySpotLog"};
   Button cmdViewGatewayServerResponseLog{Controls, "cmdViewGatewayServerResponseLog"};
   Button cmdViewExcludedActivators{Controls, "cmdViewExcludedActivators"};
+
+  // Words to the user; an empty caption means that there is nothing to say.
+  Label lblGatewayState{Controls, "lblGatewayState"};                // off, on and for whom, dry run
+  Label lblGatewayLoginWarning{Controls, "lblGatewayLoginWarning"};  // what the form cannot carry
+  Label lblGatewayAddressWarning{Controls, "lblGatewayAddressWarning"};
+  Label lblGatewayTemplateWarning{Controls, "lblGatewayTemplateWarning"};
+  Label lblGatewayLastFailure{Controls, "lblGatewayLastFailure"};  // the last status that was no success
+  ListBox lstGatewayJournal{Controls, "lstGatewayJournal"};        // what was sent and refused, newest first
 };
 
 }  // namespace brelwin

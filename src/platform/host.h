@@ -6,6 +6,7 @@
 #include "platform/clock.h"
 #include "platform/event_queue.h"
 #include "platform/files.h"
+#include "platform/http_control.h"
 #include "platform/internet_session.h"
 #include "platform/number_format.h"
 #include "platform/shell.h"
@@ -18,6 +19,7 @@ struct Host {
   EventQueue& Events;
   Files& Disk;
   InternetSession& Internet;
+  HttpControl& Http;
   SoundPlayer& Sound;
   Shell& Desktop;
   Dialogs& Messages;

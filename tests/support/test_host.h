@@ -7,6 +7,7 @@
 
 #include "memory_files.h"
 #include "platform/host.h"
+#include "scripted_http.h"
 #include "scripted_internet.h"
 #include "test_world.h"
 
@@ -55,10 +56,12 @@ struct TestHost {
   TestQueue Queue{Time};
   MemoryFiles Disk;
   ScriptedInternet Internet{Queue};
+  ScriptedHttp Http{Queue};
   RecordedSound Sound;
   RecordedShell Shell;
   RecordedDialogs Dialogs;
-  Host World{Time, Queue, Disk, Internet, Sound, Shell, Dialogs, NumberFormat{}, "/brelwin", false, false};
+  Host World{Time,  Queue,   Disk,           Internet,   Http,  Sound,
+             Shell, Dialogs, NumberFormat{}, "/brelwin", false, false};
 
   std::string EventLog() const { return Disk.Text("/brelwin/BrelwinEventLog.txt"); }
 };
