@@ -1,0 +1,59 @@
+// Whether a spot belongs to an announced activation: the base callsigns are equal and the spot's time lies in
+// the alert's window.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "alerts/alert_collection.h"
+#include "platform/host.h"
+#include "ui/spot_filter.h"
+
+namespace brelwin {
+
+// Minutes before and after the alert time in which a spot matches.
+struct AlertWindow {
+  std::int32_t MinutesBefore = 0;
+  std::int32_t MinutesAfter = 0;
+
+  bool operator==(const AlertWindow&) const = default;
+};
+
+struct AlertMatches {
+  std::vector<AlertPointer> Alerts;              // the matching alerts in collection order
+  std::string NearestID;                         // of the one nearest in time; the earlier of two as near
+  std::int32_t MinutesToNearest = 0;             // never negative
+  std::int32_t NumberOfAlertsOutsideWindow = 0;  // of the station's alerts
+};
+
+// The alert's own window; where it has none, the user's.
+AlertWindow EffectiveWindow(const SOTAAlert& alert, const SpotFilter& filter);
+
+// Elapsed whole minutes from the alert time to `utc`, truncated toward zero; negative before it. Empty for an
+// alert without a time.
+std::optional<std::int64_t> MinutesAfterAlert(const SOTAAlert& alert, DateTime utc);
+
+// By how many minutes this distance lies outside the window; 0 inside.
+std::int64_t MinutesOutside(const AlertWindow& window, std::int64_t minutesAfterAlert);
+
+// The station's alerts whose window holds the spot time; without one the present UTC time counts. With
+// `defaultWindowOnly` an alert whose window is not the user's is left out. Alerts without a time count as
+// outside.
+AlertMatches GetMatchedAlerts(Host& host, std::string_view baseCallsign, std::optional<DateTime> spotTime,
+                              bool defaultWindowOnly, const AlertCollection& alerts,
+                              const SpotFilter& filter);
+
+// The matching alert that is nearest in time, or null. The number of the station's alerts outside their
+// windows is handed back in any case.
+AlertPointer GetBestMatchedAlert(Host& host, std::string_view baseCallsign, std::optional<DateTime> spotTime,
+                                 const AlertCollection& alerts, const SpotFilter& filter,
+                                 std::int32_t& numberOfAlertsOutsideWindow);
+
+// The same for a given time and without a world around it.
+AlertMatches MatchAlerts(std::string_view baseCallsign, DateTime utc, bool defaultWindowOnly,
+                         const AlertCollection& alerts, const SpotFilter& filter);
+
+}  // namespace brelwin

@@ -1,0 +1,98 @@
+#include "alerts/sota_alert.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+
+#include "base/text.h"
+#include "radio/dates.h"
+#include "radio/numbers.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::size_t FieldCount = 13;
+
+std::string DateText(DateTime date) {
+  return DateTimeText(date).substr(0, 10);
+}
+
+// The time of day in the form that a time without a date is read in.
+std::optional<DateTime> TimeOfDay(DateTime time) {
+  const auto parts = CalendarFromDateTime(time);
+  return DateTimeFromCalendar({1899, 12, 30, parts.Hour, parts.Minute, parts.Second});
+}
+
+DateTime Midnight(DateTime time) {
+  const auto parts = CalendarFromDateTime(time);
+  return DateTimeFromCalendar({parts.Year, parts.Month, parts.Day, 0, 0, 0}).value_or(time);
+}
+
+std::int32_t Truncated(std::string_view number) {
+  using Limits = std::numeric_limits<std::int32_t>;
+  return static_cast<std::int32_t>(std::clamp<double>(ToDouble(number), Limits::min(), Limits::max()));
+}
+
+}  // namespace
+
+void SetAlertDate(SOTAAlert& alert, std::optional<DateTime> date) {
+  alert.UTCAlertDate = date;
+  alert.UTCAlertDateStr = date ? DateText(*date) : std::string();
+}
+
+void SetAlertDateAndTime(SOTAAlert& alert, DateTime time) {
+  alert.UTCAlertDateAndTime = time;
+  SetAlertDate(alert, Midnight(time));
+  alert.UTCAlertTime = TimeOfDay(time);
+}
+
+std::string DelimitedField(std::string_view text) {
+  if (text.find_first_of("|\r\n") == std::string_view::npos) return std::string(text);
+  auto field = Replace(text, DataDelimiter(), "-");
+  if (field.starts_with('|')) field.front() = '-';
+  if (field.ends_with('|')) field.back() = '-';
+  std::replace(field.begin(), field.end(), '\r', ' ');
+  std::replace(field.begin(), field.end(), '\n', ' ');
+  return field;
+}
+
+std::string DelimitedData(const SOTAAlert& alert) {
+  const auto time = alert.UTCAlertDateAndTime ? DateTimeText(*alert.UTCAlertDateAndTime) : std::string();
+  const std::array<std::string, FieldCount> fields = {time,
+                                                      DelimitedField(alert.UTCAlertTimeStr),
+                                                      DelimitedField(alert.Station),
+                                                      DelimitedField(alert.stationBaseCallsign),
+                                                      DelimitedField(alert.SummitDesignator),
+                                                      DelimitedField(alert.OperatorName),
+                                                      DelimitedField(alert.Comment),
+                                                      DelimitedField(alert.Spotter),
+                                                      DelimitedField(alert.FrequencyModes),
+                                                      std::to_string(alert.MaxMinutesBeforeAlertTime),
+                                                      std::to_string(alert.MaxMinutesAfterAlertTime),
+                                                      alert.IsSelfSpotAlert ? "-1" : "0",
+                                                      DelimitedField(alert.AlertKey)};
+  std::string line = fields[0];
+  for (std::size_t i = 1; i < fields.size(); ++i) line.append(DataDelimiter()).append(fields[i]);
+  return line;
+}
+
+bool SetDelimitedData(SOTAAlert& alert, std::string_view line) {
+  auto fields = Split(line, DataDelimiter());
+  const bool complete = fields.size() >= FieldCount;
+  if (IsDateNotNumber(fields[0])) {
+    SetAlertDateAndTime(alert, *ReadDateTime(fields[0]));
+    if (fields.size() > 1) alert.UTCAlertTimeStr = fields[1];
+  }
+  const std::array<std::string*, 7> texts = {&alert.Station,          &alert.stationBaseCallsign,
+                                             &alert.SummitDesignator, &alert.OperatorName,
+                                             &alert.Comment,          &alert.Spotter,
+                                             &alert.FrequencyModes};
+  for (std::size_t i = 0; i < texts.size() && i + 2 < fields.size(); ++i) *texts[i] = fields[i + 2];
+  if (fields.size() > 9) alert.MaxMinutesBeforeAlertTime = Truncated(fields[9]);
+  if (fields.size() > 10) alert.MaxMinutesAfterAlertTime = Truncated(fields[10]);
+  if (fields.size() > 11) alert.IsSelfSpotAlert = Truncated(fields[11]) != 0;
+  if (complete) alert.ID = alert.AlertKey = fields[12];
+  return complete;
+}
+
+}  // namespace brelwin

@@ -1,0 +1,69 @@
+// One announced activation: a station, a summit, a time and the window around it in which a spot counts as
+// this activation. Alerts travel through the modifications file as one line of delimited data.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "base/date_time.h"
+
+namespace brelwin {
+
+struct SOTAAlert {
+  std::string AlertKey;
+  std::string Comment;
+  std::string FrequencyModes;  // as announced
+  std::string ID;              // equal to AlertKey
+  bool IsSelfSpotAlert = false;
+  std::optional<DateTime> LocalDateAndTimeRetrieved;
+  std::int32_t MaxMinutesBeforeAlertTime = 0;  // minutes; below 1 the user's own window counts
+  std::int32_t MaxMinutesAfterAlertTime = 0;   // minutes; below 1 the user's own window counts
+  std::string OperatorName;
+  std::string Spotter;  // who posted the alert
+  std::string Station;
+  std::string stationBaseCallsign;
+  std::string SummitDesignator;  // association/region-number
+  std::string SummitName;
+  std::int32_t SummitElevationInMeters = 0;
+  std::int32_t SummitElevationInFeet = 0;
+  std::int16_t SummitPoints = 0;
+  std::string SummitDescription;                // name, height and points; ends in the points figure
+  std::string UTCAlertDateStr;                  // "yyyy-mm-dd"
+  std::optional<DateTime> UTCAlertDate;         // midnight of the day
+  std::optional<DateTime> UTCAlertDateAndTime;  // empty: the alert never matches a spot
+  std::string UTCAlertTimeStr;                  // as announced
+  std::optional<DateTime> UTCAlertTime;         // the time of day, on 30 December 1899
+};
+
+// Alerts are not changed once they are in a collection, so whoever holds one may keep it.
+using AlertPointer = std::shared_ptr<const SOTAAlert>;
+
+// What stands between the fields of delimited data.
+constexpr std::string_view DataDelimiter() {
+  return "||";
+}
+
+// The text in the form that it has as a field of delimited data: "||", and a "|" at either end, which would
+// join the delimiter, become "-"; line ends become blanks. A key is made with it, so that the key in a file
+// is the key in the collection.
+std::string DelimitedField(std::string_view text);
+
+// The alert as one line of 13 fields: date and time, time text, station, base callsign, summit, operator,
+// comment, spotter, frequencies, the window's minutes before and after, self-spot flag (-1 or 0) and key.
+std::string DelimitedData(const SOTAAlert& alert);
+
+// Takes the fields of such a line into the alert; the key becomes its ID as well. A first field that is no
+// date leaves all five date and time fields as they are. False when the line has fewer than 13 fields: those
+// that are there have been taken. Minutes are truncated, and held within 32 bits.
+[[nodiscard]] bool SetDelimitedData(SOTAAlert& alert, std::string_view line);
+
+// Sets the date and its text, or empties both.
+void SetAlertDate(SOTAAlert& alert, std::optional<DateTime> date);
+
+// Sets all date and time fields but the time's text.
+void SetAlertDateAndTime(SOTAAlert& alert, DateTime time);
+
+}  // namespace brelwin

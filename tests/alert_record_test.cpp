@@ -1,0 +1,149 @@
+// The alert record, its delimited data, the collection that holds alerts, and the report of them.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "alerts/alert_collection.h"
+#include "alerts/alerts_report.h"
+#include "alerts/sota_alert.h"
+#include "radio/dates.h"
+#include "test_host.h"
+
+namespace brelwin {
+namespace {
+
+SOTAAlert AlertOf(std::string key, std::string station, std::string day = "2026-11-24") {
+  SOTAAlert alert;
+  alert.AlertKey = alert.ID = std::move(key);
+  alert.Station = alert.stationBaseCallsign = std::move(station);
+  SetAlertDateAndTime(alert, *ReadDateTime(day + " 10:00"));
+  alert.UTCAlertTimeStr = "10:00";
+  return alert;
+}
+
+AlertPointer Shared(SOTAAlert alert) {
+  return std::make_shared<const SOTAAlert>(std::move(alert));
+}
+
+TEST(DelimitedData, IsThirteenFieldsAndComesBack) {
+  auto alert = AlertOf("K", "G4ABC");
+  alert.SummitDesignator = "G/LD-001";
+  alert.OperatorName = "Ann";
+  alert.Comment = "|QRP || S+2|";
+  alert.Spotter = "G4XYZ";
+  alert.FrequencyModes = "14.062-cw";
+  alert.MaxMinutesAfterAlertTime = 120;
+  alert.IsSelfSpotAlert = true;
+  const auto line = DelimitedData(alert);
+  EXPECT_EQ(line,
+            "2026-11-24 10:00:00||10:00||G4ABC||G4ABC||G/LD-001||Ann||-QRP - S+2-||G4XYZ||14.062-cw||0||"
+            "120||-1||K");
+  SOTAAlert rebuilt;
+  EXPECT_TRUE(SetDelimitedData(rebuilt, line));
+  EXPECT_EQ(DelimitedData(rebuilt), line);
+  EXPECT_EQ(rebuilt.ID, "K");
+  EXPECT_EQ(rebuilt.UTCAlertDateStr, alert.UTCAlertDateStr);
+  EXPECT_EQ(rebuilt.UTCAlertDate, alert.UTCAlertDate);
+  EXPECT_EQ(rebuilt.UTCAlertTime, alert.UTCAlertTime);
+}
+
+TEST(DelimitedData, TakesWhatAShortOrStrangeLineHolds) {
+  auto alert = AlertOf("K", "G4ABC");
+  EXPECT_FALSE(SetDelimitedData(alert, "no date||ignored||M0XYZ||M0XYZ||G/SP-004"));
+  EXPECT_EQ(alert.UTCAlertTimeStr, "10:00");
+  EXPECT_TRUE(alert.UTCAlertDateAndTime);
+  EXPECT_EQ(alert.SummitDesignator, "G/SP-004");
+  EXPECT_EQ(alert.AlertKey, "K");
+  EXPECT_TRUE(SetDelimitedData(alert, "||||||||||||||||||12.9||-1e30||2||NEW||more"));
+  EXPECT_EQ(alert.MaxMinutesBeforeAlertTime, 12);
+  EXPECT_EQ(alert.MaxMinutesAfterAlertTime, std::numeric_limits<std::int32_t>::min());
+  EXPECT_TRUE(alert.IsSelfSpotAlert);
+  EXPECT_EQ(alert.ID, "NEW");
+}
+
+// Whatever the texts are, the fields of the line are the fields of the alert.
+TEST(DelimitedData, KeepsItsFieldsApartWhateverTheyHold) {
+  std::mt19937 random(7);
+  const auto text = [&random] {
+    constexpr std::string_view Letters = "|| aZ-\r\n\t_1";
+    std::string result;
+    for (auto left = random() % 9; left > 0; --left) result.push_back(Letters[random() % Letters.size()]);
+    return result;
+  };
+  for (int round = 0; round < 3000; ++round) {
+    auto alert = AlertOf(text(), text());
+    alert.Comment = text();
+    alert.Spotter = text();
+    const auto line = DelimitedData(alert);
+    SOTAAlert rebuilt;
+    ASSERT_TRUE(SetDelimitedData(rebuilt, line));
+    ASSERT_EQ(DelimitedData(rebuilt), line);
+    ASSERT_EQ(rebuilt.AlertKey, DelimitedField(alert.AlertKey));
+    ASSERT_EQ(rebuilt.Comment, DelimitedField(alert.Comment));
+    ASSERT_EQ(line.find_first_of("\r\n"), std::string::npos);
+  }
+}
+
+TEST(AlertCollection, FindsByKeyAndByStationInItsOrder) {
+  AlertCollection alerts;
+  EXPECT_TRUE(alerts.Add(Shared(AlertOf("a", "G4ABC"))));
+  EXPECT_TRUE(alerts.Add(Shared(AlertOf("b", "M0XYZ"))));
+  EXPECT_TRUE(alerts.Add(Shared(AlertOf("c", "G4ABC"))));
+  EXPECT_FALSE(alerts.AddInFront(Shared(AlertOf("A", "K1AA"))));
+  EXPECT_TRUE(alerts.AddInFront(Shared(AlertOf("d", "G4ABC"))));
+
+  const auto keysOfStation = [&alerts] {
+    std::string keys;
+    for (const auto& [place, alert] : alerts.OfStation("G4ABC")) keys += alert->AlertKey;
+    return keys;
+  };
+  EXPECT_EQ(keysOfStation(), "dac");
+  EXPECT_TRUE(alerts.Remove("A"));
+  EXPECT_FALSE(alerts.Remove("a"));
+  EXPECT_EQ(keysOfStation(), "dc");
+  EXPECT_TRUE(alerts.Add(Shared(AlertOf("a", "M0XYZ"))));
+  EXPECT_EQ(alerts.Find("A")->Station, "M0XYZ");
+  EXPECT_TRUE(alerts.Remove("b"));
+  EXPECT_TRUE(alerts.Remove("a"));
+  EXPECT_TRUE(alerts.OfStation("M0XYZ").empty());
+  EXPECT_EQ(alerts.Stations().Count(), 2U);
+  EXPECT_EQ(alerts.Count(), 2U);
+}
+
+TEST(AlertsReport, HasADayAHeadingAndKeepsThePointWordOfShortDescriptions) {
+  AlertCollection alerts;
+  const auto add = [&alerts](std::string day, std::string description, bool isSelfSpot = false) {
+    auto alert = AlertOf(std::to_string(alerts.Count()), "G4ABC", std::move(day));
+    alert.SummitDesignator = "G/LD-001";
+    alert.SummitDescription = std::move(description);
+    alert.Comment = "hi";
+    alert.Spotter = "Q0ZZ";
+    alert.IsSelfSpotAlert = isSelfSpot;
+    alerts.Add(Shared(std::move(alert)));
+  };
+  add("2026-11-24", "");
+  add("2026-11-24", "Hill, 950m, 11");
+  add("2026-11-24", "\xC3\xA9");
+  add("2026-11-25", "Hill, 950m, 8");
+  add("2026-11-25", "Hill, 950m, 1", true);
+  EXPECT_EQ(AlertsReportText(alerts),
+            "===== 2026-11-24 =====\r\n"
+            "10:00 G4ABC G/LD-001   Comment: [hi] (Posted by Q0ZZ)\r\n"
+            "10:00 G4ABC G/LD-001 Hill, 950m, 11 point Comment: [hi] (Posted by Q0ZZ)\r\n"
+            "10:00 G4ABC G/LD-001 \xC3\xA9 point Comment: [hi] (Posted by Q0ZZ)\r\n"
+            " \r\n"
+            "===== 2026-11-25 =====\r\n"
+            "10:00 G4ABC G/LD-001 Hill, 950m, 8 points Comment: [hi] (Posted by Q0ZZ)\r\n"
+            "10:00 G4ABC G/LD-001 *Self-spot Alert* Self-spot Comment: [hi] (Posted by Q0ZZ)\r\n");
+
+  test::TestHost host;
+  EXPECT_TRUE(WriteAlertsReport(host.World, "", alerts));
+  EXPECT_EQ(host.Disk.Text("/brelwin/SOTAAlerts.txt"), AlertsReportText(alerts));
+  EXPECT_TRUE(WriteAlertsReport(host.World, "/elsewhere/archive.txt", AlertCollection()));
+  EXPECT_TRUE(host.Disk.Exists("/elsewhere/archive.txt"));
+  host.Disk.ReadOnly = true;
+  EXPECT_FALSE(WriteAlertsReport(host.World, "", alerts));
+}
+
+}  // namespace
+}  // namespace brelwin
