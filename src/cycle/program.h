@@ -9,11 +9,6 @@
 
 namespace brelwin {
 
-inline constexpr std::string_view ProgramName = "Brelwin";
-
-// The version text, such as "1.0.0".
-std::string_view ProgramVersion();
-
 struct MainWindow;
 
 class Program {

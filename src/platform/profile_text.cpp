@@ -140,6 +140,20 @@ std::optional<std::string> ReadProfileValue(std::string_view text, std::string_v
   return ValueOfLine(place.Key->Content);
 }
 
+std::vector<ProfileEntry> ReadProfileSection(std::string_view text, std::string_view section) {
+  std::vector<ProfileEntry> entries;
+  bool inSection = false;
+  LineReader reader(text);
+  while (const auto line = reader.Next()) {
+    const auto name = SectionName(line->Content);
+    if (inSection && name) break;
+    if (name && EqualsIgnoringCase(*name, TrimBlanksAndTabs(section))) inSection = true;
+    const auto key = inSection && !name ? KeyName(line->Content) : std::nullopt;
+    if (key) entries.push_back({TextFromBytes(*key), ValueOfLine(line->Content)});
+  }
+  return entries;
+}
+
 bool WriteProfileValue(std::string& text, std::string_view section, std::string_view key,
                        std::string_view value) {
   section = TrimBlanksAndTabs(section);

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brelwin {
 
@@ -14,6 +15,14 @@ namespace brelwin {
 // key.
 std::optional<std::string> ReadProfileValue(std::string_view text, std::string_view section,
                                             std::string_view key);
+
+struct ProfileEntry {
+  std::string Key;
+  std::string Value;
+};
+
+// The keys of the first such section and their values, in the order of the text.
+std::vector<ProfileEntry> ReadProfileSection(std::string_view text, std::string_view section);
 
 // Makes the key read as `value`: the first such key in the first such section is replaced where it stands;
 // else the key is added after the last line of that section that is not blank; else the section is added at

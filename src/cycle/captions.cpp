@@ -1,0 +1,15 @@
+#include "cycle/captions.h"
+
+#include "core/version.h"
+
+namespace brelwin {
+
+std::string ProgramTitle() {
+  return "Brelwin v" + std::string(ProgramVersion());
+}
+
+std::string WindowCaption(bool gatewayEnabled) {
+  return ProgramTitle() + " --- by Q0ZZ" + (gatewayEnabled ? " --- Gateway Mode Enabled" : "");
+}
+
+}  // namespace brelwin

@@ -1,0 +1,67 @@
+#include "cycle/check_cycle.h"
+
+#include <cmath>
+#include <string>
+
+#include "core/trap.h"
+#include "cycle/sotawatch_spots.h"
+#include "cycle/start_up.h"
+#include "radio/dates.h"
+#include "ui/filter_from_screen.h"
+
+namespace brelwin {
+namespace {
+
+void CountDown(MainWindow& window) {
+  const auto seconds = SecondsBetween(window.StartupTime, window.World.Time.Now());
+  if (static_cast<float>(seconds) >= window.StartupDelaySeconds) {
+    window.WaitingForStartupDelay = 0;
+    InitializeInternetConnections(window);
+  } else {
+    const auto left = window.StartupDelaySeconds - static_cast<float>(seconds);
+    ShowStartupDelay(window, std::to_string(std::lrint(left)));
+  }
+}
+
+void Check(MainWindow& window) {
+  auto& timer = window.Controls.tmrCheckSpots;
+  window.CheckInProgress = true;
+  timer.Enabled = false;
+  ShowUTCTime(window);
+  CheckForSpots(window);
+  window.World.Events.DoEvents();
+  window.CheckInProgress = false;
+  timer.Enabled = !window.World.ShuttingDown;
+}
+
+}  // namespace
+
+void CheckForSpots(MainWindow& window) {
+  auto& tab = window.Controls.Spots;
+  SpotFilter filter;
+  TrapErrorsSilently([&] {
+    tab.lblCheckingForSpots.Visible = true;
+    window.World.Events.DoEvents();
+    FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
+  });
+  TrapErrorsSilently([&] { TakeSotawatchSpots(window, filter); });
+  TrapErrorsSilently([&] {
+    tab.picDownload.Visible = false;
+    tab.lblCheckingForSpots.Visible = false;
+  });
+}
+
+void tmrCheckSpots_Timer(MainWindow& window) {
+  if (window.World.ShuttingDown || window.World.FetchInProgress) return;
+  if (window.WaitingForStartupDelay == 1) {
+    CountDown(window);
+  } else {
+    Check(window);
+  }
+}
+
+void ShowUTCTime(MainWindow& window) {
+  window.Controls.Spots.lblUTCTime.Caption = "Current Time: " + ClockText(UTCNow(window.World.Time)) + " UTC";
+}
+
+}  // namespace brelwin

@@ -1,0 +1,16 @@
+#include "cycle/command_line.h"
+
+#include "base/text.h"
+#include "radio/numbers.h"
+
+namespace brelwin {
+
+float ReadStartupDelay(std::string_view commandLine, NumberFormat format) {
+  constexpr std::string_view Keyword = "DELAY=";
+  const auto text = UpperCase(Trim(commandLine));
+  std::string_view seconds = text;
+  if (seconds.starts_with(Keyword)) seconds.remove_prefix(Keyword.size());
+  return static_cast<float>(ToDouble(Trim(seconds), format));
+}
+
+}  // namespace brelwin

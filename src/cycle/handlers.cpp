@@ -1,0 +1,148 @@
+#include "cycle/handlers.h"
+
+#include <functional>
+#include <string>
+
+#include "base/text.h"
+#include "core/data_files.h"
+#include "core/trap.h"
+#include "cycle/check_cycle.h"
+#include "cycle/entry.h"
+#include "cycle/settings_handlers.h"
+#include "cycle/sotawatch_spots.h"
+#include "radio/url_encode.h"
+#include "ui/alerting.h"
+#include "ui/filter_from_screen.h"
+#include "ui/program_path.h"
+#include "ui/sounds.h"
+
+namespace brelwin {
+namespace {
+
+using Procedure = void (*)(MainWindow&);
+
+// A handler that only looks at things.
+auto Handler(MainWindow& window, std::function<void()> body) {
+  return [&window, body = std::move(body)] {
+    if (window.FormLoading || window.World.ShuttingDown) return;
+    Enter(window, [&] { TrapErrorsSilently(body); });
+  };
+}
+
+// A handler that starts work.
+auto WorkHandler(MainWindow& window, Procedure procedure) {
+  return Handler(window, [&window, procedure] {
+    if (!window.World.FetchInProgress) procedure(window);
+  });
+}
+
+void ViewFile(MainWindow& window, const std::string& path) {
+  if (FileExists(window.World, path)) {
+    ViewTextFile(window.World, path);
+  } else {
+    window.World.Messages.ShowMessage("The file " + path + " does not exist.", "View File",
+                                      MessageIcon::Information);
+  }
+}
+
+void ConnectViewer(MainWindow& window, Button& button, std::string_view fileName) {
+  button.Click = Handler(window, [&window, name = std::string(fileName)] {
+    ViewFile(window, InProgramFolder(window.World, name));
+  });
+}
+
+void ConnectLogViewer(MainWindow& window, Button& button, const TextBox& path) {
+  button.Click = Handler(window, [&window, &path] {
+    const auto name = FullFileName(window.World, path.Text.Get());
+    if (!name.empty()) ViewFile(window, name);
+  });
+}
+
+void ConnectViewers(MainWindow& window) {
+  auto& screen = window.Controls;
+  ConnectViewer(window, screen.RBN.cmdViewKnownActivators, "SOTAActivators.txt");
+  ConnectViewer(window, screen.RBN.cmdViewAlerts, "SOTAAlerts.txt");
+  ConnectViewer(window, screen.Gateway.cmdViewGatewaySpotLog, "GatewaySpotLog.txt");
+  ConnectViewer(window, screen.Gateway.cmdViewGatewayServerResponseLog, "GatewayServerResponseLog.txt");
+  ConnectViewer(window, screen.Gateway.cmdViewExcludedActivators, "SOTAExcludedActivators.txt");
+  ConnectViewer(window, screen.Files.cmdViewEventLog, "BrelwinEventLog.txt");
+  ConnectViewer(window, screen.Files.cmdViewRawSpots, "RawSpots.txt");
+  ConnectViewer(window, screen.Files.cmdViewSpotsRSS, "SotawatchSpotsRSS.txt");
+  ConnectViewer(window, screen.Files.cmdViewTrustedSpotters, "SOTATrustedSpotters.txt");
+  ConnectLogViewer(window, screen.Logs.cmdViewLogFile1, screen.Logs.txtLogFile1);
+  ConnectLogViewer(window, screen.Logs.cmdViewLogFile2, screen.Logs.txtLogFile2);
+  screen.About.cmdViewUserGuide.Click = Handler(window, [&window] {
+    OpenDocument(window.World, InProgramFolder(window.World, "Brelwin_InstallationAndUserGuide.pdf"));
+  });
+}
+
+// The summit's page when the spot has a summit, else the operator's.
+void OpenSpotPage(MainWindow& window, const Spot& spot) {
+  const auto& addresses = window.Config.Addresses;
+  const auto summit = Trim(spot.SummitDesignator);
+  const auto address = summit.empty()
+                           ? Replace(addresses.Callsign, "ZZZZ", URLEncode(spot.stationBaseCallsign))
+                           : Replace(addresses.Summit, "ZZZZ", URLEncode(summit));
+  OpenDocument(window.World, address);
+}
+
+void ConnectDocuments(MainWindow& window) {
+  auto& screen = window.Controls;
+  screen.Spots.txtSPOTList.DoubleClick = [&window](const Spot& spot) {
+    Handler(window, [&] { OpenSpotPage(window, spot); })();
+  };
+  screen.Files.lstWebsites.DoubleClick = [&window](std::size_t index) {
+    Handler(window, [&window, index] {
+      if (index < window.Websites.size()) OpenDocument(window.World, window.Websites[index].Address);
+    })();
+  };
+}
+
+void SwitchFeed(MainWindow& window) {
+  window.TwitterSinceID.clear();
+  window.Controls.Spots.lblNoConnectionToTwitter.Visible = false;
+}
+
+// Treats the newest spot of the list as newly received, with the test switches of the settings file.
+void cmdTest_Click(MainWindow& window) {
+  SpotCollection newest = window.SpotList;
+  newest.Trim(1);
+  SpotFilter filter;
+  FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
+  AlertOnNewSpots(window.World, newest, filter, window.SpotList, &window.Config.Test, &window.Controls.Window,
+                  true);
+}
+
+void ConnectWork(MainWindow& window) {
+  auto& screen = window.Controls;
+  screen.Spots.cmdGetSPOTS.Click = WorkHandler(window, CheckForSpots);
+  screen.Spots.cmdReloadSpotList.Click = WorkHandler(window, ReloadSpotList);
+  screen.Spots.cmdTest.Click = WorkHandler(window, cmdTest_Click);
+  screen.Spots.chkSOTAWatchSpotsViaRSS.Click = Handler(window, [&window] { SwitchFeed(window); });
+}
+
+void ConnectSettings(MainWindow& window) {
+  auto& screen = window.Controls;
+  const auto handle = [&window](Procedure procedure) {
+    return Handler(window, [&window, procedure] { procedure(window); });
+  };
+  screen.Spots.txtSecondsBetweenChecks.LostFocus = handle(txtSecondsBetweenChecks_LostFocus);
+  screen.Spots.txtMaximumSpotsInList.LostFocus = handle(txtMaximumSpotsInList_LostFocus);
+  screen.RBN.txtDuplicateSpotFilteringPeriod.LostFocus = handle(txtDuplicateSpotFilteringPeriod_LostFocus);
+  screen.Files.cmdSaveSettings.Click = handle(cmdSaveSettings_Click);
+  screen.Filters.cmdPlayAlertSound.Click =
+      Handler(window, [&window] { cmdPlayAlertSound_Click(window.World, window.Controls.Filters); });
+  screen.Gateway.cmdPlayGatewaySound.Click =
+      Handler(window, [&window] { cmdPlayGatewaySound_Click(window.World, window.Controls.Gateway); });
+}
+
+}  // namespace
+
+void ConnectHandlers(MainWindow& window) {
+  ConnectWork(window);
+  ConnectSettings(window);
+  ConnectViewers(window);
+  ConnectDocuments(window);
+}
+
+}  // namespace brelwin

@@ -1,0 +1,20 @@
+#include "cycle/main_window.h"
+
+#include "cycle/check_cycle.h"
+#include "cycle/entry.h"
+
+namespace brelwin {
+
+MainWindow::MainWindow(Host& host)
+    : World(host), TickDriver(host.Events, Controls.tmrCheckSpots, [this] {
+        Enter(*this, [this] { tmrCheckSpots_Timer(*this); });
+      }) {
+  // Shown only while they are true.
+  Controls.Spots.picDownload.Visible = false;
+  Controls.Spots.lblCheckingForSpots.Visible = false;
+  Controls.Spots.lblNoConnectionToTwitter.Visible = false;
+  Controls.Spots.lblNoSotawatchConnection.Visible = false;
+  Controls.Spots.lblNoConnectionToRBN.Visible = false;
+}
+
+}  // namespace brelwin

@@ -1,0 +1,55 @@
+#include "cycle/settings_handlers.h"
+
+#include <string>
+
+#include "cycle/spot_list_display.h"
+#include "radio/numbers.h"
+
+namespace brelwin {
+namespace {
+
+void Complain(MainWindow& window, std::string_view text) {
+  window.World.Messages.ShowMessage(text, "Settings", MessageIcon::Exclamation);
+}
+
+std::int32_t NumberIn(const MainWindow& window, const TextBox& box) {
+  return WholeNumber(box.Text.Get(), window.World.Numbers);
+}
+
+}  // namespace
+
+void txtSecondsBetweenChecks_LostFocus(MainWindow& window) {
+  auto& box = window.Controls.Spots.txtSecondsBetweenChecks;
+  const auto seconds = NumberIn(window, box);
+  if (seconds < 3 || seconds > 60) {
+    Complain(window, "The Seconds Between Checks for New Spots must be between 3 and 60");
+    box.Text = std::to_string(window.CheckInterval / 1000);
+    return;
+  }
+  window.CheckInterval = seconds * 1000;
+  if (window.WaitingForStartupDelay == 1) return;  // the countdown's own interval goes on
+  window.Controls.tmrCheckSpots.Interval = window.CheckInterval;
+  window.TickDriver.Restart();
+}
+
+void txtDuplicateSpotFilteringPeriod_LostFocus(MainWindow& window) {
+  if (NumberIn(window, window.Controls.RBN.txtDuplicateSpotFilteringPeriod) >= 1) return;
+  Complain(window, "The Duplicate Spot Filtering Period (minutes) must be at least 1 minute.");
+}
+
+void txtMaximumSpotsInList_LostFocus(MainWindow& window) {
+  const auto maximum = NumberIn(window, window.Controls.Spots.txtMaximumSpotsInList);
+  if (maximum <= 0 || static_cast<std::size_t>(maximum) >= window.SpotList.Count()) return;
+  TrimSpotList(window);
+  DisplaySpotList(window, window.SpotList);
+}
+
+void cmdSaveSettings_Click(MainWindow& window) {
+  if (window.SettingsFile.SaveSettings()) {
+    window.Controls.Spots.lblStatus.Caption = "Settings saved";
+  } else {
+    Complain(window, "The settings could not be saved. The event log says why.");
+  }
+}
+
+}  // namespace brelwin

@@ -1,0 +1,29 @@
+#include "cycle/shut_down.h"
+
+#include "core/event_log.h"
+#include "core/trap.h"
+
+namespace brelwin {
+
+void Form_QueryUnload(MainWindow& window) {
+  if (window.World.ShuttingDown) return;
+  window.World.ShuttingDown = true;
+  LogEvent(window.World, "");
+  LogEvent(window.World, "Form_QueryUnload");
+}
+
+void Form_Unload(MainWindow& window) {
+  LogEvent(window.World, "Form_Unload Begin");
+  window.Controls.tmrCheckSpots.Enabled = false;
+  TrapErrorsSilently([&] { window.SettingsFile.SaveSettings(); });
+  LogEvent(window.World, "Form_Unload End");
+  window.World.Events.Quit();
+}
+
+void UnloadWhenDue(MainWindow& window) {
+  if (!window.World.ShuttingDown || window.EntryDepth > 0 || window.Unloaded) return;
+  window.Unloaded = true;
+  Form_Unload(window);
+}
+
+}  // namespace brelwin

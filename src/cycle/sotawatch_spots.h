@@ -1,0 +1,16 @@
+// The Sotawatch side of a check: what the chosen feed has delivered goes into the lists, the logs and the
+// ear.
+#pragma once
+
+#include "cycle/main_window.h"
+#include "ui/spot_filter.h"
+
+namespace brelwin {
+
+// Reads the feed anew and replaces both lists by what it holds. When the feed cannot be read the lists stay.
+void ReloadSpotList(MainWindow& window);
+
+// Reads what is new in the feed and puts it in front of the lists.
+void TakeSotawatchSpots(MainWindow& window, SpotFilter& filter);
+
+}  // namespace brelwin

@@ -1,0 +1,37 @@
+#include "cycle/spot_list_display.h"
+
+#include "radio/numbers.h"
+#include "spots/spot_collections.h"
+#include "ui/spot_list.h"
+
+namespace brelwin {
+
+void ShowInsteadOfSpots(MainWindow& window, std::string_view text) {
+  auto& list = window.Controls.Spots.txtSPOTList;
+  list.Spots.clear();
+  list.Text = std::string(text);
+}
+
+void DisplaySpotList(MainWindow& window, const SpotCollection& spots) {
+  auto& list = window.Controls.Spots.txtSPOTList;
+  list.Text = std::string();
+  window.World.Events.DoEvents();
+  window.World.Events.DoEvents();
+  list.Spots.clear();
+  for (const auto& entry : spots) list.Spots.push_back(entry.Item);
+  list.Text = SpotListText(spots);
+}
+
+void TrimSpotList(MainWindow& window) {
+  const auto maximum =
+      WholeNumber(window.Controls.Spots.txtMaximumSpotsInList.Text.Get(), window.World.Numbers);
+  if (maximum > 0) TrimCollection(maximum, window.SpotList);
+}
+
+void MergeIntoSpotList(MainWindow& window, const SpotCollection& newSpots) {
+  MergeInFront(newSpots, window.SpotList);
+  TrimSpotList(window);
+  DisplaySpotList(window, window.SpotList);
+}
+
+}  // namespace brelwin

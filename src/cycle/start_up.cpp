@@ -1,0 +1,136 @@
+#include "cycle/start_up.h"
+
+#include <string>
+
+#include "base/text.h"
+#include "core/data_files.h"
+#include "core/trap.h"
+#include "core/version.h"
+#include "cycle/captions.h"
+#include "cycle/check_cycle.h"
+#include "cycle/command_line.h"
+#include "cycle/sotawatch_spots.h"
+#include "cycle/spot_list_display.h"
+#include "radio/dates.h"
+#include "radio/numbers.h"
+#include "ui/spot_list.h"
+
+namespace brelwin {
+namespace {
+
+constexpr int CountdownInterval = 100;  // milliseconds
+
+void ShowAndLogError(MainWindow& window, const RuntimeError& error) {
+  const auto number = std::to_string(error.Number);
+  ShowInsteadOfSpots(window, "FormLoad error " + number + ": " + error.Description);
+  LogEvent(window.World, "FormLoad Error, Number=" + number + " Error=" + error.Description);
+}
+
+template <class Body>
+void Step(MainWindow& window, Body&& body) {
+  TrapErrors([&] { return body(), true; }, false,
+             [&](const RuntimeError& error) { ShowAndLogError(window, error); });
+}
+
+void LogLaunch(MainWindow& window) {
+  LogEvent(window.World, "");
+  LogEvent(window.World, "Brelwin v" + std::string(ProgramVersion()) +
+                             " launching, UTC Date/Time=" + GetUTCNowText(window.World.Time));
+}
+
+void ShowWhatThereIs(MainWindow& window) {
+  auto& screen = window.Controls;
+  screen.About.cmdViewUserGuide.Visible =
+      FileExists(window.World, InProgramFolder(window.World, "Brelwin_InstallationAndUserGuide.pdf"));
+  screen.Spots.cmdTest.Visible = window.Config.TestButton;
+  screen.Spots.cmdTest.Enabled = window.Config.TestButton;
+  screen.Spots.lblSpotListHeader.Caption = SpotListHeader();
+}
+
+void ShowTitles(MainWindow& window) {
+  ShowUTCTime(window);
+  window.Controls.Window.Caption = WindowCaption(window.Controls.Gateway.chkRBNSendAllSpotsToSotawatch.Value);
+  window.Controls.About.lblProgramTitle.Caption = ProgramTitle();
+}
+
+void ShowWindow(MainWindow& window) {
+  window.Controls.Window.Show.Raise();
+  window.World.Events.DoEvents();
+}
+
+void LoadList(MainWindow& window, std::string_view fileName, CallsignCollection& list) {
+  std::string errorText;
+  LoadCallsignList(window.World, InProgramFolder(window.World, fileName), true, true, list, errorText);
+}
+
+void LoadWebsites(MainWindow& window) {
+  window.Websites = ReadWebsites(window.World, InProgramFolder(window.World, "SOTAWebsites.INI"));
+  std::vector<std::string> names;
+  for (const auto& website : window.Websites) names.push_back(website.Name);
+  window.Controls.Files.lstWebsites.Items = std::move(names);
+}
+
+void BeginOrDelay(MainWindow& window) {
+  auto& timer = window.Controls.tmrCheckSpots;
+  if (window.StartupDelaySeconds > 0) {
+    window.WaitingForStartupDelay = 1;
+    ShowStartupDelay(window, SingleText(window.StartupDelaySeconds));
+    window.Controls.Spots.cmdReloadSpotList.Enabled = false;
+    timer.Interval = CountdownInterval;
+    timer.Enabled = true;
+    return;
+  }
+  ShowInsteadOfSpots(window, "Connecting...");
+  InitializeInternetConnections(window);
+}
+
+}  // namespace
+
+void Form_Load(MainWindow& window, std::string_view commandLine, std::string_view passwordFromEnvironment) {
+  auto& world = window.World;
+  window.FormLoading = true;
+  window.Controls.Window.Hourglass = true;
+  Step(window, [&] { LogLaunch(window); });
+  Step(window, [&] {
+    window.SettingsFile.LoadSettings(InProgramFolder(world, "Brelwin.INI"), passwordFromEnvironment);
+    window.RBNCallsign = Trim(window.Controls.RBN.txtRBNCallsign.Text.Get());
+  });
+  Step(window, [&] { window.CheckInterval = TimerInterval(window); });
+  Step(window, [&] { ShowWhatThereIs(window); });
+  Step(window, [&] { ShowTitles(window); });
+  Step(window, [&] { ShowWindow(window); });
+  Step(window, [&] { LoadWebsites(window); });
+  Step(window, [&] { LoadList(window, "SOTAActivators.txt", window.KnownActivators); });
+  Step(window, [&] { LoadList(window, "SOTAExcludedActivators.txt", window.ExcludedActivators); });
+  Step(window, [&] { LoadList(window, "SOTATrustedSpotters.txt", window.TrustedSpotters); });
+  Step(window, [&] {
+    window.StartupDelaySeconds = ReadStartupDelay(commandLine, world.Numbers);
+    window.StartupTime = world.Time.Now();
+  });
+  Step(window, [&] { BeginOrDelay(window); });
+  window.Controls.Window.Hourglass = false;
+  window.FormLoading = false;
+}
+
+void InitializeInternetConnections(MainWindow& window) {
+  if (window.World.ShuttingDown) return;
+  auto& timer = window.Controls.tmrCheckSpots;
+  timer.Enabled = false;
+  ReloadSpotList(window);
+  timer.Interval = window.CheckInterval;
+  window.Controls.Spots.cmdReloadSpotList.Enabled = true;
+  timer.Enabled = !window.World.ShuttingDown;
+}
+
+void ShowStartupDelay(MainWindow& window, std::string_view secondsLeft) {
+  ShowInsteadOfSpots(
+      window, "Internet connections will be initialized in " + std::string(secondsLeft) + " seconds...");
+}
+
+int TimerInterval(const MainWindow& window) {
+  const auto seconds =
+      WholeNumber(window.Controls.Spots.txtSecondsBetweenChecks.Text.Get(), window.World.Numbers);
+  return seconds >= 1 && seconds <= 64 ? seconds * 1000 : 5000;
+}
+
+}  // namespace brelwin
