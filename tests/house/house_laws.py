@@ -13,8 +13,8 @@ from typing import Callable, Iterator, NamedTuple
 
 import cpp_text
 
-FLOORS = ['base', 'platform', 'radio', 'core', 'spots', 'controls', 'settings', 'ui', 'intake', 'cycle',
-          'skins']
+FLOORS = ['base', 'platform', 'radio', 'core', 'spots', 'controls', 'settings', 'ui', 'alerts', 'rbn',
+          'gateway', 'intake', 'cycle', 'skins']
 SKINS = {'qt', 'console'}
 CODE_SUFFIXES = {'.h', '.cpp'}
 TEXT_SUFFIXES = CODE_SUFFIXES | {'.py', '.md', '.txt', '.cmake', '.sh', '.json', '.in', '.yml', ''}
