@@ -7,6 +7,9 @@ build_packages=(
   fonts-dejavu-core
 )
 
+# To hear the program: its sounds go through the system's own player.
+run_packages=(alsa-utils)
+
 # To check how the code is written, on every test run; and what `./test --full` needs beyond it.
 check_packages=(clang-format-14 xvfb xauth)
 full_packages=(clang-16 clang-tidy-16 libclang-rt-16-dev)

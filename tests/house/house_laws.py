@@ -13,8 +13,6 @@ from typing import Callable, Iterator, NamedTuple
 
 import cpp_text
 
-FLOORS = ['base', 'platform', 'radio', 'core', 'spots', 'controls', 'settings', 'ui', 'alerts', 'rbn',
-          'gateway', 'intake', 'cycle', 'skins']
 SKINS = {'qt', 'console'}
 CODE_SUFFIXES = {'.h', '.cpp'}
 TEXT_SUFFIXES = CODE_SUFFIXES | {'.py', '.md', '.txt', '.cmake', '.sh', '.json', '.in', '.yml', ''}
@@ -43,9 +41,11 @@ def room(path: str) -> str:
     return parts[1] if parts[0] == 'src' and len(parts) > 2 else ''
 
 
-def floor(path: str) -> int:
-    name = 'skins' if room(path) in SKINS else room(path)
-    return FLOORS.index(name) if name in FLOORS else -1
+def floors(tree: Tree) -> dict[str, int]:
+    """The floor of every room, lowest 0: the order in which the build names them, with the skins on top."""
+    named = re.search(r'set\(CORE_ROOMS ([^)]*)\)', tree.get('src/CMakeLists.txt', ''))
+    core = named.group(1).split() if named else []
+    return {name: number for number, name in enumerate(core)} | dict.fromkeys(SKINS, len(core))
 
 
 def own_includes(path: str, text: str, tree: Tree) -> Iterator[tuple[int, str]]:
@@ -60,12 +60,15 @@ def own_includes(path: str, text: str, tree: Tree) -> Iterator[tuple[int, str]]:
 
 
 def upward_includes(tree: Tree) -> Iterator[str]:
+    floor = floors(tree)
     for path, text in code_of(tree, 'src'):
-        if floor(path) < 0:
-            yield f'{path}: the room "{room(path)}" is on no floor'
+        if room(path) not in floor:
+            yield f'{path}: the room "{room(path)}" is on no floor of src/CMakeLists.txt'
+            continue
         for line, target in own_includes(path, text, tree):
-            if floor(target) > floor(path):
-                yield f'{path}:{line}: includes {target}, {floor(target) - floor(path)} floor(s) up'
+            up = floor.get(room(target), 0) - floor[room(path)]
+            if up > 0:
+                yield f'{path}:{line}: includes {target}, {up} floor(s) up'
 
 
 def include_cycles(tree: Tree) -> Iterator[str]:

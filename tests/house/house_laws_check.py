@@ -15,6 +15,7 @@ def lines(count: int) -> str:
 
 
 CLEAN = {
+    'src/CMakeLists.txt': 'set(CORE_ROOMS base platform core spots ui cycle)\n',
     'src/base/text.h': HEADER + '// Not #include "ui/list.h", TrimTime(now), nor "getenv(x)".\nint Trim(int time);\n',
     'src/platform/clock.cpp': '#include <ctime>\nlong Now() { return time(nullptr); }\n',
     'src/ui/list.h': HEADER + '#include "base/text.h"\n',
