@@ -3,9 +3,11 @@
 #include <httplib.h>
 #include <sys/socket.h>
 
+#include <atomic>
 #include <charconv>
 #include <chrono>
 #include <mutex>
+#include <thread>
 
 #include "pages.h"
 
@@ -53,7 +55,8 @@ struct WebServer::Implementation {
   Implementation(Feed& theFeed, Ledger& theLedger) : feed(theFeed), ledger(theLedger) {
     server.set_socket_options(KeepThePortToOurselves);
     server.set_keep_alive_timeout(1);
-    server.set_logger([this](const Request& request, const Response& response) {
+    // Before the answer leaves, so that whoever has it finds it in the ledger.
+    server.set_post_routing_handler([this](const Request& request, Response& response) {
       if (!request.body.empty()) ledger.Write("received", "body " + request.body);
       ledger.Write("served", std::to_string(response.status) + " " + request.target + " " +
                                  std::to_string(response.body.size()) + " bytes " +
@@ -97,6 +100,7 @@ struct WebServer::Implementation {
   Ledger& ledger;
   std::mutex mutex;  // pages are served from several threads
   httplib::Server server;
+  std::atomic<bool> ended = false;
 };
 
 WebServer::WebServer(Feed& feed, Ledger& ledger)
@@ -110,11 +114,17 @@ int WebServer::Bind(int port) {
 }
 
 bool WebServer::Serve() {
-  return implementation_->server.listen_after_bind();
+  const bool served = implementation_->server.listen_after_bind();
+  implementation_->ended = true;
+  return served;
 }
 
+// The library forgets a stop that comes before it has begun to serve, so it is told until it has ended.
 void WebServer::Stop() {
-  implementation_->server.stop();
+  while (!implementation_->ended) {
+    implementation_->server.stop();
+    std::this_thread::sleep_for(std::chrono::milliseconds(5));
+  }
 }
 
 }  // namespace practice

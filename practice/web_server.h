@@ -22,6 +22,8 @@ class WebServer {
 
   // Serves until Stop is called from another thread. False when the port went away.
   bool Serve();
+
+  // Returns when Serve, which must have been called or be about to be, has ended.
   void Stop();
 
  private:
