@@ -17,30 +17,15 @@
 namespace brelwin {
 namespace {
 
-constexpr std::size_t BufferSize = 128;
 constexpr std::size_t ShortestScrambledValue = 4;
 constexpr std::size_t DefaultPadding = 5;
 constexpr std::size_t LongestDefaultFill = 40;
 constexpr std::size_t LongestSecret = 99;  // its length has two digits
 constexpr int LargestSelector = 5;
 
-bool IsTrueWord(std::string_view value) {
-  constexpr std::array<std::string_view, 4> TrueWords = {"TRUE", "YES", "-1", "1"};
-  return std::find(TrueWords.begin(), TrueWords.end(), UpperCase(Trim(value))) != TrueWords.end();
-}
-
-// The whole text as a number, "." being the decimal point; empty when it is none.
-std::optional<double> NumberOf(std::string_view text) {
-  if (text.starts_with('+')) text.remove_prefix(1);
-  double number = 0;
-  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (error != std::errc() || end != text.data() + text.size()) return {};
-  return number;
-}
-
 std::optional<std::int32_t> RoundedToInteger(std::string_view text) {
   if (text.empty()) return 0;
-  const auto number = NumberOf(text);
+  const auto number = NumberOfWholeText(text);
   if (!number) return {};
   const auto rounded = std::nearbyint(*number);
   using Limits = std::numeric_limits<std::int32_t>;
@@ -77,10 +62,25 @@ std::string Unscrambled(const std::string& value) {
 
 }  // namespace
 
+bool IsTrueWord(std::string_view value) {
+  constexpr std::array<std::string_view, 4> TrueWords = {"TRUE", "YES", "-1", "1"};
+  return std::find(TrueWords.begin(), TrueWords.end(), UpperCase(Trim(value))) != TrueWords.end();
+}
+
+std::optional<double> NumberOfWholeText(std::string_view text) {
+  if (text.starts_with('+')) text.remove_prefix(1);
+  double number = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+  const bool isWhole = error == std::errc() && end == text.data() + text.size();
+  if (!isWhole || !std::isfinite(number)) return {};
+  return number;
+}
+
 std::string ReadINIValue(Host& host, std::string_view path, std::string_view section, std::string_view key) {
   if (path.empty() || section.empty() || key.empty()) return {};
-  return TrapErrors([&] { return GetPrivateProfileString(host.Disk, section, key, "", BufferSize, path); },
-                    std::string(), [](const RuntimeError&) {});
+  return TrapErrors(
+      [&] { return GetPrivateProfileString(host.Disk, section, key, "", LongestProfileValue + 1, path); },
+      std::string(), [](const RuntimeError&) {});
 }
 
 bool WriteINIValue(Host& host, std::string_view path, std::string_view section, std::string_view key,

@@ -19,6 +19,12 @@ std::string ReadINIValue(Host& host, std::string_view path, std::string_view sec
 bool WriteINIValue(Host& host, std::string_view path, std::string_view section, std::string_view key,
                    std::string_view value);
 
+// Whether the trimmed value is TRUE, YES, -1 or 1, in any letter case.
+bool IsTrueWord(std::string_view value);
+
+// The number that the text is as a whole, "." being the decimal point; empty when it is none.
+std::optional<double> NumberOfWholeText(std::string_view text);
+
 class clsINIUtilities {
  public:
   explicit clsINIUtilities(Host& host) : host_(host) {}

@@ -9,6 +9,9 @@
 
 namespace brelwin {
 
+// The program reads values into a buffer of this many characters and an end mark.
+inline constexpr std::size_t LongestProfileValue = 127;
+
 // The value of the key, at most `size` - 1 characters of it; `defaultValue` when the file, the section or the
 // key is missing or the file cannot be read.
 std::string GetPrivateProfileString(const Files& files, std::string_view section, std::string_view key,
