@@ -3,6 +3,7 @@
 
 #include "core/data_files.h"
 #include "core/event_log.h"
+#include "faulty_files.h"
 #include "test_host.h"
 
 namespace brelwin {
@@ -88,6 +89,19 @@ TEST(DataFiles, AppendsCallsignsBehindTheUsersOwnLines) {
   EXPECT_FALSE(AppendCallsigns(host.World, "/list", {"D4D"}));
   host.Disk.ReadOnly = true;
   EXPECT_FALSE(AppendCallsigns(host.World, "/new", {"D4D"}));
+}
+
+TEST(DataFiles, PowerOffLeavesTheCallsignListWhole) {
+  for (int call = 1; call < 5; ++call) {
+    TestHost host;
+    host.Disk.Put("/list", "C3C\r\n");
+    test::FaultyFiles files(host.Disk);
+    files.PowerOffAtCall = call;
+    Host world{host.Time,    host.Queue,     files,      host.Internet, host.Sound, host.Shell,
+               host.Dialogs, NumberFormat{}, "/brelwin", false,         false};
+    const bool isDone = AppendCallsigns(world, "/list", {"A1A", "B2B"});
+    EXPECT_EQ(host.Disk.Text("/list"), isDone ? "C3C\r\nA1A\r\nB2B\r\n" : "C3C\r\n") << call;
+  }
 }
 
 TEST(DataFiles, SmallOnes) {

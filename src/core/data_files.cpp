@@ -92,11 +92,12 @@ bool LoadCallsignList(const Host& host, std::string_view filePath, bool useBaseC
 bool AppendCallsigns(Host& host, std::string_view filePath, const std::vector<std::string>& callsigns) {
   if (callsigns.empty()) return true;
   const auto append = [&] {
-    const auto before = host.Disk.Read(filePath);
-    if (!before && host.Disk.Exists(filePath)) return false;
-    std::string lines(before && !before->empty() && !before->ends_with('\n') ? LineEnd : "");
+    const auto text = host.Disk.Read(filePath);
+    if (!text && host.Disk.Exists(filePath)) return false;
+    auto lines = text.value_or("");
+    if (!lines.empty() && !lines.ends_with('\n')) lines.append(LineEnd);
     for (const auto& callsign : callsigns) lines.append(callsign).append(LineEnd);
-    return host.Disk.Append(filePath, lines, FileAccess::Everyone).Done();
+    return host.Disk.Write(filePath, lines, FileAccess::Everyone).Done();
   };
   return TrapErrors(append, false, [](const RuntimeError&) {});
 }

@@ -42,7 +42,8 @@ bool LoadCallsignList(const Host& host, std::string_view filePath, bool useBaseC
                       KeyedCollection<std::string>& collection, std::string& errorText);
 
 // Adds the callsigns as lines at the end of the list file, creating it when there is none; an unfinished last
-// line is finished first, and the user's own lines stay as they are. True when they were written.
+// line is finished first, and the user's own lines stay as they are. The file is replaced as a whole, so that
+// no crash leaves a torn line. True when they were written.
 bool AppendCallsigns(Host& host, std::string_view filePath, const std::vector<std::string>& callsigns);
 
 // Shows a text file in the system's text viewer.

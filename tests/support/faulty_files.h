@@ -1,0 +1,61 @@
+// Files that fail when the test says so, over any others.
+#pragma once
+
+#include <string>
+
+#include "platform/files.h"
+
+namespace brelwin::test {
+
+// Every call of the port counts, from 1.
+class FaultyFiles final : public Files {
+ public:
+  explicit FaultyFiles(Files& files) : files_(files) {}
+
+  int FailAtCall = 0;       // this one call fails, those after it work again; 0 is never
+  int PowerOffAtCall = 0;   // this call and all later ones do nothing; of an append, half still arrives
+  bool DiskFull = false;    // what would make a file longer fails
+  bool ShortWrite = false;  // half of an append arrives before it fails
+  int Calls() const { return calls_; }
+
+  bool Exists(std::string_view path) const override { return Works() && files_.Exists(path); }
+
+  std::optional<std::string> Read(std::string_view path) const override {
+    if (!Works()) return {};
+    return files_.Read(path);
+  }
+
+  FileResult Write(std::string_view path, std::string_view bytes, FileAccess access) override {
+    if (!Works() || DiskFull) return {"No space left on device"};
+    return files_.Write(path, bytes, access);
+  }
+
+  FileResult Append(std::string_view path, std::string_view bytes, FileAccess access) override {
+    const bool works = Works();
+    if (works && !DiskFull && !ShortWrite) return files_.Append(path, bytes, access);
+    if (ShortWrite || calls_ == PowerOffAtCall)
+      files_.Append(path, bytes.substr(0, bytes.size() / 2), access);
+    return {"No space left on device"};
+  }
+
+  FileResult Delete(std::string_view path) override {
+    if (!Works()) return {"Input/output error"};
+    return files_.Delete(path);
+  }
+
+  std::optional<std::uint64_t> Length(std::string_view path) const override {
+    if (!Works()) return {};
+    return files_.Length(path);
+  }
+
+ private:
+  bool Works() const {
+    ++calls_;
+    return calls_ != FailAtCall && (PowerOffAtCall == 0 || calls_ < PowerOffAtCall);
+  }
+
+  Files& files_;
+  mutable int calls_ = 0;
+};
+
+}  // namespace brelwin::test
