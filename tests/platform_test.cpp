@@ -3,7 +3,10 @@
 #include <gtest/gtest.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
+#include <csignal>
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
@@ -110,6 +113,25 @@ TEST(SystemFiles, AFullDiskLeavesTheOldFileWhole) {
     EXPECT_EQ(files.Read(path), "old");
   }
   EXPECT_EQ(std::distance(fs::directory_iterator(folder.Path()), fs::directory_iterator()), 1);
+}
+
+// Killed at any moment, a writer leaves one whole file.
+TEST(SystemFiles, AWriterThatIsKilledLeavesTheOldOrTheNewFile) {
+  const TemporaryFolder folder;
+  const std::string path = folder.In("file");
+  const std::string contents[] = {std::string(300000, 'a'), std::string(200000, 'b')};
+  Put(path, contents[0]);
+  for (int round = 0; round < 20; ++round) {
+    const auto writer = ::fork();
+    if (writer == 0) {
+      for (unsigned i = 0;; ++i) SystemFiles().Write(path, contents[i % 2], FileAccess::OwnerOnly);
+    }
+    ::usleep(static_cast<useconds_t>(500 + 700 * round));
+    ::kill(writer, SIGKILL);
+    ::waitpid(writer, nullptr, 0);
+    const auto text = SystemFiles().Read(path);
+    EXPECT_TRUE(text == contents[0] || text == contents[1]);
+  }
 }
 
 TEST(SystemFiles, ATornWriteOfAnEarlierRunDoesNotStandInTheWay) {

@@ -1,0 +1,311 @@
+// Loading and saving the settings, and what saving must never destroy.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <set>
+
+#include "core/scrambling.h"
+#include "faulty_files.h"
+#include "platform/profile_text.h"
+#include "settings/settings.h"
+#include "settings/settings_table.h"
+#include "test_host.h"
+
+namespace brelwin {
+namespace {
+
+constexpr const char* Path = "/brelwin/Brelwin.INI";
+
+// One run of the program, as far as the settings go.
+struct ProgramRun {
+  explicit ProgramRun(test::TestHost& host, std::string_view password = {}) : World(host) {
+    File.LoadSettings(Path, password);
+  }
+  std::string Stored(std::string_view section, std::string_view key) const {
+    return ReadProfileValue(World.Disk.Text(Path), section, key).value_or("(missing)");
+  }
+  std::string LogSince(std::size_t position) const { return World.EventLog().substr(position); }
+
+  test::TestHost& World;
+  Screen Controls;
+  Configuration Config;
+  Settings File{World.World, Controls, Config};
+};
+
+std::ptrdiff_t Lines(const std::string& text) {
+  return std::count(text.begin(), text.end(), '\n');
+}
+
+TEST(SettingsTable, GivesEveryKeyItsOwnPlace) {
+  std::set<std::string> keys;
+  std::set<std::string_view> controls;
+  Screen screen;
+  for (const auto& row : SettingsTable()) {
+    EXPECT_TRUE(keys.insert(std::string(row.Section) + "/" + std::string(row.Key)).second) << row.Key;
+    std::visit(
+        [&](auto access) {
+          if constexpr (std::is_invocable_v<decltype(access), Screen&>) {
+            EXPECT_TRUE(controls.insert(access(screen).Name).second) << row.Key;
+          }
+        },
+        row.Target);
+  }
+}
+
+TEST(Settings, WithoutAFileHaveTheirDesignValuesAndTheFirstSaveWritesThemAll) {
+  test::TestHost host;
+  ProgramRun run(host);
+  EXPECT_TRUE(run.Controls.Spots.chkSOTAWatchSpotsViaRSS.Value);
+  EXPECT_FALSE(run.Controls.RBN.chkReverseBeaconSpotsEnabled.Value);
+  EXPECT_EQ(run.Controls.Filters.optPlaySoundWhen.Value, 2);
+  EXPECT_EQ(run.Controls.Spots.txtSecondsBetweenChecks.Text.Get(), "30");
+  EXPECT_EQ(run.Controls.Gateway.txtGatewaySound.Text.Get(), "chimes.wav");
+  EXPECT_EQ(run.Config.RBNPort, 7000);
+  EXPECT_EQ(run.Config.Addresses.SotawatchRSS, "https://old.sota.org.uk/RssFeed");
+  EXPECT_FALSE(host.Disk.Exists(Path));
+
+  EXPECT_TRUE(run.File.SaveSettings());
+  for (const auto& row : SettingsTable()) {
+    const bool isMissing = run.Stored(row.Section, row.Key) == "(missing)";
+    EXPECT_EQ(isMissing, row.Use == SettingUse::LoadedOnly) << row.Key;
+  }
+  EXPECT_TRUE(host.Disk.Text(Path).starts_with("[General]\r\nFilterAlertSounds=0\r\n"));
+  EXPECT_EQ(run.Stored("TroubleshootingInfo", "Path"), "/brelwin");
+  EXPECT_TRUE(host.Disk.IsOwnerOnly(Path));
+  EXPECT_EQ(host.EventLog(), "");
+}
+
+TEST(Settings, FallBackWhereTheFileHasNothingUseful) {
+  test::TestHost host;
+  host.Disk.Put(Path,
+                "[ReverseBeaconNetwork]\nRBNPort=0\nRBNConnectionTimeout=none\nRBNShowAllSpottedTypes=yes\n"
+                "[General]\nMaxAlertAgeInHours=24 hours\nMaxWinsockControlInstances=7\nPlaySoundWhen=9\n"
+                "LogFormat2=3\nTestMode1String= a b \n[URLTemplates]\nSummit=http://127.0.0.1:81/ZZZZ\n");
+  const ProgramRun run(host);
+  EXPECT_EQ(run.Config.RBNPort, 7000);
+  EXPECT_EQ(run.Config.RBNConnectionTimeout, 5);
+  EXPECT_TRUE(run.Config.RBNShowAllSpottedTypes);
+  EXPECT_EQ(run.Config.MaxAlertAgeInHours, 72);
+  EXPECT_EQ(run.Config.MaxWinsockControlInstances, 7);
+  EXPECT_EQ(run.Config.Test.TestMode1String, "a b");
+  EXPECT_EQ(run.Config.RBNHost, "telnet.reversebeacon.net");
+  EXPECT_EQ(run.Config.Addresses.Summit, "http://127.0.0.1:81/ZZZZ");
+  EXPECT_EQ(run.Config.Addresses.SotawatchAlerts, "https://www.sotawatch.org/alerts.php");
+  EXPECT_EQ(run.Controls.Filters.optPlaySoundWhen.Value, 0);
+  EXPECT_EQ(run.Controls.Logs.optLogFormat2.Value, 3);
+  EXPECT_EQ(run.Controls.Spots.txtSecondsBetweenChecks.Text.Get(), "");
+  EXPECT_FALSE(run.Controls.RBN.chkRBNFilterDuplicateSpots.Value);
+  EXPECT_EQ(run.Controls.Gateway.txtSpotCommentTemplate.Text.Get(),
+            "CQ CQ at XXX wpm. S/N=YYY dB at ZZZ {Via Tarnlink}");
+}
+
+TEST(Settings, ComeBackAsTheyWereSaved) {
+  test::TestHost host;
+  {
+    ProgramRun run(host);
+    run.Controls.Filters.txtFilterStation.Text = "\"quoted\"";
+    run.Controls.Filters.txtFilterSpotter.Text = "\xC3\x89va*";
+    run.Controls.Gateway.txtSotawatchPassword.Text = " p\xC3\xA4ss; ";
+    run.Controls.Gateway.chkRBNSendMySpotsToSotawatch.Value = true;
+    run.Controls.Logs.optLogFormat1.Value = 2;
+    EXPECT_TRUE(run.File.SaveSettings());
+    EXPECT_EQ(run.Stored("Gateway", "RBNSendMySpotsToSotawatch"), "1");
+    EXPECT_EQ(run.Stored("Gateway", "SotawatchPassword"), ShiftEncode(" p\xC3\xA4ss; ", 2));
+  }
+  ProgramRun run(host);
+  EXPECT_EQ(run.Controls.Filters.txtFilterStation.Text.Get(), "\"quoted\"");
+  EXPECT_EQ(run.Controls.Filters.txtFilterSpotter.Text.Get(), "\xC3\x89va*");
+  EXPECT_EQ(run.Controls.Gateway.txtSotawatchPassword.Text.Get(), " p\xC3\xA4ss; ");
+  EXPECT_FALSE(run.Controls.Gateway.chkRBNSendMySpotsToSotawatch.Value);
+  EXPECT_EQ(run.Controls.Logs.optLogFormat1.Value, 2);
+  const auto before = host.Disk.Text(Path);
+  EXPECT_TRUE(run.File.SaveSettings());
+  EXPECT_EQ(run.Stored("Gateway", "RBNSendMySpotsToSotawatch"), "0");
+  EXPECT_EQ(host.Disk.Text(Path).size(), before.size());
+}
+
+TEST(Settings, SavingKeepsWhatIsNotTheirs) {
+  test::TestHost host;
+  const std::string before =
+      "; my notes\n[Mine]\nFilterStation=x\n\n[General]\n# caf\xE9\nFilterBand = '40'\nFilterLog1=YES\n"
+      "Unknown=1\n[General]\nFilterBand=never\nlast";
+  host.Disk.Put(Path, before);
+  ProgramRun run(host);
+  EXPECT_TRUE(run.Controls.Logs.chkFilterLog1.Value);
+  run.Controls.Filters.txtFilterBand.Text = "20";
+  EXPECT_TRUE(run.File.SaveSettings());
+  const auto after = host.Disk.Text(Path);
+  EXPECT_TRUE(
+      after.starts_with("; my notes\n[Mine]\nFilterStation=x\n\n[General]\n# caf\xE9\nFilterBand=20\n"
+                        "FilterLog1=1\nUnknown=1\nFilterAlertSounds=0\n"));
+  EXPECT_NE(after.find("[General]\nFilterBand=never\nlast\n[ReverseBeaconNetwork]\n"), std::string::npos);
+  EXPECT_EQ(after.find('\r'), std::string::npos);
+}
+
+TEST(Settings, SavingLeavesAloneWhatTheScreenCannotShow) {
+  const std::string longText(128, 'x');
+  struct Case {
+    std::string Section;
+    std::string Key;
+    std::string Stored;
+  };
+  for (const auto& [section, key, stored] :
+       {Case{"General", "FilterStation", longText}, Case{"General", "PlaySoundWhen", "9"},
+        Case{"General", "LogFormat1", "tab"}, Case{"Gateway", "SotawatchPassword", "\x01\x01"},
+        Case{"Gateway", "SotawatchPassword", longText}}) {
+    test::TestHost host;
+    host.Disk.Put(Path, "[" + section + "]\r\n" + key + "=" + stored + "\r\n");
+    ProgramRun run(host);
+    EXPECT_TRUE(run.File.SaveSettings());
+    EXPECT_EQ(run.Stored(section, key), stored);
+    EXPECT_EQ(Lines(host.EventLog()), 1) << key;
+
+    run.Controls.Filters.txtFilterStation.Text = "touched";
+    run.Controls.Filters.optPlaySoundWhen.Value = 3;
+    run.Controls.Logs.optLogFormat1.Value = 3;
+    run.Controls.Gateway.txtSotawatchPassword.Text = "new";
+    EXPECT_TRUE(run.File.SaveSettings());
+    EXPECT_NE(run.Stored(section, key), stored);
+    EXPECT_EQ(Lines(host.EventLog()), 1) << key;
+  }
+}
+
+TEST(Settings, SavingLeavesAloneWhatWasChangedInTheFileMeanwhile) {
+  test::TestHost host;
+  host.Disk.Put(Path, "[General]\nFilterStation=a\nFilterBand=a\nFilterMode=a\n");
+  ProgramRun run(host);
+  EXPECT_TRUE(run.File.SaveSettings());
+  auto text = host.Disk.Text(Path);
+  for (const auto* key : {"FilterStation", "FilterBand"}) WriteProfileValue(text, "General", key, "by hand");
+  host.Disk.Put(Path, text);
+  run.Controls.Filters.txtFilterBand.Text = "typed";
+  EXPECT_TRUE(run.File.SaveSettings());
+  EXPECT_TRUE(run.File.SaveSettings());
+  EXPECT_EQ(run.Stored("General", "FilterStation"), "by hand");
+  EXPECT_EQ(run.Stored("General", "FilterBand"), "typed");
+  EXPECT_EQ(run.Stored("General", "FilterMode"), "a");
+  EXPECT_EQ(
+      host.EventLog(),
+      "2026-11-24 12:00:00: SaveSettings - [General] FilterStation is left as it is in the file: it was "
+      "changed there after it was loaded.\r\n"
+      "2026-11-24 12:00:00: SaveSettings - [General] FilterStation is left as it is in the file: it was "
+      "changed there after it was loaded.\r\n");
+
+  host.Disk.Delete(Path);
+  EXPECT_TRUE(run.File.SaveSettings());
+  EXPECT_EQ(run.Stored("General", "FilterStation"), "a");
+}
+
+TEST(Settings, AFileThatCannotBeReadIsNotWrittenInThatRun) {
+  for (const bool isWide : {false, true}) {
+    test::TestHost host;
+    const std::string before = isWide ? std::string("\xFF\xFE[\0", 4) : "[General]\n";
+    host.Disk.Put(Path, before);
+    if (!isWide) host.Disk.Unreadable.insert(test::MemoryFiles::Name(Path));
+    ProgramRun run(host);
+    EXPECT_EQ(Lines(host.EventLog()), 1);
+    EXPECT_EQ(run.Controls.Spots.txtSecondsBetweenChecks.Text.Get(), "30");
+    host.Disk.Unreadable.clear();
+    EXPECT_FALSE(run.File.SaveSettings());
+    EXPECT_EQ(host.Disk.Text(Path), before);
+    EXPECT_EQ(Lines(host.EventLog()), 2);
+  }
+}
+
+TEST(Settings, PasswordsThatHaveNoStoredFormLeaveTheStoredOne) {
+  for (const std::string password : {"\xD0\x9F\xD0\xB0", "abc\xC3\xBF", "\x08",
+                                     "\x1E"
+                                     "a"}) {
+    test::TestHost host;
+    host.Disk.Put(Path, "[Gateway]\nSotawatchPassword=" + ShiftEncode("old", 2) + "\n");
+    ProgramRun run(host);
+    run.Controls.Gateway.txtSotawatchPassword.Text = password;
+    EXPECT_TRUE(run.File.SaveSettings());
+    EXPECT_EQ(run.Stored("Gateway", "SotawatchPassword"), ShiftEncode("old", 2));
+    EXPECT_EQ(Lines(host.EventLog()), 1) << password;
+  }
+}
+
+TEST(Settings, APasswordFromTheEnvironmentIsNeverWritten) {
+  for (const std::string before : {"", "[Gateway]\nSotawatchPassword=qxh\n"}) {
+    test::TestHost host;
+    if (!before.empty()) host.Disk.Put(Path, before);
+    ProgramRun run(host, "secret");
+    EXPECT_EQ(run.Controls.Gateway.txtSotawatchPassword.Text.Get(), "secret");
+    EXPECT_TRUE(run.File.SaveSettings());
+    EXPECT_EQ(run.Stored("Gateway", "SotawatchPassword"), before.empty() ? "(missing)" : "qxh");
+    run.Controls.Gateway.txtSotawatchPassword.Text = "typed";
+    EXPECT_TRUE(run.File.SaveSettings());
+    run.Controls.Gateway.txtSotawatchPassword.Text = "secret";
+    EXPECT_TRUE(run.File.SaveSettings());
+    EXPECT_EQ(run.Stored("Gateway", "SotawatchPassword"), ShiftEncode("typed", 2));
+    EXPECT_EQ(host.EventLog(), "");
+  }
+}
+
+TEST(Settings, PasswordsOfFilesFromElsewhereAreRead) {
+  // The codes 130 and 237 as bytes, as the characters of these bytes, and as U+0082 and U+00ED.
+  for (const std::string stored : {"\x82\xED", "\xE2\x80\x9A\xC3\xAD", "\xC2\x82\xC3\xAD"}) {
+    test::TestHost host;
+    host.Disk.Put(Path, "[Gateway]\nSotawatchPassword=" + stored + "\n");
+    const ProgramRun run(host);
+    EXPECT_EQ(run.Controls.Gateway.txtSotawatchPassword.Text.Get(), "\xE2\x82\xAC\xC3\xA9");
+  }
+}
+
+TEST(Settings, AFullDiskIsLoggedAndTheNextSaveWritesEverything) {
+  test::TestHost host;
+  ProgramRun run(host);
+  host.Disk.FailAtCall = 1;
+  run.Controls.Filters.txtFilterBand.Text = "20";
+  EXPECT_FALSE(run.File.SaveSettings());
+  host.Disk.FailAtCall = 0;
+  EXPECT_TRUE(run.File.SaveSettings());
+  EXPECT_EQ(run.Stored("General", "FilterBand"), "20");
+}
+
+// The world of a host whose files are faulty.
+Host FaultyHost(test::TestHost& host, test::FaultyFiles& files) {
+  return {host.Time,    host.Queue,     files,      host.Internet, host.Sound, host.Shell,
+          host.Dialogs, NumberFormat{}, "/brelwin", false,         false};
+}
+
+TEST(Faults, PowerOffAtAnyFileCallOfASaveLeavesTheOldOrTheNewFile) {
+  for (int call = 1; call < 10; ++call) {
+    test::TestHost host;
+    { ProgramRun(host).File.SaveSettings(); }
+    const auto before = host.Disk.Text(Path);
+    test::FaultyFiles files(host.Disk);
+    auto world = FaultyHost(host, files);
+    Screen screen;
+    Configuration configuration;
+    Settings settings(world, screen, configuration);
+    settings.LoadSettings(Path, {});
+    screen.Filters.txtFilterBand.Text = "20";
+    files.PowerOffAtCall = files.Calls() + call;
+    const bool isSaved = settings.SaveSettings();
+    auto after = before;
+    WriteProfileValue(after, "General", "FilterBand", "20");
+    EXPECT_EQ(host.Disk.Text(Path), isSaved ? after : before) << call;
+    EXPECT_EQ(isSaved, files.Calls() < files.PowerOffAtCall);
+  }
+}
+
+TEST(Faults, ASingleFailingFileCallOfASaveLosesNothing) {
+  for (int call = 1; call < 6; ++call) {
+    test::TestHost host;
+    host.Disk.Put(Path, "; mine\n[General]\nUnknown=1\n");
+    test::FaultyFiles files(host.Disk);
+    auto world = FaultyHost(host, files);
+    Screen screen;
+    Configuration configuration;
+    Settings settings(world, screen, configuration);
+    settings.LoadSettings(Path, {});
+    files.FailAtCall = files.Calls() + call;
+    settings.SaveSettings();
+    EXPECT_TRUE(host.Disk.Text(Path).starts_with("; mine\n[General]\nUnknown=1\n")) << call;
+  }
+}
+
+}  // namespace
+}  // namespace brelwin
