@@ -97,8 +97,7 @@ TEST(DataFiles, PowerOffLeavesTheCallsignListWhole) {
     host.Disk.Put("/list", "C3C\r\n");
     test::FaultyFiles files(host.Disk);
     files.PowerOffAtCall = call;
-    Host world{host.Time,    host.Queue,     files,      host.Internet, host.Sound, host.Shell,
-               host.Dialogs, NumberFormat{}, "/brelwin", false,         false};
+    auto world = host.WithFiles(files);
     const bool isDone = AppendCallsigns(world, "/list", {"A1A", "B2B"});
     EXPECT_EQ(host.Disk.Text("/list"), isDone ? "C3C\r\nA1A\r\nB2B\r\n" : "C3C\r\n") << call;
   }

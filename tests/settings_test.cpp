@@ -264,19 +264,13 @@ TEST(Settings, AFullDiskIsLoggedAndTheNextSaveWritesEverything) {
   EXPECT_EQ(run.Stored("General", "FilterBand"), "20");
 }
 
-// The world of a host whose files are faulty.
-Host FaultyHost(test::TestHost& host, test::FaultyFiles& files) {
-  return {host.Time,    host.Queue,     files,      host.Internet, host.Sound, host.Shell,
-          host.Dialogs, NumberFormat{}, "/brelwin", false,         false};
-}
-
 TEST(Faults, PowerOffAtAnyFileCallOfASaveLeavesTheOldOrTheNewFile) {
   for (int call = 1; call < 10; ++call) {
     test::TestHost host;
     { ProgramRun(host).File.SaveSettings(); }
     const auto before = host.Disk.Text(Path);
     test::FaultyFiles files(host.Disk);
-    auto world = FaultyHost(host, files);
+    auto world = host.WithFiles(files);
     Screen screen;
     Configuration configuration;
     Settings settings(world, screen, configuration);
@@ -296,7 +290,7 @@ TEST(Faults, ASingleFailingFileCallOfASaveLosesNothing) {
     test::TestHost host;
     host.Disk.Put(Path, "; mine\n[General]\nUnknown=1\n");
     test::FaultyFiles files(host.Disk);
-    auto world = FaultyHost(host, files);
+    auto world = host.WithFiles(files);
     Screen screen;
     Configuration configuration;
     Settings settings(world, screen, configuration);

@@ -60,8 +60,13 @@ struct TestHost {
   RecordedSound Sound;
   RecordedShell Shell;
   RecordedDialogs Dialogs;
-  Host World{Time,  Queue,   Disk,           Internet,   Http,  Sound,
-             Shell, Dialogs, NumberFormat{}, "/brelwin", false, false};
+  Host World = WithFiles(Disk);
+
+  // The same world with other files, such as ones that fail.
+  Host WithFiles(Files& files) {
+    return {Time,  Queue,   files,          Internet,   Http,  Sound,
+            Shell, Dialogs, NumberFormat{}, "/brelwin", false, false};
+  }
 
   std::string EventLog() const { return Disk.Text("/brelwin/BrelwinEventLog.txt"); }
 };
