@@ -23,16 +23,14 @@ std::vector<std::string_view> ShuffledOperators(Random& random) {
 }  // namespace
 
 std::vector<ScriptedSpot> ScriptDay(std::uint64_t seed, std::int64_t day) {
-  // Everybody has a turn before anybody has another, so that nobody is on two summits at once.
-  constexpr std::int64_t shortestGap = 6 * 60;
-  constexpr std::int64_t longestGap = 12 * 60;
-
+  constexpr std::int64_t minute = 60;
   Random random(seed, static_cast<std::uint64_t>(day));
   const auto end = (day + 1) * SecondsOfDay;
   const auto operators = ShuffledOperators(random);
   std::vector<ScriptedSpot> spots;
   std::size_t turn = 0;
-  for (auto second = day * SecondsOfDay; second < end; second += random.Between(shortestGap, longestGap))
+  // Everybody has a turn before anybody has another, so that nobody is on two summits at once.
+  for (auto second = day * SecondsOfDay; second < end; second += random.Between(6 * minute, 12 * minute))
     std::ranges::copy_if(ScriptActivation(random, operators[turn++ % operators.size()], second),
                          std::back_inserter(spots),
                          [end](const ScriptedSpot& spot) { return spot.Second < end; });

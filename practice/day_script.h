@@ -8,7 +8,7 @@
 
 namespace practice {
 
-inline constexpr std::int64_t SecondsOfDay = 24 * 60 * 60;
+inline constexpr std::int64_t SecondsOfDay = 86400;
 
 // The spots of a day. Day 0 begins when the network is started; day -1 is the day before. The same seed and
 // day give the same script. Activations end at the end of their day.

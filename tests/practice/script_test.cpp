@@ -15,6 +15,7 @@ namespace practice {
 namespace {
 
 constexpr std::int64_t Origin = 1795514400;  // 24 November 2026, 10:00 UTC
+constexpr std::int64_t Hour = 3600;
 constexpr std::size_t All = 500;
 
 std::string Operator(const ScriptedSpot& spot) {
@@ -44,8 +45,8 @@ TEST(PracticeScript, BeginsWithTheSpotsOfThePastHours) {
   Feed feed(1, 1, Origin);
   const auto spots = feed.Newest(Origin, All);
   EXPECT_GT(spots.size(), 30U);
-  EXPECT_GE(spots.back().Time, Origin - 4 * 3600);
-  EXPECT_LT(spots.back().Time, Origin - 3 * 3600);
+  EXPECT_GE(spots.back().Time, Origin - 4 * Hour);
+  EXPECT_LT(spots.back().Time, Origin - 3 * Hour);
 }
 
 TEST(PracticeScript, ServesThePresentWhateverItsSpeed) {
