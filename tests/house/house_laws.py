@@ -4,17 +4,19 @@
 Usage: house_laws.py [root of the source tree]. Prints one line for every breach; exit status 1 when there
 is one."""
 
+import os
 import pathlib
 import posixpath
 import re
-import subprocess
 import sys
 from typing import Callable, Iterator, NamedTuple
 
 import cpp_text
 
+NOT_OURS = {'.git', 'build', '__pycache__'}
 SKINS = {'qt', 'console'}
 CODE_SUFFIXES = {'.h', '.cpp'}
+CODE_FOLDERS = ('src', 'practice', 'tests', 'benchmarks', 'fuzz')
 TEXT_SUFFIXES = CODE_SUFFIXES | {'.py', '.md', '.txt', '.cmake', '.sh', '.json', '.in', '.yml', ''}
 
 Tree = dict[str, str]  # path from the root, with slashes: the file's text
@@ -130,7 +132,7 @@ def line_count(text: str) -> int:
 
 
 def long_files(tree: Tree) -> Iterator[str]:
-    for path, text in code_of(tree, 'src', 'practice', 'tests', 'bench', 'fuzz'):
+    for path, text in code_of(tree, *CODE_FOLDERS):
         if line_count(text) > 500:
             yield f'{path}: {line_count(text)} lines, 500 are the most'
 
@@ -141,13 +143,13 @@ def share_breach(small: int, total: int, least: float, what: str) -> Iterator[st
 
 
 def few_short_files(tree: Tree) -> Iterator[str]:
-    lengths = [line_count(text) for _, text in code_of(tree, 'src', 'practice', 'tests', 'bench', 'fuzz')]
+    lengths = [line_count(text) for _, text in code_of(tree, *CODE_FOLDERS)]
     yield from share_breach(sum(length < 100 for length in lengths), len(lengths), 0.5,
                             'files have fewer than 100 lines')
 
 
 def long_functions(tree: Tree) -> Iterator[str]:
-    for path, text in code_of(tree, 'src', 'practice', 'tests', 'bench', 'fuzz'):
+    for path, text in code_of(tree, *CODE_FOLDERS):
         for function in cpp_text.functions(text):
             if function.length > 60:
                 yield f'{path}:{function.line}: {function.heading}: {function.length} lines, 60 are the most'
@@ -161,7 +163,7 @@ def few_short_functions(tree: Tree) -> Iterator[str]:
 
 
 def silent_headers(tree: Tree) -> Iterator[str]:
-    for path, text in code_of(tree, 'src', 'practice', 'tests', 'bench'):
+    for path, text in code_of(tree, *CODE_FOLDERS):
         if path.endswith('.h') and not re.match(r'//\s*\w', text):
             yield f'{path}:1: does not open with a comment'
 
@@ -204,14 +206,14 @@ LAWS = [
 
 
 def read_tree(root: pathlib.Path) -> Tree:
-    listed = subprocess.run(['git', '-C', str(root), 'ls-files', '-z', '--cached', '--others',
-                             '--exclude-standard'], capture_output=True, check=False).stdout
-    names = [name for name in listed.decode().split('\0') if name]
-    if not names:  # an export without git
-        names = [str(path.relative_to(root)) for path in root.rglob('*')
-                 if 'build' not in path.relative_to(root).parts[:1]]
-    return {name: (root / name).read_text(encoding='utf-8', errors='replace') for name in names
-            if (root / name).is_file() and pathlib.PurePosixPath(name).suffix in TEXT_SUFFIXES}
+    tree = {}
+    for folder, subfolders, names in os.walk(root):
+        subfolders[:] = [name for name in subfolders if name not in NOT_OURS]
+        for name in set(names) - NOT_OURS:
+            file = pathlib.Path(folder, name)
+            if file.suffix in TEXT_SUFFIXES:
+                tree[file.relative_to(root).as_posix()] = file.read_text(encoding='utf-8', errors='replace')
+    return tree
 
 
 def main() -> int:
