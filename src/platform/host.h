@@ -10,6 +10,7 @@
 #include "platform/internet_session.h"
 #include "platform/number_format.h"
 #include "platform/shell.h"
+#include "platform/socket_control.h"
 #include "platform/sound.h"
 
 namespace brelwin {
@@ -20,6 +21,7 @@ struct Host {
   Files& Disk;
   InternetSession& Internet;
   HttpControl& Http;
+  SocketControls& Sockets;
   SoundPlayer& Sound;
   Shell& Desktop;
   Dialogs& Messages;

@@ -9,6 +9,7 @@
 #include "platform/host.h"
 #include "scripted_http.h"
 #include "scripted_internet.h"
+#include "scripted_sockets.h"
 #include "test_world.h"
 
 namespace brelwin::test {
@@ -57,6 +58,7 @@ struct TestHost {
   MemoryFiles Disk;
   ScriptedInternet Internet{Queue};
   ScriptedHttp Http{Queue};
+  ScriptedSockets Sockets{Queue};
   RecordedSound Sound;
   RecordedShell Shell;
   RecordedDialogs Dialogs;
@@ -64,7 +66,7 @@ struct TestHost {
 
   // The same world with other files, such as ones that fail.
   Host WithFiles(Files& files) {
-    return {Time,  Queue,   files,          Internet,   Http,  Sound,
+    return {Time,  Queue,   files,          Internet,   Http,  Sockets, Sound,
             Shell, Dialogs, NumberFormat{}, "/brelwin", false, false};
   }
 

@@ -1,0 +1,44 @@
+// Sockets over the toolkit. The stream never goes through a proxy.
+#pragma once
+
+#include <QObject>
+#include <QString>
+#include <memory>
+#include <string>
+
+#include "platform/socket_control.h"
+#include "qt/ports/qt_address_race.h"
+
+namespace brelwin {
+
+class QtSocketControl final : public QObject, public SocketControl {
+ public:
+  SocketState State() const override { return state_; }
+  void Connect(std::string_view host, std::int32_t port) override;
+  void Close() override;
+  void Send(std::string_view bytes) override;
+  std::string PeekData() const override { return received_; }
+  std::string GetData() override;
+
+ private:
+  void Connected(SocketPointer socket);
+  void Fail(const SocketError& error);
+  void Arrived();
+  void Written(qint64 bytes);
+  void Ended();
+  void ReadAll();
+
+  SocketState state_ = SocketState::Closed;
+  QString source_;
+  std::unique_ptr<QtAddressRace> race_;  // while connecting
+  SocketPointer socket_;                 // while connected
+  std::string received_;
+};
+
+// To be used after the application object was made.
+class QtSocketControls final : public SocketControls {
+ public:
+  std::unique_ptr<SocketControl> Create() override { return std::make_unique<QtSocketControl>(); }
+};
+
+}  // namespace brelwin
