@@ -1,0 +1,10 @@
+// The About tab.
+#pragma once
+
+class QWidget;
+
+namespace brelwin {
+
+QWidget* MakeAboutPage();
+
+}  // namespace brelwin

@@ -1,0 +1,12 @@
+// The Gateway tab: whose spots are sent to Sotawatch, as whom, and when not.
+#pragma once
+
+#include "controls/gateway_tab.h"
+
+class QWidget;
+
+namespace brelwin {
+
+QWidget* MakeGatewayPage(GatewayTab& controls);
+
+}  // namespace brelwin

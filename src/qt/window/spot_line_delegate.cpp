@@ -1,0 +1,42 @@
+#include "qt/window/spot_line_delegate.h"
+
+#include <QApplication>
+#include <QFontMetricsF>
+#include <QPainter>
+#include <cmath>
+
+namespace brelwin {
+namespace {
+
+QPalette::ColorGroup ColorGroupOf(const QStyleOptionViewItem& option) {
+  if (!option.state.testFlag(QStyle::State_Enabled)) return QPalette::Disabled;
+  return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
+}
+
+QColor TextColor(const QStyleOptionViewItem& option) {
+  const bool isSelected = option.state.testFlag(QStyle::State_Selected);
+  return option.palette.color(ColorGroupOf(option), isSelected ? QPalette::HighlightedText : QPalette::Text);
+}
+
+const QStyle& StyleOf(const QStyleOptionViewItem& option) {
+  return option.widget != nullptr ? *option.widget->style() : *QApplication::style();
+}
+
+}  // namespace
+
+void SpotLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                             const QModelIndex& index) const {
+  StyleOf(option).drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
+  painter->setFont(option.font);
+  painter->setPen(TextColor(option));
+  const auto area = option.rect.adjusted(Margin, 0, -Margin, 0);
+  painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, index.data().toString());
+}
+
+QSize SpotLineDelegate::sizeHint(const QStyleOptionViewItem& option, const QModelIndex& /*index*/) const {
+  const QFontMetricsF metrics(option.font);
+  const auto width = metrics.horizontalAdvance('0') * static_cast<double>(model_.LongestLine());
+  return {static_cast<int>(std::ceil(width)) + 2 * Margin, static_cast<int>(std::ceil(metrics.height())) + 2};
+}
+
+}  // namespace brelwin
