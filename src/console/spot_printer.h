@@ -1,0 +1,39 @@
+// Prints what the screen shows as a stream of lines, newest last: the list's header once, every spot once,
+// and what the program says of its state.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "controls/screen.h"
+
+namespace brelwin {
+
+class SpotPrinter {
+ public:
+  using PrintLine = std::function<void(std::string_view line)>;
+
+  // Prints the header and then every change. `print` is given lines without their end and without control
+  // characters, which a terminal would obey.
+  SpotPrinter(Screen& screen, PrintLine print);
+
+ private:
+  void FollowLabels();
+  void FollowCaption(Label& label);
+  void Print(std::string_view line) const;
+  void PrintLines(std::string_view text) const;
+  void PrintList();
+  void PrintText(std::string_view text);
+  void PrintSpots(std::string_view text);
+
+  Screen& screen_;
+  PrintLine print_;
+  std::string lastText_;                            // printed last of the texts that are no spots
+  std::vector<std::shared_ptr<const Spot>> shown_;  // the spots of the last list; owned, so none is mistaken
+  std::vector<Watch> watches_;
+};
+
+}  // namespace brelwin
