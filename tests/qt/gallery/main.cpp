@@ -1,0 +1,89 @@
+// Paints every tab of the window into picture files, so that people can look at them: in the light and the
+// dark palette, at the scale that QT_SCALE_FACTOR sets.
+//
+// Usage: brelwin_window_gallery FOLDER
+#include <QApplication>
+#include <QPixmap>
+#include <QStyleFactory>
+#include <QTabWidget>
+#include <cstdio>
+#include <memory>
+
+#include "qt/window/program_window.h"
+#include "ui/spot_list.h"
+
+namespace {
+
+using namespace brelwin;
+
+QPalette DarkPalette() {
+  QPalette palette(QColor(53, 53, 53), QColor(42, 42, 42));
+  palette.setColor(QPalette::Base, QColor(30, 30, 30));
+  palette.setColor(QPalette::AlternateBase, QColor(38, 38, 38));
+  palette.setColor(QPalette::Highlight, QColor(42, 110, 180));
+  return palette;
+}
+
+std::shared_ptr<Spot> MakeSpot(int number) {
+  auto spot = std::make_shared<Spot>();
+  spot->UTCTime = "12:" + std::to_string(10 + number % 50);
+  spot->Station = number % 3 == 0 ? "OE/DL1ABC/P" : "W6XYZ/P";
+  spot->SummitDesignator = number % 3 == 0 ? "OE/TI-123" : "W6/CT-0" + std::to_string(10 + number % 80);
+  spot->SummitName = number % 2 == 0 ? "Große Klammspitze" : "Mount Wilson, San Gabriel Mountains";
+  spot->SummitPoints = static_cast<std::int16_t>(1 + number % 10);
+  spot->FormattedFrequencyString = number % 2 == 0 ? "14.0625" : "145.525";
+  spot->ModeString = number % 2 == 0 ? "CW" : "FM";
+  spot->OperatorName = "Wolfgang";
+  spot->Comment = "CQ CQ now, then going to the next summit";
+  spot->Spotter = "K6ABC";
+  return spot;
+}
+
+void Fill(Screen& screen) {
+  SpotCollection spots;
+  for (int number = 0; number < 200; ++number) spots.Add(MakeSpot(number), std::to_string(number));
+  screen.Window.Caption = "Brelwin";
+  screen.Spots.lblSpotListHeader.Caption = SpotListHeader();
+  for (const auto& entry : spots) screen.Spots.txtSPOTList.Spots.push_back(entry.Item);
+  screen.Spots.txtSPOTList.Text = SpotListText(spots);
+  screen.Spots.lblUTCTime.Caption = "Current Time: 12:34 UTC";
+  screen.Spots.lblStatus.Caption = "Sotawatch answered 200 OK";
+  screen.Spots.txtSecondsBetweenChecks.Text = "30";
+  screen.Spots.txtMaximumSpotsInList.Text = "200";
+  screen.Filters.txtAlertSound.Text = "chimes.wav";
+  screen.Filters.txtFilterStation.Text = "W6*,K6ABC";
+  screen.Gateway.lblGatewayState.Caption = "The gateway is off.";
+  screen.Files.lstWebsites.Items =
+      std::vector<std::string>{"Sotawatch", "SOTA Maps", "Reverse Beacon Network"};
+  screen.About.lblProgramTitle.Caption = "Brelwin v1.0.0";
+}
+
+bool PaintTabs(ProgramWindow& window, const QString& prefix) {
+  auto& tabs = *window.findChild<QTabWidget*>("SSTab1");
+  bool done = true;
+  for (int tab = 0; tab < tabs.count(); ++tab) {
+    tabs.setCurrentIndex(tab);
+    QApplication::processEvents();
+    done = window.grab().save(prefix + QString::number(tab) + ".png") && done;
+  }
+  return done;
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  QApplication application(argumentCount, arguments);
+  if (argumentCount != 2) {
+    std::fprintf(stderr, "Usage: brelwin_window_gallery FOLDER\n");
+    return 2;
+  }
+  Screen screen;
+  ProgramWindow window(screen, [] {});
+  Fill(screen);
+  screen.Window.Show.Raise();
+  const QString folder = arguments[1];
+  bool done = PaintTabs(window, folder + "/light-");
+  QApplication::setPalette(DarkPalette());
+  done = PaintTabs(window, folder + "/dark-") && done;
+  return done ? 0 : 1;
+}

@@ -1,0 +1,149 @@
+#include "qt/window/spot_list_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QKeyEvent>
+#include <QScrollBar>
+#include <string>
+
+#include "qt/ports/qt_event_queue.h"
+
+namespace brelwin {
+namespace {
+
+class SpotListViewTest : public ::testing::Test {
+ protected:
+  SpotListViewTest() : watch_(view_.Follow(control_)) {
+    view_.resize(600, 300);
+    view_.show();
+  }
+
+  // Puts a batch in front, trims the list and refreshes it as the program does.
+  void Receive(int count, std::size_t maximum = 200) {
+    for (; count > 0; --count) {
+      auto spot = std::make_shared<Spot>();
+      spot->ID = "spot " + std::to_string(++received_);
+      spots_.insert(spots_.begin(), std::move(spot));
+    }
+    if (spots_.size() > maximum) spots_.resize(maximum);
+    control_.Text = std::string();
+    queue_.DoEvents();
+    queue_.DoEvents();
+    std::string text;
+    for (const auto& spot : spots_) text += spot->ID + std::string(150, '.') + "\r\n";
+    control_.Spots = spots_;
+    control_.Text = text;
+    queue_.DoEvents();
+  }
+
+  QString TopLine() { return view_.indexAt({0, 0}).data().toString().section('.', 0, 0); }
+
+  QStringList Selected() {
+    QStringList lines;
+    for (const auto& index : view_.selectionModel()->selectedIndexes())
+      lines << index.data().toString().section('.', 0, 0);
+    lines.sort();
+    return lines;
+  }
+
+  void Press(QKeySequence::StandardKey key) {
+    for (auto* action : view_.actions())
+      if (action->shortcut() == QKeySequence(key)) action->trigger();
+  }
+
+  ControlList controls_;
+  SpotListBox control_{controls_, "txtSPOTList"};
+  std::vector<std::shared_ptr<const Spot>> spots_;
+  int received_ = 0;
+  QtEventQueue queue_;
+  SpotListView view_;
+  Watch watch_;
+};
+
+TEST_F(SpotListViewTest, TheReaderKeepsPlaceAndSelectionWhileBatchesArrive) {
+  Receive(150);
+  view_.scrollTo(view_.model()->index(40, 0), QListView::PositionAtTop);
+  view_.verticalScrollBar()->setValue(view_.verticalScrollBar()->value() + 5);  // in the middle of a line
+  view_.horizontalScrollBar()->setValue(120);
+  for (const int row : {42, 45, 120})
+    view_.selectionModel()->select(view_.model()->index(row, 0), QItemSelectionModel::Select);
+  const auto top = TopLine();
+  const auto offset = view_.visualRect(view_.indexAt({0, 0})).top();
+  const auto selected = Selected();
+  ASSERT_EQ(selected.size(), 3);
+  for (const int batch : {1, 7, 3, 30, 2}) Receive(batch);
+  EXPECT_EQ(TopLine(), top);
+  EXPECT_EQ(view_.visualRect(view_.indexAt({0, 0})).top(), offset);
+  EXPECT_EQ(view_.horizontalScrollBar()->value(), 120);
+  EXPECT_EQ(Selected(), selected);
+}
+
+TEST_F(SpotListViewTest, AtTheVeryTopNewLinesComeIntoView) {
+  Receive(150);
+  view_.setCurrentIndex(view_.model()->index(0, 0));
+  Receive(4);
+  EXPECT_EQ(TopLine(), "spot 154");
+  EXPECT_EQ(Selected(), QStringList{"spot 150"});
+}
+
+TEST_F(SpotListViewTest, WhenTheTopLineIsTrimmedTheNextOneOrTheEndIsShown) {
+  Receive(150);
+  view_.setCurrentIndex(view_.model()->index(100, 0));
+  view_.scrollTo(view_.model()->index(100, 0), QListView::PositionAtTop);
+  Receive(0, 60);
+  EXPECT_EQ(view_.model()->rowCount(), 60);
+  EXPECT_EQ(view_.verticalScrollBar()->value(), view_.verticalScrollBar()->maximum());
+}
+
+TEST_F(SpotListViewTest, AListThatStaysEmptyIsShownEmpty) {
+  Receive(3);
+  control_.Spots.clear();
+  control_.Text = std::string();
+  EXPECT_EQ(view_.model()->rowCount(), 3);  // only the moment before the next text, so far
+  for (int wait = 0; wait < 100 && view_.model()->rowCount() > 0; ++wait)
+    queue_.WaitForEvents(Milliseconds(50));
+  EXPECT_EQ(view_.model()->rowCount(), 0);
+}
+
+TEST_F(SpotListViewTest, ADoubleClickTellsTheSpotOfItsLineAndNothingOnOtherTexts) {
+  std::vector<std::string> clicked;
+  control_.DoubleClick = [&](const Spot& spot) {
+    clicked.push_back(spot.ID);
+    Receive(1);  // the list may change under the call
+    clicked.push_back(spot.ID);
+  };
+  Receive(5);
+  Q_EMIT view_.doubleClicked(view_.model()->index(1, 0));
+  EXPECT_EQ(clicked, (std::vector<std::string>{"spot 4", "spot 4"}));
+  control_.Spots.clear();
+  control_.Text = "Connecting...";
+  Q_EMIT view_.doubleClicked(view_.model()->index(0, 0));
+  EXPECT_EQ(clicked.size(), 2u);
+}
+
+TEST_F(SpotListViewTest, CopiesTheSelectedLinesInTheOrderOfTheList) {
+  Receive(5);
+  for (const int row : {3, 1})
+    view_.selectionModel()->select(view_.model()->index(row, 0), QItemSelectionModel::Select);
+  Press(QKeySequence::Copy);
+  const auto lines = QApplication::clipboard()->text().split('\n');
+  ASSERT_EQ(lines.size(), 2);
+  EXPECT_EQ(lines[0], "spot 4" + QString(150, '.'));
+  EXPECT_TRUE(lines[1].startsWith("spot 2."));
+  Press(QKeySequence::SelectAll);
+  EXPECT_EQ(Selected().size(), 5);
+}
+
+TEST_F(SpotListViewTest, TheHeaderFollowsSidewaysAndStaysAbove) {
+  view_.Header().setText("UTC    Station\n==============");
+  Receive(150);
+  view_.horizontalScrollBar()->setValue(50);
+  view_.verticalScrollBar()->setValue(500);
+  EXPECT_EQ(view_.Header().x(), -50);
+  EXPECT_EQ(view_.Header().mapTo(&view_, QPoint(0, view_.Header().height())).y(), view_.viewport()->y());
+}
+
+}  // namespace
+}  // namespace brelwin

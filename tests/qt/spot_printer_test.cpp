@@ -1,0 +1,85 @@
+#include "console/spot_printer.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace brelwin {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class SpotPrinterTest : public ::testing::Test {
+ protected:
+  // Shows the spots as the program does: clears the list, then sets it. A spot's line is its comment.
+  void ShowSpots(const std::vector<std::shared_ptr<Spot>>& spots) {
+    auto& list = screen_.Spots.txtSPOTList;
+    list.Text = std::string();
+    std::string text;
+    for (const auto& spot : spots) text += spot->Comment + "\r\n";
+    list.Spots.assign(spots.begin(), spots.end());
+    list.Text = text;
+  }
+
+  void ShowText(const std::string& text) {
+    screen_.Spots.txtSPOTList.Spots.clear();
+    screen_.Spots.txtSPOTList.Text = text;
+  }
+
+  static std::shared_ptr<Spot> MakeSpot(const std::string& line) {
+    auto spot = std::make_shared<Spot>();
+    spot->Comment = line;
+    return spot;
+  }
+
+  Lines TakePrinted() { return std::exchange(printed_, {}); }
+
+  Screen screen_;
+  Lines printed_;
+  SpotPrinter printer_{screen_, [this](std::string_view line) { printed_.emplace_back(line); }};
+};
+
+TEST_F(SpotPrinterTest, TheNewestSpotIsAlwaysTheLastLine) {
+  screen_.Spots.lblSpotListHeader.Caption = "UTC    Station\r\n===\r\n";
+  const auto oldest = MakeSpot("1"), middle = MakeSpot("2"), newest = MakeSpot("3  ");
+  ShowSpots({middle, oldest});
+  EXPECT_EQ(TakePrinted(), (Lines{"UTC    Station", "===", "1", "2"}));
+  ShowSpots({newest, middle, oldest});
+  EXPECT_EQ(TakePrinted(), Lines{"3  "});
+}
+
+TEST_F(SpotPrinterTest, ASpotIsPrintedOnceHoweverTheListChanges) {
+  const auto first = MakeSpot("same"), twin = MakeSpot("same"), third = MakeSpot("x");
+  ShowSpots({first});
+  ShowSpots({twin, first});  // an equal line of another spot is another line
+  EXPECT_EQ(TakePrinted(), (Lines{"same", "same"}));
+  ShowSpots({twin});         // trimmed
+  ShowSpots({third, twin});  // and grown again
+  EXPECT_EQ(TakePrinted(), Lines{"x"});
+}
+
+TEST_F(SpotPrinterTest, AnAddressUsedAgainIsNotMistakenForAnOldSpot) {
+  ShowSpots({MakeSpot("first life")});
+  for (int life = 0; life < 100; ++life) ShowSpots({MakeSpot("next life")});
+  EXPECT_EQ(TakePrinted().size(), 101u);
+}
+
+TEST_F(SpotPrinterTest, ACountdownIsPrintedWheneverItChanges) {
+  for (const auto* text : {"2 seconds...", "2 seconds...", "", "2 seconds...", "1 seconds..."})
+    ShowText(text);
+  EXPECT_EQ(TakePrinted(), (Lines{"2 seconds...", "1 seconds..."}));
+}
+
+TEST_F(SpotPrinterTest, StatesAreLinesOfTheirOwn) {
+  screen_.Spots.lblCheckingForSpots.Visible = false;
+  screen_.Spots.lblCheckingForSpots.Visible = true;
+  screen_.Spots.lblStatus.Caption = "Connected";
+  screen_.Spots.lblStatus.Caption = "";
+  screen_.Spots.lblStatus.Caption = "404 \x1b[2JNot Found";
+  EXPECT_EQ(TakePrinted(), (Lines{"Checking for spots...", "Connected", "404  [2JNot Found"}));
+}
+
+}  // namespace
+}  // namespace brelwin

@@ -1,0 +1,16 @@
+// Runs the tests inside the toolkit's application object, without a display.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <memory>
+
+#include "qt/ports/application_start.h"
+
+int main(int argumentCount, char** arguments) {
+  ::testing::InitGoogleTest(&argumentCount, arguments);
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  int forToolkit = 1;
+  std::unique_ptr<QApplication> application;
+  brelwin::MakeApplication([&] { application = std::make_unique<QApplication>(forToolkit, arguments); });
+  return RUN_ALL_TESTS();
+}
