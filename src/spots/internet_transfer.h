@@ -28,6 +28,8 @@ class InternetTransfer {
   const std::string& LastTransportError() const { return lastTransportError_; }
 
  private:
+  std::string Fetch(std::string_view theURL);
+
   Host& host_;
   bool lastStatus_ = false;
   std::string lastErrorMessage_;

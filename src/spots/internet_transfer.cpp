@@ -1,0 +1,72 @@
+#include "spots/internet_transfer.h"
+
+#include <algorithm>
+
+#include "base/encoding.h"
+#include "core/trap.h"
+#include "platform/wait.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::string_view UserAgent = "VB OpenUrl";
+constexpr std::uint64_t MaximumBytes = 64U * 1024 * 1024;
+constexpr Milliseconds LongestSilence{30'000};  // until the connection stands, and between two bytes
+constexpr Milliseconds LongestFetch{120'000};
+
+// While it lives, the rest of the program knows that a page is being read.
+class FetchMark {
+ public:
+  explicit FetchMark(Host& host) : host_(host) { host_.FetchInProgress = true; }
+  FetchMark(const FetchMark&) = delete;
+  FetchMark& operator=(const FetchMark&) = delete;
+  ~FetchMark() { host_.FetchInProgress = false; }
+
+ private:
+  Host& host_;
+};
+
+// Waits for the end of the page. Returns why it was not waited for any longer; empty when it has ended.
+std::string WaitForEnd(Host& host, const PageRequest& request) {
+  const auto deadline = host.Time.Now() + LongestFetch;
+  while (request.CurrentState() != PageRequest::State::Finished) {
+    const auto state = request.CurrentState();
+    const auto size = request.Body().size();
+    const auto somethingCame = [&] {
+      return request.CurrentState() != state || request.Body().size() != size;
+    };
+    const auto silenceEnds = host.Time.Now() + LongestSilence;
+    const auto result = WaitUntil(host, somethingCame, std::min(silenceEnds, deadline));
+    if (result == WaitResult::ShuttingDown) return "The program is closing";
+    if (result == WaitResult::TimedOut)
+      return silenceEnds < deadline ? "No answer for 30 seconds" : "Not finished after 120 seconds";
+  }
+  return {};
+}
+
+}  // namespace
+
+std::string InternetTransfer::OpenURL(std::string_view theURL) {
+  lastStatus_ = false;
+  lastErrorMessage_ = "Unable to open URL";
+  lastStatusCode_ = 0;
+  lastTransportError_ = "Another page is being read";
+  if (host_.FetchInProgress) return {};
+
+  const FetchMark mark(host_);
+  const auto silently = [this](const RuntimeError& error) { lastTransportError_ = error.Description; };
+  return TrapErrors([&] { return Fetch(theURL); }, std::string(), silently);
+}
+
+std::string InternetTransfer::Fetch(std::string_view theURL) {
+  const auto request = host_.Internet.OpenUrl({std::string(theURL), std::string(UserAgent), MaximumBytes});
+  const auto reason = WaitForEnd(host_, *request);
+  lastTransportError_ = reason.empty() ? request->ErrorText() : reason;
+  lastStatusCode_ = request->StatusCode();
+  lastStatus_ = lastStatusCode_ != 0;
+  if (!lastStatus_) return {};
+  lastErrorMessage_.clear();
+  return TextFromBytes(request->Body());
+}
+
+}  // namespace brelwin
