@@ -39,15 +39,15 @@ class KeyedCollection {
   bool Add(T item, std::string_view key) { return Insert(entries_.end(), std::move(item), key); }
   bool AddInFront(T item, std::string_view key) { return Insert(entries_.begin(), std::move(item), key); }
 
-  bool Contains(std::string_view key) const { return index_.contains(UpperCase(key)); }
+  bool Contains(std::string_view key) const { return index_.contains(key); }
 
   // The item under the key, or a null pointer. It stays valid until the item is removed.
   const T* Find(std::string_view key) const {
-    const auto found = index_.find(UpperCase(key));
+    const auto found = index_.find(key);
     return found == index_.end() ? nullptr : &found->second->Item;
   }
   T* Find(std::string_view key) {
-    const auto found = index_.find(UpperCase(key));
+    const auto found = index_.find(key);
     return found == index_.end() ? nullptr : &found->second->Item;
   }
 
@@ -63,17 +63,18 @@ class KeyedCollection {
 
   // True when an item had the key and was removed.
   bool Remove(std::string_view key) {
-    const auto found = index_.find(UpperCase(key));
+    const auto found = index_.find(key);
     if (found == index_.end()) return false;
-    entries_.erase(found->second);
+    const auto entry = found->second;
     index_.erase(found);
+    entries_.erase(entry);
     return true;
   }
 
   // Keeps the first `count` items.
   void Trim(std::size_t count) {
     while (entries_.size() > count) {
-      index_.erase(UpperCase(entries_.back().Key));
+      index_.erase(entries_.back().Key);
       entries_.pop_back();
     }
   }
@@ -89,19 +90,28 @@ class KeyedCollection {
   const_iterator end() const { return entries_.end(); }
 
  private:
-  bool Insert(const_iterator where, T item, std::string_view key) {
-    if (key.empty()) {
-      entries_.insert(where, Entry{{}, std::move(item)});
-      return true;
+  struct HashIgnoringCase {
+    std::size_t operator()(std::string_view key) const { return brelwin::HashIgnoringCase(key); }
+  };
+  struct EqualIgnoringCase {
+    bool operator()(std::string_view left, std::string_view right) const {
+      return EqualsIgnoringCase(left, right);
     }
-    const auto [slot, isNew] = index_.try_emplace(UpperCase(key));
-    if (!isNew) return false;
-    slot->second = entries_.insert(where, Entry{std::string(key), std::move(item)});
+  };
+
+  bool Insert(const_iterator where, T item, std::string_view key) {
+    std::list<Entry> single;
+    single.push_back({std::string(key), std::move(item)});
+    if (!key.empty() && !index_.try_emplace(single.front().Key, single.begin()).second) return false;
+    entries_.splice(where, single);
     return true;
   }
 
   std::list<Entry> entries_;
-  std::unordered_map<std::string, typename std::list<Entry>::iterator> index_;
+  // The keys point into the entries, which never move.
+  std::unordered_map<std::string_view, typename std::list<Entry>::iterator, HashIgnoringCase,
+                     EqualIgnoringCase>
+      index_;
 };
 
 }  // namespace brelwin

@@ -1,6 +1,7 @@
 #include "base/text.h"
 
 #include <algorithm>
+#include <cstdint>
 
 namespace brelwin {
 namespace {
@@ -37,12 +38,19 @@ bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
                     [](char a, char b) { return ToUpper(a) == ToUpper(b); });
 }
 
+std::size_t HashIgnoringCase(std::string_view text) {
+  std::uint64_t hash = 14695981039346656037ULL;  // FNV-1a
+  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(ToUpper(c))) * 1099511628211ULL;
+  return hash;
+}
+
 bool Contains(std::string_view text, std::string_view part) {
   return text.find(part) != std::string_view::npos;
 }
 
 std::string Replace(std::string_view text, std::string_view what, std::string_view with) {
   std::string result;
+  result.reserve(text.size());
   std::size_t begin = 0;
   if (!what.empty()) {
     for (auto at = text.find(what); at != std::string_view::npos; at = text.find(what, begin)) {

@@ -22,6 +22,9 @@ std::string LowerCase(std::string_view text);
 // True when the two texts are equal but for ASCII letter case.
 bool EqualsIgnoringCase(std::string_view left, std::string_view right);
 
+// A number for hash tables that is the same for texts that are equal but for ASCII letter case.
+std::size_t HashIgnoringCase(std::string_view text);
+
 // True when `part` occurs in `text`, case-sensitively. An empty part always occurs.
 bool Contains(std::string_view text, std::string_view part);
 
