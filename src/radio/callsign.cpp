@@ -18,8 +18,14 @@ struct Stations {
 };
 
 std::string WithoutJoiningWords(std::string_view text) {
-  const auto words = Replace(Replace(UpperCase(text), "&", " "), " AND ", " ");
+  auto words = UpperCase(Trim(text));
+  std::replace(words.begin(), words.end(), '&', ' ');
+  if (Contains(words, " AND ")) words = Replace(words, " AND ", " ");
   return std::string(Trim(words));
+}
+
+void Remove(std::string& text, std::string_view what) {
+  if (Contains(text, what)) text = Replace(text, what, "");
 }
 
 Stations SplitAt(std::string_view text, std::size_t at) {
@@ -50,8 +56,9 @@ void RemovePrefixOrSuffix(std::string& callsign) {
 }
 
 std::string BaseOfOneStation(std::string_view station) {
-  const auto bare = Replace(Replace(Replace(station, "/P", ""), "[", ""), "]", "");
-  std::string callsign(Trim(bare));
+  std::string callsign(station);
+  for (const std::string_view mark : {"/P", "[", "]"}) Remove(callsign, mark);
+  callsign = Trim(callsign);
   RemovePrefixOrSuffix(callsign);
   RemovePrefixOrSuffix(callsign);
   return callsign;

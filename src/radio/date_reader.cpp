@@ -102,21 +102,25 @@ std::optional<DateTime> DateTimeOf(const DateParts& parts) {
   if (!noDate) calendar = {parts.Year.value_or(0), parts.Month.value_or(0), parts.Day.value_or(0), 0, 0, 0};
   const auto midnight = DateTimeFromCalendar(calendar);
   if (!midnight) return {};
-  const auto time =
-      AddMinutes(AddSeconds(*midnight, parts.SecondOfDay.value_or(0)), -parts.ZoneMinutes.value_or(0));
-  return DateTimeFromCalendar(CalendarFromDateTime(time));  // a zone can lead out of the range of years
+  const auto time = AddSeconds(*midnight, parts.SecondOfDay.value_or(0));
+  if (parts.ZoneMinutes.value_or(0) == 0) return time;
+  // A zone can lead out of the range of years.
+  return DateTimeFromCalendar(CalendarFromDateTime(AddMinutes(time, -*parts.ZoneMinutes)));
+}
+
+bool IsSeparator(char c) {
+  return c == ' ' || c == ',';
 }
 
 }  // namespace
 
 std::optional<DateTime> ReadDateTime(std::string_view text) {
-  constexpr std::string_view Separators = " ,";
   DateParts parts;
-  for (auto begin = text.find_first_not_of(Separators); begin != std::string_view::npos;
-       begin = text.find_first_not_of(Separators, begin)) {
-    const auto end = std::min(text.find_first_of(Separators, begin), text.size());
-    if (!TakeWord(parts, text.substr(begin, end - begin))) return {};
-    begin = end;
+  const auto end = text.end();
+  for (auto begin = std::find_if_not(text.begin(), end, IsSeparator); begin != end;) {
+    const auto wordEnd = std::find_if(begin, end, IsSeparator);
+    if (!TakeWord(parts, {begin, wordEnd})) return {};
+    begin = std::find_if_not(wordEnd, end, IsSeparator);
   }
   return DateTimeOf(parts);
 }

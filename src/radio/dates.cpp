@@ -1,20 +1,15 @@
 #include "radio/dates.h"
 
-#include <array>
-#include <charconv>
-
 #include "radio/month_names.h"
 
 namespace brelwin {
 namespace {
 
-// Appends the number with leading zeros up to the width.
-void AppendNumber(std::string& text, int number, std::size_t width) {
-  std::array<char, 16> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number).ptr;
-  const auto length = static_cast<std::size_t>(end - buffer.data());
-  if (length < width) text.append(width - length, '0');
-  text.append(buffer.data(), length);
+// Appends the last digits of the number, with leading zeros.
+void AppendNumber(std::string& text, int number, std::size_t digits) {
+  text.append(digits, '0');
+  for (auto digit = text.rbegin(); number > 0 && digits > 0; ++digit, --digits, number /= 10)
+    *digit = static_cast<char>('0' + number % 10);
 }
 
 void AppendDate(std::string& text, const CalendarTime& time, std::string_view separator) {

@@ -18,7 +18,7 @@ constexpr std::array<std::string_view, 7> Weekdays = {"Monday", "Tuesday",  "Wed
                                                       "Friday", "Saturday", "Sunday"};
 
 bool Names(std::string_view name, std::string_view full) {
-  return EqualsIgnoringCase(name, full) || EqualsIgnoringCase(name, full.substr(0, ShortLength));
+  return EqualsIgnoringCase(name, name.size() == ShortLength ? full.substr(0, ShortLength) : full);
 }
 
 }  // namespace

@@ -12,6 +12,7 @@ namespace brelwin {
 namespace {
 
 constexpr int SignificantDigits = 7;
+constexpr double LowestTooLong = 1e7;
 constexpr int PatternDecimals = 5;
 
 // The digits of a value and where its point stands: 0.00135 is "135" with the point at -2.
@@ -21,22 +22,19 @@ struct Decimal {
   bool Negative = false;
 };
 
+// Exact but for extreme values: a 24-bit number times a power of ten up to 10^12 fits into 53 bits.
 Decimal DecimalOf(float value) {
-  Decimal decimal;
-  if (!std::isfinite(value) || value == 0) return decimal;
-  std::array<char, 32> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), std::fabs(value),
-                                 std::chars_format::scientific, SignificantDigits - 1)
-                       .ptr;
-  const std::string_view text(buffer.data(), static_cast<std::size_t>(end - buffer.data()));
-  const auto exponentAt = text.find('e');
-  int exponent = 0;
-  std::from_chars(text.data() + exponentAt + (text[exponentAt + 1] == '+' ? 2 : 1), end, exponent);
-  decimal.Digits.append(text.substr(0, 1)).append(text.substr(2, exponentAt - 2));
-  decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
-  decimal.Point = exponent + 1;
-  decimal.Negative = value < 0;
-  return decimal;
+  if (!std::isfinite(value) || value == 0) return {};
+  const double magnitude = std::fabs(static_cast<double>(value));
+  int point = static_cast<int>(std::floor(std::log10(magnitude))) + 1;
+  double digits = std::nearbyint(magnitude * std::pow(10.0, SignificantDigits - point));
+  if (digits >= LowestTooLong) {  // rounded up into one digit more
+    digits /= 10;
+    ++point;
+  }
+  auto text = std::to_string(static_cast<std::int32_t>(digits));
+  text.erase(text.find_last_not_of('0') + 1);
+  return {std::move(text), point, value < 0};
 }
 
 void AddOneToLastDigit(Decimal& decimal) {
