@@ -1,0 +1,59 @@
+#include "spots/feed_result.h"
+
+#include "base/encoding.h"
+#include "core/data_files.h"
+#include "core/event_log.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::size_t MostSkippedItems = 20;
+constexpr std::size_t LongestSkippedText = 100;
+constexpr std::string_view ActivatorsFile = "SOTAActivators.txt";
+
+std::string WithReason(std::string text, const std::string& reason) {
+  return reason.empty() ? text : text + ": " + reason;
+}
+
+std::string StatusOfAnswer(const InternetTransfer& transfer, const std::string& service, FeedEnd end) {
+  const bool isPage = transfer.LastStatusCode() >= 200 && transfer.LastStatusCode() < 300;
+  switch (end) {
+    case FeedEnd::NotOpened: return WithReason("No connection to " + service, transfer.LastTransportError());
+    case FeedEnd::NoFeed:
+      return isPage ? service + " answered, but not with spots"
+                    : service + " answered " + std::to_string(transfer.LastStatusCode());
+    case FeedEnd::Cut:
+      return WithReason("The answer of " + service + " broke off", transfer.LastTransportError());
+    case FeedEnd::ReachedPrevious:
+    case FeedEnd::ReachedAgeLimit:
+    case FeedEnd::EndOfFeed: break;
+  }
+  return "Connected to " + service;
+}
+
+bool IsFailure(FeedEnd end) {
+  return end == FeedEnd::NotOpened || end == FeedEnd::NoFeed || end == FeedEnd::Cut;
+}
+
+}  // namespace
+
+void NoteSkippedItem(FeedReadResult& result, std::string_view itemText) {
+  if (result.SkippedItems.size() < MostSkippedItems)
+    result.SkippedItems.emplace_back(FirstCharacters(itemText, LongestSkippedText));
+}
+
+void SaveLearnedActivators(Host& host, const FeedReadResult& result) {
+  if (AppendCallsigns(host, InProgramFolder(host, ActivatorsFile), result.LearnedActivators)) return;
+  LogEvent(host, "SaveLearnedActivators - " + std::string(ActivatorsFile) + " could not be written");
+}
+
+void DescribeAnswer(const InternetTransfer& transfer, std::string_view service, FeedReadResult& result) {
+  result.StatusText = StatusOfAnswer(transfer, std::string(service), result.End);
+  if (!transfer.LastStatus()) {
+    result.ErrorText = transfer.LastErrorMessage();
+  } else if (IsFailure(result.End)) {
+    result.ErrorText = result.StatusText;
+  }
+}
+
+}  // namespace brelwin

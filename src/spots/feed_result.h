@@ -1,0 +1,36 @@
+// What reading a Sotawatch feed gave beside the spots, the same for every kind of feed.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/host.h"
+#include "spots/internet_transfer.h"
+
+namespace brelwin {
+
+// How far a read came. Only a whole feed or a known place in it proves that nothing was missed.
+enum class FeedEnd : std::uint8_t { NotOpened, NoFeed, Cut, ReachedPrevious, ReachedAgeLimit, EndOfFeed };
+
+struct FeedReadResult {
+  FeedEnd End = FeedEnd::NotOpened;
+  std::string NewestID;  // of the newest item that was read; empty without one
+  std::string ErrorText;
+  std::string StatusText;  // what the server answered, in words for the status line
+  std::vector<std::string> LearnedActivators;
+  std::vector<std::string> SkippedItems;  // beginnings of the items that name no station, the first few
+};
+
+// Notes an item that could not be used, so that it does not vanish silently.
+void NoteSkippedItem(FeedReadResult& result, std::string_view itemText);
+
+// Adds the learned activators to the list file of the known ones; what cannot be written is logged.
+void SaveLearnedActivators(Host& host, const FeedReadResult& result);
+
+// Fills in the error and status texts from how the page was answered and how far the read came. `service` is
+// the name that the status line shows.
+void DescribeAnswer(const InternetTransfer& transfer, std::string_view service, FeedReadResult& result);
+
+}  // namespace brelwin

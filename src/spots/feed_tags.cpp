@@ -1,0 +1,65 @@
+#include "spots/feed_tags.h"
+
+#include <array>
+
+#include "spots/feed_text.h"
+
+namespace brelwin {
+namespace {
+
+struct ElementName {
+  std::string_view Name;
+  FeedElement Element;
+};
+
+constexpr std::array<ElementName, 6> ElementNames = {{{"title", FeedElement::Title},
+                                                      {"description", FeedElement::Description},
+                                                      {"pubDate", FeedElement::PubDate},
+                                                      {"item", FeedElement::Item},
+                                                      {"rss", FeedElement::Rss},
+                                                      {"lastBuildDate", FeedElement::LastBuildDate}}};
+
+bool EndsName(char c) {
+  return c == '>' || c == ' ' || c == '\t' || c == '\r' || c == '\n';
+}
+
+const ElementName* NameAt(std::string_view text) {
+  for (const auto& name : ElementNames) {
+    if (text.starts_with(name.Name) && text.size() > name.Name.size() && EndsName(text[name.Name.size()]))
+      return &name;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+std::optional<FeedTag> FeedTagFinder::Next() {
+  while (true) {
+    const auto begin = text_.find('<', position_);
+    if (begin == std::string_view::npos) return {};
+    if (const auto tag = TagAt(begin)) {
+      position_ = tag->End;
+      return tag;
+    }
+    position_ = text_.substr(begin).starts_with(CDataBegin) ? BehindCData(begin) : begin + 1;
+  }
+}
+
+std::optional<FeedTag> FeedTagFinder::TagAt(std::size_t begin) const {
+  const bool closes = text_.substr(begin + 1).starts_with('/');
+  const auto nameAt = begin + (closes ? 2 : 1);
+  const auto* name = NameAt(text_.substr(nameAt));
+  if (name == nullptr) return {};
+  const auto end = text_.find_first_of("<>", nameAt + name->Name.size());
+  if (end == std::string_view::npos || text_[end] == '<') return {};
+  return FeedTag{name->Element, closes, begin, end + 1};
+}
+
+// A section that never ends is read as plain text, so that one bad item cannot swallow those behind it.
+std::size_t FeedTagFinder::BehindCData(std::size_t begin) {
+  const auto end = cdataEnds_ ? text_.find(CDataEnd, begin) : std::string_view::npos;
+  cdataEnds_ = end != std::string_view::npos;
+  return cdataEnds_ ? end + CDataEnd.size() : begin + CDataBegin.size();
+}
+
+}  // namespace brelwin

@@ -1,0 +1,92 @@
+#include "spots/rss_feed_text.h"
+
+#include "base/text.h"
+#include "radio/dates.h"
+#include "radio/frequency.h"
+#include "spots/feed_scanner.h"
+#include "spots/feed_text.h"
+#include "spots/spot_collections.h"
+#include "spots/spot_title.h"
+
+namespace brelwin {
+namespace {
+
+// The time of a "Tue, 24 Nov 2026 10:00:00 GMT": what follows the one comma.
+std::optional<DateTime> ReadPubDate(std::string_view rawPubDate) {
+  const auto text = Replace(DecodeFeedText(rawPubDate), "GMT", "");
+  const auto comma = text.find(',');
+  if (comma == std::string::npos || text.find(',', comma + 1) != std::string::npos) return {};
+  return ReadDateTime(std::string_view(text).substr(comma + 1));
+}
+
+// Reads one item after the other until one says that all later ones need no reading.
+class ItemReader {
+ public:
+  ItemReader(const RSSReadRequest& request, const ReadingMoment& moment, CallsignCollection& knownActivators,
+             SpotCollection& spots, FeedReadResult& result)
+      : request_(request),
+        utcNow_(moment.UTCNow),
+        maker_(moment, knownActivators, result.LearnedActivators),
+        spots_(spots),
+        result_(result) {}
+
+  // The reason to stop at this item; empty when reading goes on.
+  std::optional<FeedEnd> Read(const RawFeedItem& raw) {
+    const auto utc = ReadPubDate(raw.PubDate);
+    if (utc && MinutesBetween(*utc, utcNow_) > request_.MaximumAgeInMinutes) return FeedEnd::ReachedAgeLimit;
+
+    const auto title = DecodeFeedText(raw.Title);
+    const auto made = MakeSpots(title, DecodeFeedText(raw.Description), utc);
+    if (made.First == nullptr) {
+      NoteSkippedItem(result_, title);
+      return {};
+    }
+    if (result_.NewestID.empty()) result_.NewestID = made.First->ID;
+    if (!request_.PreviousNewestID.empty() && made.First->ID == request_.PreviousNewestID)
+      return FeedEnd::ReachedPrevious;
+    Add(made.First);
+    Add(made.Second);
+    return {};
+  }
+
+ private:
+  MadeSpots MakeSpots(const std::string& title, const std::string& description, std::optional<DateTime> utc) {
+    const auto said = ReadSpotDescription(description);
+    return maker_.MakeSpots({{}, title, said.Comment, said.Spotter, utc, ++itemCount_});
+  }
+
+  void Add(const SpotPointer& spot) {
+    if (spot == nullptr) return;
+    AddObjectToCollection(spot,
+                          request_.KeyByStationAndFrequency
+                              ? DuplicateKey(spot->stationBaseCallsign, spot->FrequencyInMhz)
+                              : spot->ID,
+                          spots_);
+  }
+
+  const RSSReadRequest& request_;
+  DateTime utcNow_;
+  SpotMaker maker_;
+  SpotCollection& spots_;
+  FeedReadResult& result_;
+  std::int32_t itemCount_ = 0;
+};
+
+}  // namespace
+
+void ReadFeedText(std::string_view text, const RSSReadRequest& request, const ReadingMoment& moment,
+                  CallsignCollection& knownActivators, SpotCollection& spots, FeedReadResult& result) {
+  result.End = FeedEnd::Cut;
+  FeedScanner scanner(text);
+  ItemReader reader(request, moment, knownActivators, spots, result);
+  while (const auto item = scanner.NextItem()) {
+    if (const auto end = reader.Read(*item)) {
+      result.End = *end;
+      return;
+    }
+  }
+  if (!scanner.LooksLikeFeed()) result.End = FeedEnd::NoFeed;
+  if (scanner.ReachedEnd()) result.End = FeedEnd::EndOfFeed;
+}
+
+}  // namespace brelwin

@@ -1,0 +1,26 @@
+// Turns the text of the Sotawatch spot feed in its RSS form into spots: no network, no files.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "spots/feed_result.h"
+#include "spots/spot_maker.h"
+
+namespace brelwin {
+
+struct RSSReadRequest {
+  std::string Url;               // never empty: the built-in address is configuration
+  std::string PreviousNewestID;  // of the newest item of the previous read, or empty
+  std::int64_t MaximumAgeInMinutes = 0;
+  bool KeyByStationAndFrequency = false;  // else spots are keyed by their ID
+};
+
+// Adds the spots of the feed, newest first, to the collection and the activators it meets for the first time
+// to the known ones. Sets End, NewestID, LearnedActivators and SkippedItems of the result, which keep what
+// was found when an error ends the reading.
+void ReadFeedText(std::string_view text, const RSSReadRequest& request, const ReadingMoment& moment,
+                  CallsignCollection& knownActivators, SpotCollection& spots, FeedReadResult& result);
+
+}  // namespace brelwin

@@ -1,0 +1,102 @@
+#include "spots/spot_maker.h"
+
+#include "base/text.h"
+#include "radio/callsign.h"
+#include "radio/dates.h"
+#include "radio/frequency.h"
+#include "radio/mode.h"
+#include "spots/spot_collections.h"
+#include "spots/spot_title.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::size_t ShortestLearnedCallsign = 2;
+
+// A spot that the gateway posted under the activator's own callsign is not the activator's own.
+bool IsSelfSpot(const Spot& spot) {
+  return spot.SpotterBaseCallsign == spot.stationBaseCallsign && !Contains(spot.Comment, "{Via Tarnlink}");
+}
+
+void SetTime(Spot& spot, std::optional<DateTime> utc, std::int32_t timeZoneOffset) {
+  if (!utc) return;
+  spot.UTCDateTime = utc;
+  spot.UTCTime = ClockText(*utc);
+  spot.LocalDateAndTime = AddMinutes(*utc, -timeZoneOffset);
+}
+
+void SetFrequencyAndMode(Spot& spot, const SpotTitle& title, NumberFormat numbers) {
+  spot.FrequencyString = title.Frequency;
+  spot.FormattedFrequencyString = FormatFrequencyMHz(title.Frequency, spot.FrequencyInMhz, numbers);
+  spot.BandInMhz = static_cast<float>(BandFromFrequency(spot.FrequencyInMhz, numbers));
+  spot.ModeString = UpperCase(title.Mode);
+  spot.mode = ModeCode(spot.ModeString);
+}
+
+// A spot that came by APRS was sent by the station itself.
+void SetSpotter(Spot& spot, std::string_view spotter) {
+  spot.IsAPRSSpot = Contains(spotter, "APRS");
+  spot.Spotter = spot.IsAPRSSpot ? spot.Station : std::string(spotter);
+  spot.SpotterBaseCallsign = spot.IsAPRSSpot ? spot.stationBaseCallsign : GetBaseCallsign(spotter);
+}
+
+}  // namespace
+
+ReadingMoment ReadingMomentOf(const Host& host) {
+  return {UTCNow(host.Time), TimeZoneOffsetInMinutes(host.Time), host.Numbers};
+}
+
+MadeSpots SpotMaker::MakeSpots(const FeedItem& item) {
+  std::string secondCallsign;
+  const auto first = MakeFirst(item, secondCallsign);
+  if (first == nullptr || secondCallsign.empty()) return {first, nullptr};
+  return {first, MakeSecond(*first, secondCallsign)};
+}
+
+SpotPointer SpotMaker::MakeFirst(const FeedItem& item, std::string& secondCallsign) {
+  const auto title = ReadSpotTitle(item.Title);
+  auto callsign = GetBaseCallsign(title.Callsigns, secondCallsign);
+  if (callsign.empty()) return nullptr;
+
+  auto spot = std::make_shared<Spot>();
+  spot->Station = title.Station;
+  spot->stationBaseCallsign = std::move(callsign);
+  spot->SummitDesignator = title.Summit;
+  spot->Comment = item.Comment;
+  spot->OrderReceived = item.OrderReceived;
+  SetTime(*spot, item.UTCDateTime, moment_.TimeZoneOffset);
+  SetFrequencyAndMode(*spot, title, moment_.Numbers);
+  SetSpotter(*spot, item.Spotter);
+  spot->IsSelfSpot = IsSelfSpot(*spot);
+  spot->IsKnownActivator = LearnActivator(spot->stationBaseCallsign);
+  spot->ID = item.ID.empty() ? Identity(*spot) : std::string(item.ID);
+  return spot;
+}
+
+SpotPointer SpotMaker::MakeSecond(const Spot& first, const std::string& callsign) {
+  auto spot = std::make_shared<Spot>();
+  spot->CopyMyPropertiesFromThisSpot(&first);
+  spot->Station = callsign;
+  spot->stationBaseCallsign = callsign;
+  spot->HiddenFromDisplay = false;
+  spot->IsSelfSpot = IsSelfSpot(*spot);
+  spot->IsKnownActivator = LearnActivator(callsign);
+  spot->SpotKey = first.ID;
+  spot->ID = Identity(*spot);
+  return spot;
+}
+
+// Whether the activator was known before.
+bool SpotMaker::LearnActivator(const std::string& baseCallsign) {
+  if (ExistsInCollection(knownActivators_, baseCallsign)) return true;
+  if (baseCallsign.size() >= ShortestLearnedCallsign &&
+      AddToCollection(baseCallsign, baseCallsign, knownActivators_))
+    learnedActivators_.push_back(baseCallsign);
+  return false;
+}
+
+std::string SpotMaker::Identity(const Spot& spot) const {
+  return CompactText(spot.UTCDateTime.value_or(moment_.UTCNow)) + spot.Station + spot.Spotter;
+}
+
+}  // namespace brelwin

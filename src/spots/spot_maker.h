@@ -1,0 +1,62 @@
+// Turns what a feed says of a spot into Spot records, in the same way for every Sotawatch feed, and learns
+// activators on the way.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/host.h"
+#include "spots/spot.h"
+
+namespace brelwin {
+
+// What does not change while a feed is being read.
+struct ReadingMoment {
+  DateTime UTCNow;
+  std::int32_t TimeZoneOffset = 0;  // minutes to add to local time to get UTC
+  NumberFormat Numbers;
+};
+
+ReadingMoment ReadingMomentOf(const Host& host);
+
+// What a feed says of one spot. The texts point into the feed's.
+struct FeedItem {
+  std::string_view ID;  // where the feed gives one; else it is made of time, station and spotter
+  std::string_view Title;
+  std::string_view Comment;
+  std::string_view Spotter;
+  std::optional<DateTime> UTCDateTime;
+  std::int32_t OrderReceived = 0;
+};
+
+// The spot of an item, and that of its second station when the item names two.
+struct MadeSpots {
+  SpotPointer First;
+  SpotPointer Second;
+};
+
+class SpotMaker {
+ public:
+  SpotMaker(const ReadingMoment& moment, CallsignCollection& knownActivators,
+            std::vector<std::string>& learnedActivators)
+      : moment_(moment), knownActivators_(knownActivators), learnedActivators_(learnedActivators) {}
+
+  // Nothing when the item names no station. Activators that are not known yet are added to the known and to
+  // the learned ones. `SpotKey` (of a first spot) and `SpotterIsTrustedSpotter` are left to the caller.
+  MadeSpots MakeSpots(const FeedItem& item);
+
+ private:
+  bool LearnActivator(const std::string& baseCallsign);
+  SpotPointer MakeFirst(const FeedItem& item, std::string& secondCallsign);
+  SpotPointer MakeSecond(const Spot& first, const std::string& callsign);
+  std::string Identity(const Spot& spot) const;
+
+  ReadingMoment moment_;
+  CallsignCollection& knownActivators_;
+  std::vector<std::string>& learnedActivators_;
+};
+
+}  // namespace brelwin
