@@ -31,11 +31,11 @@ std::string StatusOfAnswer(const InternetTransfer& transfer, const std::string& 
   return "Connected to " + service;
 }
 
+}  // namespace
+
 bool IsFailure(FeedEnd end) {
   return end == FeedEnd::NotOpened || end == FeedEnd::NoFeed || end == FeedEnd::Cut;
 }
-
-}  // namespace
 
 void NoteSkippedItem(FeedReadResult& result, std::string_view itemText) {
   if (result.SkippedItems.size() < MostSkippedItems)

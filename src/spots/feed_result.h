@@ -14,6 +14,9 @@ namespace brelwin {
 // How far a read came. Only a whole feed or a known place in it proves that nothing was missed.
 enum class FeedEnd : std::uint8_t { NotOpened, NoFeed, Cut, ReachedPrevious, ReachedAgeLimit, EndOfFeed };
 
+// True for the ends that leave the older spots unread.
+bool IsFailure(FeedEnd end);
+
 struct FeedReadResult {
   FeedEnd End = FeedEnd::NotOpened;
   std::string NewestID;  // of the newest item that was read; empty without one

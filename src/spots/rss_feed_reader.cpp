@@ -14,26 +14,20 @@ void KeepCopy(Host& host, const std::string& text) {
   TrapErrorsSilently([&] { host.Disk.Write(InProgramFolder(host, FeedCopy), text, FileAccess::Everyone); });
 }
 
-// Fetches and reads; what was found before an error stays in the result.
-bool ReadInto(Host& host, const RSSReadRequest& request, CallsignCollection& knownActivators,
-              SpotCollection& spots, FeedReadResult& result) {
-  InternetTransfer transfer(host);
-  const auto text = transfer.OpenURL(request.Url);
-  if (transfer.LastStatus()) {
-    KeepCopy(host, text);
-    ReadFeedText(text, request, ReadingMomentOf(host), knownActivators, spots, result);
-  }
-  DescribeAnswer(transfer, "Sotawatch", result);
-  return true;
-}
-
 }  // namespace
 
 FeedReadResult ReadSotawatchRSS(Host& host, const RSSReadRequest& request,
                                 CallsignCollection& knownActivators, SpotCollection& spots) {
   FeedReadResult result;
-  LogErrors(host, "ReadSotawatchRSS", false,
-            [&] { return ReadInto(host, request, knownActivators, spots, result); });
+  InternetTransfer transfer(host);
+  LogErrors(host, "ReadSotawatchRSS", false, [&] {
+    const auto text = transfer.OpenURL(request.Url);
+    if (!transfer.LastStatus()) return false;
+    KeepCopy(host, text);
+    ReadFeedText(text, request, ReadingMomentOf(host), knownActivators, spots, result);
+    return true;
+  });
+  DescribeAnswer(transfer, "Sotawatch", result);
   SaveLearnedActivators(host, result);
   return result;
 }

@@ -1,0 +1,130 @@
+#include "spots/twitter_answer.h"
+
+#include <charconv>
+#include <nlohmann/json.hpp>
+#include <optional>
+
+namespace brelwin {
+namespace {
+
+using Json = nlohmann::json;
+
+constexpr std::size_t EscapeLength = 6;  // of "\uXXXX"
+
+// The UTF-16 unit of the escape at the start of the text.
+std::optional<unsigned> UnitOfEscape(std::string_view text) {
+  if (text.size() < EscapeLength || !text.starts_with("\\u")) return {};
+  unsigned unit = 0;
+  const auto* end = text.data() + EscapeLength;
+  const auto result = std::from_chars(text.data() + 2, end, unit, 16);
+  if (result.ptr != end) return {};
+  return unit;
+}
+
+bool IsHighSurrogate(std::optional<unsigned> unit) {
+  return unit && *unit >= 0xD800 && *unit < 0xDC00;
+}
+bool IsLowSurrogate(std::optional<unsigned> unit) {
+  return unit && *unit >= 0xDC00 && *unit < 0xE000;
+}
+
+// Copies the escape at the start of the text, as a pair where it is one, and returns how long it was.
+std::size_t CopyEscape(std::string& mended, std::string_view text) {
+  const auto unit = UnitOfEscape(text);
+  std::size_t length = unit ? EscapeLength : std::min<std::size_t>(text.size(), 2);
+  if (IsHighSurrogate(unit) && IsLowSurrogate(UnitOfEscape(text.substr(EscapeLength)))) {
+    length = 2 * EscapeLength;
+  } else if (IsHighSurrogate(unit) || IsLowSurrogate(unit)) {
+    mended.append("\\uFFFD");
+    return length;
+  }
+  mended.append(text.substr(0, length));
+  return length;
+}
+
+std::string MendSurrogates(std::string_view json) {
+  std::string mended;
+  mended.reserve(json.size());
+  while (!json.empty()) {
+    const auto plain = std::min(json.find('\\'), json.size());
+    mended.append(json.substr(0, plain));
+    json.remove_prefix(plain);
+    if (!json.empty()) json.remove_prefix(CopyEscape(mended, json));
+  }
+  return mended;
+}
+
+// Listens to the parser and keeps the tweets: objects at depth 3, in the array "results" of the outermost
+// object.
+class ResultsListener final : public nlohmann::json_sax<Json> {
+ public:
+  explicit ResultsListener(TwitterAnswer& answer) : answer_(answer) {}
+
+  bool null() override { return true; }
+  bool boolean(bool) override { return true; }
+  bool number_integer(number_integer_t) override { return true; }
+  bool number_unsigned(number_unsigned_t) override { return true; }
+  bool number_float(number_float_t, const string_t&) override { return true; }
+  bool binary(binary_t&) override { return true; }
+  bool parse_error(std::size_t, const std::string&, const Json::exception&) override { return false; }
+
+  bool key(string_t& name) override {
+    key_ = std::move(name);
+    return true;
+  }
+
+  bool string(string_t& value) override {
+    if (inResults_ && depth_ == TweetDepth && !answer_.Tweets.empty()) Store(value);
+    return true;
+  }
+
+  bool start_object(std::size_t) override {
+    ++depth_;
+    if (inResults_ && depth_ == TweetDepth) answer_.Tweets.emplace_back();
+    return true;
+  }
+
+  bool end_object() override {
+    --depth_;
+    return true;
+  }
+
+  bool start_array(std::size_t) override {
+    if (depth_ == 1 && key_ == "results") inResults_ = answer_.HasResults = true;
+    key_.clear();
+    ++depth_;
+    return true;
+  }
+
+  bool end_array() override {
+    --depth_;
+    inResults_ = inResults_ && depth_ > 1;
+    return true;
+  }
+
+ private:
+  static constexpr std::size_t TweetDepth = 3;
+
+  void Store(string_t& value) {
+    auto& tweet = answer_.Tweets.back();
+    if (key_ == "id_str") tweet.ID = std::move(value);
+    if (key_ == "created_at") tweet.CreatedAt = std::move(value);
+    if (key_ == "text") tweet.Text = std::move(value);
+  }
+
+  TwitterAnswer& answer_;
+  std::size_t depth_ = 0;
+  std::string key_;
+  bool inResults_ = false;
+};
+
+}  // namespace
+
+TwitterAnswer ReadTwitterAnswer(std::string_view json) {
+  TwitterAnswer answer;
+  ResultsListener listener(answer);
+  answer.IsWhole = Json::sax_parse(MendSurrogates(json), &listener);
+  return answer;
+}
+
+}  // namespace brelwin
