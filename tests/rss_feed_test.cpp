@@ -2,6 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "feed_pages.h"
+#include "feed_properties.h"
+#include "random_text.h"
 #include "spots/rss_feed_reader.h"
 #include "spots/spot_title.h"
 #include "test_host.h"
@@ -114,7 +116,6 @@ TEST_F(RSSFeed, DecodesEntitiesOnceAndTrustsNoControlCharacter) {
            {"&#233;&#x1F4E1;&#xD800;", "\xC3\xA9\xF0\x9F\x93\xA1\xEF\xBF\xBD"},
            {"a&#0;b&#13;&#10;c\td&#x85;e", "a b  c d e"},
            {"<![CDATA[&amp;</description></item>]]>", "&amp;</description></item>"},
-           {"<![CDATA[never closed", "never closed"},
            {"&lt;/description&gt;&lt;/item&gt;", "</description></item>"},
        }) {
     EXPECT_EQ(ReadOne("G4ABC on G/LD-001 @ 7.032 CW", raw).Comment, comment);
@@ -225,6 +226,48 @@ TEST_F(RSSFeed, ACutFeedGivesWhatItHoldsAndSaysSo) {
     EXPECT_EQ(result.End, length <= firstItem + 18 ? FeedEnd::NoFeed : end) << length;
   }
   EXPECT_EQ(most, 3U);
+}
+
+TEST_F(RSSFeed, BrokenFeedsGiveNoSpotThatTheWholeOnesDoNotHave) {
+  test::RandomText feeds(5, {"<rss>",
+                             "</rss>",
+                             "<item>",
+                             "</item>",
+                             "<item ",
+                             "<title>",
+                             "</title>",
+                             "<pubDate>",
+                             "</pubDate>",
+                             "<description>",
+                             "</description>",
+                             "<![CDATA[",
+                             "]]>",
+                             "&amp;",
+                             "&#1",
+                             "<",
+                             ">",
+                             "\r\n",
+                             "Posted by M0XYZ",
+                             "Tue, 24 Nov 2026 11:59:30 GMT",
+                             "G4ABC and G4XYZ on G/LD-001 @ 7.032 CW",
+                             "<item><title>G4AAA on G/LD-001</title></item>"});
+  for (int i = 0; i < 5000; ++i) {
+    const auto feed = feeds.Next(25);
+    EXPECT_TRUE(test::CutFeedGivesFirstSpots(feed, feeds.Below(feed.size() + 1))) << feed;
+    EXPECT_TRUE(test::EscapedTextReadsBack(feed)) << feed;
+  }
+}
+
+TEST_F(RSSFeed, HostileFeedsAreReadInOnePass) {
+  for (const std::string piece :
+       {"<", "<item ", "<item>", "<![CDATA[", "<title>", "&", " ", "<title/", "\n "}) {
+    std::string feed = "<rss><item><title>";
+    while (feed.size() < 300'000) feed += piece;
+    SpotCollection spots;
+    EXPECT_EQ(test::ReadFeed(feed, spots).End, FeedEnd::Cut);
+    test::ReadFeed(feed + "</title></item></rss>", spots);
+    EXPECT_LE(spots.Count(), 1U);
+  }
 }
 
 TEST_F(RSSFeed, SaysWhatTheServerAnswered) {

@@ -55,11 +55,10 @@ std::optional<FeedTag> FeedTagFinder::TagAt(std::size_t begin) const {
   return FeedTag{name->Element, closes, begin, end + 1};
 }
 
-// A section that never ends is read as plain text, so that one bad item cannot swallow those behind it.
-std::size_t FeedTagFinder::BehindCData(std::size_t begin) {
-  const auto end = cdataEnds_ ? text_.find(CDataEnd, begin) : std::string_view::npos;
-  cdataEnds_ = end != std::string_view::npos;
-  return cdataEnds_ ? end + CDataEnd.size() : begin + CDataBegin.size();
+// A section that is not closed reaches to the end: a comment in it, cut there, must not forge an item.
+std::size_t FeedTagFinder::BehindCData(std::size_t begin) const {
+  const auto end = text_.find(CDataEnd, begin);
+  return end == std::string_view::npos ? text_.size() : end + CDataEnd.size();
 }
 
 }  // namespace brelwin

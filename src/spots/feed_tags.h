@@ -27,11 +27,10 @@ class FeedTagFinder {
 
  private:
   std::optional<FeedTag> TagAt(std::size_t begin) const;
-  std::size_t BehindCData(std::size_t begin);
+  std::size_t BehindCData(std::size_t begin) const;
 
   std::string_view text_;
   std::size_t position_ = 0;
-  bool cdataEnds_ = true;  // false once the end of a section was sought in vain
 };
 
 }  // namespace brelwin

@@ -1,0 +1,63 @@
+// What holds of feeds whatever comes over the wire. The fuzzers try it with any bytes, the tests with seeded
+// ones.
+#pragma once
+
+#include <algorithm>
+#include <string>
+#include <string_view>
+
+#include "base/encoding.h"
+#include "base/text.h"
+#include "spots/feed_text.h"
+#include "spots/rss_feed_text.h"
+#include "spots/twitter_feed_reader.h"
+
+namespace brelwin::test {
+
+inline const ReadingMoment Noon{*DateTimeFromCalendar({2026, 11, 24, 12, 0, 0}), 0, NumberFormat()};
+
+inline FeedReadResult ReadFeed(std::string_view text, SpotCollection& spots) {
+  FeedReadResult result;
+  CallsignCollection known;
+  ReadFeedText(text, {"", "", 24 * 60, false}, Noon, known, spots, result);
+  return result;
+}
+
+// A feed that is cut anywhere gives the first spots of the whole one, and never claims to be whole when what
+// is missing holds spots.
+inline bool CutFeedGivesFirstSpots(std::string_view bytes, std::size_t cut) {
+  const auto text = TextFromBytes(bytes);
+  SpotCollection whole;
+  SpotCollection first;
+  ReadFeed(text, whole);
+  const auto result = ReadFeed(std::string_view(text).substr(0, std::min(cut, text.size())), first);
+  if (first.Count() > whole.Count() || (first.Count() < whole.Count() && !IsFailure(result.End)))
+    return false;
+  auto expected = whole.begin();
+  return std::all_of(first.begin(), first.end(), [&](const auto& entry) {
+    const auto& spot = *(expected++)->Item;
+    return spot.ID == entry.Item->ID && spot.Comment == entry.Item->Comment;
+  });
+}
+
+// Text without control characters and outer blanks reads back from its escaped form.
+inline bool EscapedTextReadsBack(std::string_view bytes) {
+  std::string text = TextFromBytes(bytes);
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x20 || c == 0x7F; },
+      '.');
+  text = Trim(text);
+  const auto escaped = Replace(Replace(Replace(text, "&", "&amp;"), "<", "&#60;"), ">", "&#x3E;");
+  return DecodeFeedText(escaped) == text;
+}
+
+// A search answer gives spots only when it is whole, each of them newer than asked for.
+inline bool SearchAnswerIsAllOrNothing(std::string_view bytes) {
+  FeedReadResult result;
+  CallsignCollection known;
+  SpotCollection spots;
+  ReadTwitterText(TextFromBytes(bytes), {"", "41", 24 * 60}, Noon, known, spots, result);
+  return (result.End == FeedEnd::EndOfFeed || spots.Empty()) && !spots.Contains("41") && !spots.Contains("7");
+}
+
+}  // namespace brelwin::test
