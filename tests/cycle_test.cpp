@@ -1,0 +1,288 @@
+// Stories of the whole program on the test host: what a user sees, hears and finds in the files.
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "base/text.h"
+#include "cycle/command_line.h"
+#include "cycle/handlers.h"
+#include "cycle/program.h"
+#include "cycle/start_up.h"
+#include "feed_text.h"
+#include "test_host.h"
+
+namespace brelwin {
+namespace {
+
+using std::chrono::minutes;
+using std::chrono::seconds;
+using test::FeedItem;
+using test::FeedText;
+using test::ScriptedAnswer;
+
+constexpr auto FeedAddress = "http://feed.test/rss";
+
+const FeedItem Oldest{"G4ABC/P on G/LD-001 @ 7.032 CW", "24 Nov 2026 11:40:00"};
+const FeedItem Middle{"DL1XYZ on DM/BW-042 @ 14.285 SSB", "24 Nov 2026 11:50:00"};
+const FeedItem Newest{"W6ABC on W6/CT-001 @ 10.118 CW", "24 Nov 2026 12:00:30"};
+
+class Story : public ::testing::Test {
+ protected:
+  Story() {
+    Settings(
+        "SecondsBetweenChecks=30\r\nMaximumSpotsInList=200\r\nSotawatchSpotsViaRSS=1\r\nPlaySoundWhen=6\r\n"
+        "AlertSound=chimes.wav\r\n");
+    Host.Disk.Put("/brelwin/chimes.wav", "RIFF");
+    Host.Internet.AnswerAlways(FeedAddress, FeedText({Middle, Oldest}));
+  }
+
+  void Settings(const std::string& general) {
+    Host.Disk.Put("/brelwin/Brelwin.INI", "[General]\r\n" + general +
+                                              "[URLTemplates]\r\nSotawatchRSS=http://feed.test/rss\r\n"
+                                              "Twitter=http://twitter.test/search?since_id=ZZZZ\r\n");
+  }
+
+  void Start(std::string_view commandLine = {}) { Brelwin.Start(commandLine, {}); }
+
+  // The stations of the list's lines, top first.
+  std::vector<std::string> Stations() {
+    std::vector<std::string> stations;
+    for (const auto line : SplitLines(List().Text.Get())) stations.emplace_back(Trim(line.substr(7, 12)));
+    return stations;
+  }
+
+  Screen& Window() { return Brelwin.Controls(); }
+  SpotListBox& List() { return Window().Spots.txtSPOTList; }
+  std::size_t Reads() const { return Host.Internet.Queries.size(); }
+
+  test::TestHost Host;
+  Program Brelwin{Host.World};
+};
+
+using Names = std::vector<std::string>;
+
+TEST_F(Story, ANewSpotAppearsOnTopIsLoggedAndSounded) {
+  Settings(
+      "SecondsBetweenChecks=30\r\nSotawatchSpotsViaRSS=1\r\nPlaySoundWhen=6\r\nAlertSound=chimes.wav\r\n"
+      "EnableLogging1=1\r\nLogFile1=spots.txt\r\nLogFormat1=1\r\n");
+  Start();
+  EXPECT_EQ(Stations(), (Names{"DL1XYZ", "G4ABC/P"}));
+  EXPECT_TRUE(Host.Sound.Played.empty()) << "the first load is silent unless the user asks for it";
+
+  Host.Internet.AnswerAlways(FeedAddress, FeedText({Newest, Middle, Oldest}));
+  Host.Queue.RunFor(seconds(31));
+  EXPECT_EQ(Stations(), (Names{"W6ABC", "DL1XYZ", "G4ABC/P"}));
+  EXPECT_EQ(List().Spots.size(), 3U);
+  EXPECT_EQ(Host.Sound.Played.size(), 1U);
+  Host.Queue.RunFor(minutes(10));
+  const auto log = SplitLines(Host.Disk.Text("/brelwin/spots.txt"));
+  ASSERT_EQ(log.size(), 3U) << "each spot once, however often the feed repeats it";
+  EXPECT_TRUE(Contains(Host.Disk.Text("/brelwin/spots.txt"), "12:00,W6ABC,W6/CT-001,"));
+  EXPECT_EQ(Host.Sound.Played.size(), 1U);
+}
+
+TEST_F(Story, TheIntervalIsThePauseBetweenChecks) {
+  const struct {
+    std::string Text;
+    int ReadsInTwoMinutes;
+  } cases[] = {{"64", 1}, {"65", 24}, {"0", 24}, {"1", 118}};
+  for (const auto& c : cases) {
+    test::TestHost host;
+    host.Disk.Put("/brelwin/Brelwin.INI",
+                  "[General]\r\nSotawatchSpotsViaRSS=1\r\nSecondsBetweenChecks=" + c.Text +
+                      "\r\n[URLTemplates]\r\nSotawatchRSS=http://feed.test/rss\r\n");
+    host.Internet.AnswerAlways(FeedAddress, FeedText({Oldest}));
+    Program program(host.World);
+    program.Start({}, {});
+    const auto before = host.Internet.Queries.size();
+    host.Queue.RunFor(minutes(2));
+    EXPECT_NEAR(static_cast<double>(host.Internet.Queries.size() - before), c.ReadsInTwoMinutes, 1.0)
+        << c.Text;
+  }
+}
+
+TEST_F(Story, TheStartupDelayCountsDownAndThenConnects) {
+  Start("delay=10");
+  EXPECT_EQ(List().Text.Get(), "Internet connections will be initialized in 10 seconds...");
+  EXPECT_FALSE(Window().Spots.cmdReloadSpotList.Enabled);
+  Host.Queue.RunFor(Milliseconds(3200));
+  EXPECT_EQ(List().Text.Get(), "Internet connections will be initialized in 7 seconds...");
+  Host.Queue.RunFor(Milliseconds(6700));
+  EXPECT_EQ(Reads(), 0U);
+  Host.Queue.RunFor(seconds(1));
+  EXPECT_EQ(Stations().size(), 2U);
+  EXPECT_TRUE(Window().Spots.cmdReloadSpotList.Enabled);
+  Host.Queue.RunFor(seconds(31));
+  EXPECT_EQ(Reads(), 2U) << "the countdown's short interval must not go on";
+}
+
+TEST_F(Story, AWallClockThatStepsBackDoesNotHangTheDelay) {
+  Start("5");
+  Host.Time.SetLocalTime(AddMinutes(Host.Time.LocalNow(), -60));
+  Host.Queue.RunFor(seconds(6));
+  EXPECT_EQ(Stations().size(), 2U);
+}
+
+TEST(CommandLine, KnowsTheDelayAndNothingElse) {
+  const struct {
+    std::string_view Text;
+    float Seconds;
+  } cases[] = {{"", 0},       {"delay=15", 15}, {" DELAY= 2.5 ", 2.5F}, {"15", 15},
+               {"DELAY=", 0}, {"DELAY=abc", 0}, {"-console", 0}};
+  for (const auto& c : cases) EXPECT_EQ(ReadStartupDelay(c.Text, {}), c.Seconds) << c.Text;
+}
+
+TEST_F(Story, AnUnreachableFeedIsSaidOnceAndItsReturnToo) {
+  Host.Internet.Forget(FeedAddress);
+  Start();
+  EXPECT_EQ(List().Text.Get(), "Connecting...");
+  Host.Queue.RunFor(minutes(3));
+  const auto linesWhileAway = SplitLines(Host.EventLog()).size();
+  EXPECT_FALSE(Window().Spots.lblStatus.Caption.Get().empty());
+  Host.Internet.AnswerAlways(FeedAddress, FeedText({Middle, Oldest}));
+  Host.Queue.RunFor(minutes(3));
+  EXPECT_EQ(Stations(), (Names{"DL1XYZ", "G4ABC/P"}));
+  EXPECT_EQ(SplitLines(Host.EventLog()).size(), linesWhileAway + 1);
+}
+
+TEST_F(Story, AReloadThatFailsLeavesTheListAndOneThatWorksReplacesIt) {
+  Start();
+  Host.Internet.AnswerAlways(FeedAddress, "");
+  Window().Spots.cmdReloadSpotList.Click();
+  EXPECT_EQ(Stations().size(), 2U);
+  Host.Queue.RunFor(minutes(1));
+  EXPECT_EQ(Stations().size(), 2U);
+  Host.Internet.AnswerAlways(FeedAddress, FeedText({Newest}));
+  Window().Spots.cmdReloadSpotList.Click();
+  EXPECT_EQ(Stations(), Names{"W6ABC"});
+}
+
+TEST_F(Story, QuittingEndsEveryWaitAndUnloadsWhenAllHasReturned) {
+  Host.Internet.Forget(FeedAddress);
+  Host.Internet.Answer(FeedAddress, ScriptedAnswer{.Body = "never", .Delay = minutes(10)});
+  int yields = 0;
+  Host.Queue.OnYield = [&] {
+    if (++yields == 5) Brelwin.Quit();
+  };
+  const auto begin = Host.Time.Now();
+  Start();
+  EXPECT_LT(Host.Time.Now() - begin, seconds(2));
+  EXPECT_TRUE(Host.Queue.HasQuit);
+  const auto log = Host.EventLog();
+  EXPECT_TRUE(log.ends_with("Form_Unload End\r\n")) << log;
+  EXPECT_TRUE(Contains(log, ": Form_QueryUnload\r\n"));
+  EXPECT_FALSE(Window().tmrCheckSpots.Enabled);
+}
+
+TEST_F(Story, QuittingAtAnyYieldEndsTheProgramOnceAndKeepsTheSettings) {
+  for (int quitAt = 1; quitAt < 40; ++quitAt) {
+    test::TestHost host;
+    host.Disk.Put("/brelwin/Brelwin.INI", Host.Disk.Text("/brelwin/Brelwin.INI"));
+    host.Internet.AnswerAlways(FeedAddress, FeedText({Middle, Oldest}));
+    Program program(host.World);
+    int yields = 0;
+    host.Queue.OnYield = [&] {
+      if (++yields == quitAt) program.Quit();
+    };
+    program.Start({}, {});
+    host.Queue.RunFor(minutes(2));
+    if (yields < quitAt) program.Quit();
+    EXPECT_TRUE(host.Queue.HasQuit) << quitAt;
+    const auto log = host.EventLog();
+    EXPECT_TRUE(log.ends_with("Form_Unload End\r\n")) << quitAt;
+    EXPECT_EQ(log.find("Form_Unload End"), log.rfind("Form_Unload End")) << quitAt;
+    EXPECT_TRUE(Contains(host.Disk.Text("/brelwin/Brelwin.INI"), "SecondsBetweenChecks=30")) << quitAt;
+  }
+}
+
+TEST_F(Story, InputThatWouldStartWorkIsDroppedWhileAPageIsRead) {
+  Start();
+  Host.Internet.Answer(FeedAddress,
+                       ScriptedAnswer{.Body = FeedText({Newest, Middle, Oldest}), .Delay = seconds(5)});
+  bool clicked = false;
+  Host.Queue.OnYield = [&] {
+    if (!Host.World.FetchInProgress || clicked) return;
+    clicked = true;
+    Window().Spots.cmdGetSPOTS.Click();
+    Window().Spots.cmdReloadSpotList.Click();
+  };
+  Host.Queue.RunFor(seconds(40));
+  EXPECT_TRUE(clicked);
+  EXPECT_EQ(Reads(), 2U);
+  Host.Queue.OnYield = {};
+  Window().Spots.cmdGetSPOTS.Click();
+  EXPECT_EQ(Reads(), 3U);
+}
+
+TEST_F(Story, TheTwitterFeedAsksForNewerSpotsOnlyAndShowsItsConnection) {
+  Settings("SotawatchSpotsViaRSS=0\r\nSecondsBetweenChecks=30\r\n");
+  Host.Internet.AnswerAlways("http://twitter.test/search?since_id=",
+                             R"x({"results":[{"id_str":"42","created_at":"Tue, 24 Nov 2026 11:58:00 +0000",)x"
+                             R"x("text":"G4ABC/P on G/LD-001 @ 7.032 CW loud (Posted by G4XYZ)"}]})x");
+  Start();
+  EXPECT_EQ(Stations(), Names{"G4ABC/P"});
+  Host.Queue.RunFor(minutes(1));
+  EXPECT_TRUE(Window().Spots.lblNoConnectionToTwitter.Visible);
+  EXPECT_EQ(Host.Internet.Queries.back().Url, "http://twitter.test/search?since_id=42");
+  Window().Spots.chkSOTAWatchSpotsViaRSS.Value = true;
+  Window().Spots.chkSOTAWatchSpotsViaRSS.Click();
+  EXPECT_FALSE(Window().Spots.lblNoConnectionToTwitter.Visible);
+}
+
+TEST_F(Story, TheSettingsBoxesComplainAndTakeEffectAtOnce) {
+  Start();
+  auto& box = Window().Spots.txtSecondsBetweenChecks;
+  for (const auto* refused : {"2", "61", "abc"}) {
+    box.Text = std::string(refused);
+    box.LostFocus();
+    EXPECT_EQ(box.Text.Get(), "30");
+  }
+  ASSERT_EQ(Host.Dialogs.Shown.size(), 3U);
+  EXPECT_EQ(Host.Dialogs.Shown[0].Text, "The Seconds Between Checks for New Spots must be between 3 and 60");
+  EXPECT_EQ(Host.Dialogs.Shown[0].Title, "Settings");
+  Host.Queue.RunFor(seconds(20));
+  box.Text = std::string("60");
+  box.LostFocus();
+  const auto before = Reads();
+  Host.Queue.RunFor(seconds(59));
+  EXPECT_EQ(Reads(), before);
+  Host.Queue.RunFor(seconds(2));
+  EXPECT_EQ(Reads(), before + 1);
+
+  Window().Spots.txtMaximumSpotsInList.Text = std::string("1");
+  Window().Spots.txtMaximumSpotsInList.LostFocus();
+  EXPECT_EQ(Stations(), Names{"DL1XYZ"});
+}
+
+TEST_F(Story, AFullOrReadOnlyDiskStillShowsAndSounds) {
+  Host.Disk.ReadOnly = true;
+  Start();
+  EXPECT_EQ(Stations().size(), 2U);
+  Host.Internet.AnswerAlways(FeedAddress, FeedText({Newest, Middle, Oldest}));
+  Host.Queue.RunFor(minutes(1));
+  EXPECT_EQ(Stations().size(), 3U);
+  EXPECT_EQ(Host.Sound.Played.size(), 1U);
+  Brelwin.Quit();
+  EXPECT_TRUE(Host.Queue.HasQuit);
+}
+
+TEST_F(Story, AWeekOfChecksRepeatsAndLosesNothing) {
+  Settings("SecondsBetweenChecks=64\r\nSotawatchSpotsViaRSS=1\r\n");
+  Start();
+  std::vector<FeedItem> items{Middle, Oldest};
+  for (int day = 0; day < 7; ++day) {
+    const auto now = CalendarFromDateTime(Host.Time.LocalNow());
+    const auto two = [](int value) { return (value < 10 ? "0" : "") + std::to_string(value); };
+    items.insert(items.begin(), FeedItem{"G4ABC/P on G/LD-001 @ 7.032 CW",
+                                         two(now.Day) + " " + (now.Month == 11 ? "Nov" : "Dec") + " 2026 " +
+                                             two(now.Hour) + ":" + two(now.Minute) + ":" + two(now.Second)});
+    Host.Internet.AnswerAlways(FeedAddress, FeedText(items));
+    Host.Queue.RunFor(std::chrono::hours(24));
+  }
+  EXPECT_EQ(Stations().size(), 9U);
+  EXPECT_EQ(List().Spots.size(), 9U);
+}
+
+}  // namespace
+}  // namespace brelwin
