@@ -1,0 +1,40 @@
+// The program for machines without a display.
+#include <QCoreApplication>
+#include <csignal>
+#include <memory>
+
+#include "console/spot_printer.h"
+#include "console/stderr_dialogs.h"
+#include "qt/ports/application_start.h"
+#include "qt/ports/line_output.h"
+#include "qt/ports/program_run.h"
+
+namespace {
+
+using namespace brelwin;
+
+int Run(const std::string& commandLine) {
+  StderrDialogs dialogs;
+  const auto folder = TakeProgramFolder();
+  if (!folder.Complaint.empty()) {
+    dialogs.ShowMessage(folder.Complaint, "Brelwin", MessageIcon::Exclamation);
+    return 1;
+  }
+  LineOutput output(1);
+  DesktopHost host(folder.Path, dialogs);
+  Program program(host.World());
+  const SpotPrinter printer(program.Controls(), [&output](std::string_view line) { output.Write(line); });
+  RunUntilQuit(host, program, commandLine);
+  return 0;
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  std::signal(SIGPIPE, SIG_IGN);  // a reader that is gone must not end the logs
+  const auto commandLine = CommandLine(argumentCount, arguments);
+  int forToolkit = 1;  // its own options are none of the program's
+  std::unique_ptr<QCoreApplication> application;
+  MakeApplication([&] { application = std::make_unique<QCoreApplication>(forToolkit, arguments); });
+  LeaveProcess(Run(commandLine));
+}

@@ -1,0 +1,44 @@
+// The program with its window.
+#include <QApplication>
+#include <memory>
+
+#include "qt/ports/application_start.h"
+#include "qt/ports/program_run.h"
+#include "qt/window/program_icon.h"
+#include "qt/window/program_window.h"
+#include "qt/window/text_viewer.h"
+#include "qt/window/window_dialogs.h"
+
+namespace {
+
+using namespace brelwin;
+
+// Shown when there is no program yet that could show it.
+int Refuse(const std::string& complaint) {
+  WindowDialogs().ShowMessage(complaint, "Brelwin", MessageIcon::Exclamation);
+  QApplication::exec();
+  return 1;
+}
+
+int Run(const std::string& commandLine) {
+  const auto folder = TakeProgramFolder();
+  if (!folder.Complaint.empty()) return Refuse(folder.Complaint);
+  WindowDialogs dialogs;
+  const SystemFiles files;
+  DesktopHost host(folder.Path, dialogs, [&](std::string_view path) { return ShowTextFile(files, path); });
+  Program program(host.World());
+  ProgramWindow window(program.Controls(), [&program] { program.Quit(); });
+  RunUntilQuit(host, program, commandLine);
+  return 0;
+}
+
+}  // namespace
+
+int main(int argumentCount, char** arguments) {
+  const auto commandLine = CommandLine(argumentCount, arguments);
+  int forToolkit = 1;  // its own options are none of the program's
+  std::unique_ptr<QApplication> application;
+  MakeApplication([&] { application = std::make_unique<QApplication>(forToolkit, arguments); });
+  QApplication::setWindowIcon(ProgramIcon());
+  LeaveProcess(Run(commandLine));
+}
