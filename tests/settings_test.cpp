@@ -2,10 +2,12 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <random>
 #include <set>
 
 #include "core/scrambling.h"
 #include "faulty_files.h"
+#include "file_properties.h"
 #include "platform/profile_text.h"
 #include "settings/settings.h"
 #include "settings/settings_table.h"
@@ -262,6 +264,32 @@ TEST(Settings, AFullDiskIsLoggedAndTheNextSaveWritesEverything) {
   host.Disk.FailAtCall = 0;
   EXPECT_TRUE(run.File.SaveSettings());
   EXPECT_EQ(run.Stored("General", "FilterBand"), "20");
+}
+
+TEST(Settings, SavingAnyFileLosesNothing) {
+  std::mt19937 generator(1);
+  std::vector<std::string> pieces = {"[General]\n",
+                                     "[Gateway]\r\n",
+                                     "[ReverseBeaconNetwork]\n",
+                                     "\n",
+                                     "; note\n",
+                                     "=",
+                                     "'",
+                                     "\"",
+                                     " ",
+                                     "\t",
+                                     "9",
+                                     "1",
+                                     "x",
+                                     "\xC3\xA9",
+                                     "\xE9",
+                                     "]"};
+  for (const auto& row : SettingsTable()) pieces.push_back("\n" + std::string(row.Key) + "=");
+  for (int round = 0; round < 150; ++round) {
+    std::string file;
+    for (auto count = generator() % 60; count > 0; --count) file += pieces[generator() % pieces.size()];
+    ASSERT_EQ(test::BreachOfSettingsSave(file, pieces[generator() % 14]), "") << file;
+  }
 }
 
 TEST(Faults, PowerOffAtAnyFileCallOfASaveLeavesTheOldOrTheNewFile) {
