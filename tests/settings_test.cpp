@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <fstream>
 #include <random>
 #include <set>
 
@@ -51,6 +52,28 @@ TEST(SettingsTable, GivesEveryKeyItsOwnPlace) {
           }
         },
         row.Target);
+  }
+}
+
+// The line of the user guide that has the key in backticks, in the chapter of its section.
+std::string GuideLine(const std::string& guide, const SettingRow& row) {
+  const auto chapter = guide.find("\n### [" + std::string(row.Section) + "]\n");
+  const auto key = guide.find("`" + std::string(row.Key) + "`", chapter);
+  if (chapter == std::string::npos || key == std::string::npos || guide.find("\n### [", chapter + 1) < key)
+    return {};
+  const auto begin = guide.rfind('\n', key) + 1;
+  return guide.substr(begin, guide.find('\n', key) - begin);
+}
+
+TEST(SettingsTable, IsInTheUserGuideWithItsDefaults) {
+  std::ifstream file(BRELWIN_USER_GUIDE);
+  const std::string guide{std::istreambuf_iterator<char>(file), {}};
+  ASSERT_FALSE(guide.empty());
+  for (const auto& row : SettingsTable()) {
+    const auto line = GuideLine(guide, row);
+    EXPECT_NE(line, "") << row.Section << " " << row.Key;
+    for (const auto value : {row.DesignValue, row.Fallback})
+      EXPECT_TRUE(value.empty() || Contains(line, "`" + std::string(value) + "`")) << row.Key << " " << value;
   }
 }
 
