@@ -81,6 +81,7 @@ TEST(ProfileText, WritesInPlaceAndKeepsEverythingElse) {
            Case{"[s]\n\n[s]\nk=1\n", "S", "K", "v", "[s]\nK=v\n\n[s]\nk=1\n"},
            Case{"[t]\nlast", "S", "K", "", "[t]\nlast\n[S]\nK=\n"},
            Case{"[S]", "S", "K", "v", "[S]\r\nK=v\r\n"},
+           Case{"[S]\r\na=1\r", "S", "K", "v", "[S]\r\na=1\r\nK=v\r\n"},
            Case{"caf\xE9\n[s]\nk=\xE9\n\xE9=1", "S", "K", "\xC3\xA9", "caf\xE9\n[s]\nk=\xE9\n\xE9=1"},
            Case{"caf\xE9\n[s]\nk=\xE9\n", "S", "K", "\xC3\xA8", "caf\xE9\n[s]\nK=\xC3\xA8\n"},
            Case{"", "S", "K", "\"v\"", "[S]\r\nK=\"\"v\"\"\r\n"},

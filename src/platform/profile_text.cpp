@@ -122,12 +122,16 @@ std::string_view LineEndOf(std::string_view text) {
   return "\n";
 }
 
+// What the line before `position` lacks to be a finished one; a file may be cut between CR and LF.
+std::string_view MissingLineEnd(std::string_view text, std::size_t position) {
+  if (position == 0 || text == ByteOrderMark || text[position - 1] == '\n') return {};
+  return text[position - 1] == '\r' ? "\n" : LineEndOf(text);
+}
+
 // Puts a new line behind the one that ends at `position`, which may lack its own line end.
 void InsertLine(std::string& text, std::size_t position, const std::string& line) {
-  const auto end = LineEndOf(text);
-  const bool isOpen = position > 0 && text[position - 1] != '\n' && text != ByteOrderMark;
-  std::string inserted = isOpen ? std::string(end) : std::string();
-  inserted.append(line).append(end);
+  std::string inserted(MissingLineEnd(text, position));
+  inserted.append(line).append(LineEndOf(text));
   text.insert(position, inserted);
 }
 

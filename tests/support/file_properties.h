@@ -76,10 +76,15 @@ inline bool KeepsForeignLines(std::string_view before, std::string_view after) {
   const auto isOurs = [](std::string_view line) {
     return std::any_of(SettingsTable().begin(), SettingsTable().end(), [&](const SettingRow& row) {
       return line.find('=') != std::string_view::npos &&
-             EqualsIgnoringCase(row.Key,
-                                line.substr(line.find_first_not_of(" \t\xEF\xBB\xBF"), row.Key.size()));
+             EqualsIgnoringCase(row.Key, line.substr(line.find_first_not_of(" \t"), row.Key.size()));
     });
   };
+  constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+  if (before.starts_with(ByteOrderMark) != after.starts_with(ByteOrderMark)) return false;
+  if (before.starts_with(ByteOrderMark)) {
+    before.remove_prefix(ByteOrderMark.size());
+    after.remove_prefix(ByteOrderMark.size());
+  }
   const auto linesAfter = SplitLines(after);
   auto next = linesAfter.begin();
   for (const auto line : SplitLines(before)) {
