@@ -1,30 +1,12 @@
 #include "spots/feed_text.h"
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <optional>
 
 #include "base/encoding.h"
-#include "base/text.h"
+#include "base/entities.h"
 
 namespace brelwin {
 namespace {
-
-constexpr std::size_t LongestEntity = 12;
-
-struct Entity {
-  char32_t CodePoint = 0;
-  std::size_t Length = 0;  // in the text, with "&" and ";"
-};
-
-struct NamedEntity {
-  std::string_view Name;
-  char32_t CodePoint;
-};
-
-constexpr std::array<NamedEntity, 5> NamedEntities = {
-    {{"amp", U'&'}, {"lt", U'<'}, {"gt", U'>'}, {"quot", U'"'}, {"apos", U'\''}}};
 
 bool IsControl(char32_t codePoint) {
   return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
@@ -32,33 +14,6 @@ bool IsControl(char32_t codePoint) {
 
 bool IsControlByte(char c) {
   return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-}
-
-std::optional<char32_t> CodePointOfNumber(std::string_view number) {
-  const bool hexadecimal = number.starts_with('x') || number.starts_with('X');
-  if (hexadecimal) number.remove_prefix(1);
-  std::uint32_t value = 0;
-  const auto end = number.data() + number.size();
-  const auto result = std::from_chars(number.data(), end, value, hexadecimal ? 16 : 10);
-  if (result.ec != std::errc() || result.ptr != end) return {};
-  return static_cast<char32_t>(value);
-}
-
-std::optional<char32_t> CodePointOfName(std::string_view name) {
-  if (name.starts_with('#')) return CodePointOfNumber(name.substr(1));
-  for (const auto& entity : NamedEntities) {
-    if (name == entity.Name) return entity.CodePoint;
-  }
-  return {};
-}
-
-// The entity at the start of the text, which begins with "&".
-std::optional<Entity> EntityAt(std::string_view text) {
-  const auto semicolon = text.substr(0, LongestEntity).find(';');
-  if (semicolon == std::string_view::npos) return {};
-  const auto codePoint = CodePointOfName(text.substr(1, semicolon - 1));
-  if (!codePoint) return {};
-  return Entity{*codePoint, semicolon + 1};
 }
 
 bool IsWhiteSpace(char c) {
