@@ -50,6 +50,7 @@ std::string InternetTransfer::OpenURL(std::string_view theURL) {
   lastStatus_ = false;
   lastErrorMessage_ = "Unable to open URL";
   lastStatusCode_ = 0;
+  lastBodyLength_ = 0;
   lastTransportError_ = "Another page is being read";
   if (host_.FetchInProgress) return {};
 
@@ -66,6 +67,7 @@ std::string InternetTransfer::Fetch(std::string_view theURL) {
   lastStatus_ = lastStatusCode_ != 0;
   if (!lastStatus_) return {};
   lastErrorMessage_.clear();
+  lastBodyLength_ = request->Body().size();
   return TextFromBytes(request->Body());
 }
 

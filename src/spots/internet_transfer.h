@@ -1,6 +1,7 @@
 // The one way in which the program reads a web page or feed.
 #pragma once
 
+#include <cstddef>
 #include <string>
 #include <string_view>
 
@@ -27,6 +28,9 @@ class InternetTransfer {
   int LastStatusCode() const { return lastStatusCode_; }
   const std::string& LastTransportError() const { return lastTransportError_; }
 
+  // Length of the last body as it came, in bytes.
+  std::size_t LastBodyLength() const { return lastBodyLength_; }
+
  private:
   std::string Fetch(std::string_view theURL);
 
@@ -35,6 +39,7 @@ class InternetTransfer {
   std::string lastErrorMessage_;
   int lastStatusCode_ = 0;
   std::string lastTransportError_;
+  std::size_t lastBodyLength_ = 0;
 };
 
 }  // namespace brelwin
