@@ -158,6 +158,20 @@ std::vector<ProfileEntry> ReadProfileSection(std::string_view text, std::string_
   return entries;
 }
 
+std::vector<ProfileSection> SplitProfile(std::string_view text) {
+  std::vector<ProfileSection> sections;
+  std::size_t begin = 0;
+  LineReader reader(text);
+  while (const auto line = reader.Next()) {
+    if (const auto name = SectionName(line->Content)) {
+      sections.push_back({*name, {}});
+      begin = line->Begin;
+    }
+    if (!sections.empty()) sections.back().Text = text.substr(begin, line->Next - begin);
+  }
+  return sections;
+}
+
 bool WriteProfileValue(std::string& text, std::string_view section, std::string_view key,
                        std::string_view value) {
   section = TrimBlanksAndTabs(section);

@@ -33,4 +33,13 @@ std::vector<ProfileEntry> ReadProfileSection(std::string_view text, std::string_
 bool WriteProfileValue(std::string& text, std::string_view section, std::string_view key,
                        std::string_view value);
 
+// A section: its name, and its lines from "[name]" up to the next section.
+struct ProfileSection {
+  std::string_view Name;
+  std::string_view Text;
+};
+
+// The sections in their order, also those whose name came before. They point into `text`.
+std::vector<ProfileSection> SplitProfile(std::string_view text);
+
 }  // namespace brelwin
