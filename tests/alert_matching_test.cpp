@@ -1,6 +1,7 @@
 // Which alerts a spot belongs to.
 #include <gtest/gtest.h>
 
+#include "alerts/match_explanation.h"
 #include "alerts/matching.h"
 #include "radio/dates.h"
 #include "test_host.h"
@@ -19,7 +20,8 @@ class Matching : public ::testing::Test {
                 std::string station = "G4ABC") {
     SOTAAlert alert;
     alert.AlertKey = alert.ID = std::move(key);
-    alert.stationBaseCallsign = std::move(station);
+    alert.Station = alert.stationBaseCallsign = std::move(station);
+    alert.SummitDesignator = "G/LD-001";
     if (!time.empty()) SetAlertDateAndTime(alert, Time(time));
     alert.MaxMinutesBeforeAlertTime = before;
     alert.MaxMinutesAfterAlertTime = after;
@@ -85,6 +87,38 @@ TEST_F(Matching, StationsAreComparedExactlyAndTheMissingTimeIsNow) {
   EXPECT_EQ(outside, 1);
   EXPECT_FALSE(GetBestMatchedAlert(host_.World, "M0XYZ", {}, alerts_, filter_, outside));
   EXPECT_EQ(outside, 0);
+}
+
+TEST_F(Matching, ItIsExplainedInWords) {
+  Spot spot;
+  spot.stationBaseCallsign = "G4ABC";
+  const auto explain = [&](const std::string& clock) {
+    return ExplainMatch(spot, Time(clock), alerts_, filter_);
+  };
+  EXPECT_EQ(explain("10:00").Text, "No match: no alert is for G4ABC.");
+  AddAlert("none", "");
+  EXPECT_EQ(explain("10:00").Text,
+            "No match: the alert of G4ABC for an unreadable time on G/LD-001 cannot be placed in time.");
+  AddAlert("a", "10:00");
+  AddAlert("own", "20:00", 0, 1);
+  EXPECT_EQ(
+      explain("09:01").Text,
+      "Matches the alert of G4ABC for 2026-11-24 10:00 UTC on G/LD-001: 59 minutes before the alert time "
+      "(window 60 minutes before to 90 minutes after).");
+  EXPECT_EQ(explain("20:03").Text,
+            "No match: 2 minutes outside the nearest of 3 alerts, G4ABC for 2026-11-24 20:00 UTC on G/LD-001 "
+            "(window 60 minutes before to 1 minute after, its own).");
+  EXPECT_EQ(explain("20:03").MinutesOutside, 2);
+
+  auto cancelled = *alerts_.Find("a");
+  alerts_.Remove("a");
+  alerts_.NoteWithdrawn(std::make_shared<const SOTAAlert>(cancelled), Withdrawal::Cancelled);
+  EXPECT_EQ(explain("10:00").Verdict, MatchVerdict::Withdrawn);
+  EXPECT_EQ(
+      explain("10:00").Text,
+      "No match: the alert of G4ABC for 2026-11-24 10:00 UTC on G/LD-001 was cancelled by its activator.");
+  EXPECT_EQ(explain("08:00").Verdict, MatchVerdict::OutsideWindow);
+  EXPECT_EQ(explain("19:00").Verdict, MatchVerdict::Matched);
 }
 
 }  // namespace

@@ -9,18 +9,11 @@
 #include <vector>
 
 #include "alerts/alert_collection.h"
+#include "alerts/alert_window.h"
 #include "platform/host.h"
 #include "ui/spot_filter.h"
 
 namespace brelwin {
-
-// Minutes before and after the alert time in which a spot matches.
-struct AlertWindow {
-  std::int32_t MinutesBefore = 0;
-  std::int32_t MinutesAfter = 0;
-
-  bool operator==(const AlertWindow&) const = default;
-};
 
 struct AlertMatches {
   std::vector<AlertPointer> Alerts;              // the matching alerts in collection order

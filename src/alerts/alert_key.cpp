@@ -1,0 +1,38 @@
+#include "alerts/alert_key.h"
+
+#include "base/encoding.h"
+#include "base/text.h"
+#include "radio/dates.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::size_t CommentLength = 10;
+
+std::string PageKey(const SOTAAlert& alert, std::string_view lastPart) {
+  const auto& time = alert.UTCAlertDateAndTime;
+  std::string key = time ? DateTimeText(*time) : std::string();
+  key.append("_").append(alert.stationBaseCallsign).append("_").append(alert.SummitDesignator);
+  return DelimitedField(key.append("_").append(lastPart));
+}
+
+}  // namespace
+
+std::string CustomWindowKey(const SOTAAlert& alert) {
+  return PageKey(alert, "!CUSTOM_WINDOW!");
+}
+
+std::string CommentKey(const SOTAAlert& alert) {
+  const auto letters = Replace(alert.Comment, " ", "");
+  return PageKey(alert, FirstCharacters(letters, CommentLength));
+}
+
+std::string SpotAlertKey(const SOTAAlert& alert) {
+  const auto& time = alert.UTCAlertDateAndTime;
+  std::string key = "!SPOT_ALERT!_";
+  key.append(time ? CompactMinutesText(*time) : std::string());
+  key.append("_").append(alert.stationBaseCallsign).append("_").append(alert.SummitDesignator);
+  return DelimitedField(key);
+}
+
+}  // namespace brelwin

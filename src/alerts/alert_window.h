@@ -1,0 +1,49 @@
+// The window of time around an alert: the user's, a station's own from the overrides file, or the activator's
+// from the markers "S-" and "S+" in the comment.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+#include "platform/host.h"
+
+namespace brelwin {
+
+// Minutes before and after the alert time in which a spot matches. Below 1 means the user's own.
+struct AlertWindow {
+  std::int32_t MinutesBefore = 0;
+  std::int32_t MinutesAfter = 0;
+
+  bool operator==(const AlertWindow&) const = default;
+};
+
+// The windows that "SOTAAlertDurationOverrides.ini" gives to stations, read once.
+class DurationOverrides {
+ public:
+  // A missing or unreadable file gives no overrides.
+  static DurationOverrides Load(const Host& host);
+
+  // The station's window; zeroes when it has none.
+  AlertWindow Of(std::string_view baseCallsign) const;
+
+ private:
+  std::unordered_map<std::string, AlertWindow> windows_;
+};
+
+// The window of an alert as announced, and whether it is the activator's own or an override, not the user's.
+struct AnnouncedWindow {
+  AlertWindow Window;
+  bool IsCustom = false;
+};
+
+// The override, amended by the markers in the comment: "S-1.5" opens the window 90 minutes before the alert
+// time, "S+2" closes it 120 minutes after it.
+AnnouncedWindow WindowOfAlert(const AlertWindow& override, std::string_view comment);
+
+// The number behind the first such marker, whatever its letter case: digits and "." up to the first other
+// character, blanks left out. 0 without one. A number too large for the type is held at the largest.
+float NumberAfterMarker(std::string_view text, std::string_view marker);
+
+}  // namespace brelwin

@@ -1,0 +1,144 @@
+#include "alerts/alerts_page.h"
+
+#include "alerts/alert_key.h"
+#include "alerts/alert_window.h"
+#include "alerts/alerts_page_reader.h"
+#include "alerts/modifications.h"
+#include "alerts/withdrawal.h"
+#include "base/encoding.h"
+#include "core/data_files.h"
+#include "core/trap.h"
+#include "radio/callsign.h"
+#include "radio/dates.h"
+#include "spots/internet_transfer.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::string_view Procedure = "GetAlertsFromSotawatchHTMLPage";
+constexpr std::int32_t Success = -1;
+constexpr std::int32_t NothingRead = 0;
+constexpr std::int32_t NotFetched = -100;
+
+void LogMessage(Host& host, std::string_view message) {
+  LogEvent(host, std::string(Procedure).append(" - ").append(message));
+}
+
+// Collects the alerts of one page.
+class Scrape {
+ public:
+  Scrape(Host& host, Modifications& modifications)
+      : host_(host), overrides_(DurationOverrides::Load(host)), modifications_(modifications) {}
+
+  void Take(const AnnouncedActivation& activation) {
+    for (const auto& station : activation.Stations) TakeStation(activation.Alert, station);
+  }
+
+  AlertCollection&& Result() { return std::move(alerts_); }
+
+ private:
+  void TakeStation(const SOTAAlert& announced, const std::string& station) {
+    auto alert = std::make_shared<SOTAAlert>(announced);
+    alert->Station = station;
+    alert->stationBaseCallsign = GetBaseCallsign(station);
+    const auto window = WindowOfAlert(overrides_.Of(alert->stationBaseCallsign), alert->Comment);
+    alert->MaxMinutesBeforeAlertTime = window.Window.MinutesBefore;
+    alert->MaxMinutesAfterAlertTime = window.Window.MinutesAfter;
+    alert->AlertKey = alert->ID = window.IsCustom ? CustomWindowKey(*alert) : CommentKey(*alert);
+    switch (WithdrawalIn(alert->Comment)) {
+      case Withdrawal::Cancelled:
+        return Withdraw(std::move(alert), Withdrawal::Cancelled, "A cancelled alert was not saved:");
+      case Withdrawal::OptedOut:
+        return Withdraw(std::move(alert), Withdrawal::OptedOut,
+                        "An alert containing NOTARNLINK/RBNN was not saved:");
+      case Withdrawal::RemovedByEntry:
+      case Withdrawal::None: return Keep(std::move(alert), window.IsCustom);
+    }
+  }
+
+  // An activator who writes over the words that gave the alert its own window must not come back through the
+  // entry that they made.
+  void Withdraw(AlertPointer alert, Withdrawal reason, std::string_view message) {
+    LogMessage(host_, message);
+    LogEvent(host_, DelimitedData(*alert));
+    modifications_.RemoveEntries(CustomWindowKey(*alert));
+    alerts_.NoteWithdrawn(std::move(alert), reason);
+  }
+
+  // A deletion in the file is the activator's later word, so it is left alone.
+  void Keep(AlertPointer alert, bool hasCustomWindow) {
+    if (!alerts_.Add(alert) || !hasCustomWindow || modifications_.HoldsDeletion(alert->ID)) return;
+    modifications_.RemoveEntries(alert->ID);
+    modifications_.AddEntry(ModificationCommand::Add, *alert);
+  }
+
+  Host& host_;
+  DurationOverrides overrides_;
+  Modifications& modifications_;
+  AlertCollection alerts_;
+};
+
+void LearnActivators(Host& host, const CallsignCollection& stations, CallsignCollection& knownActivators) {
+  constexpr std::size_t ShortestCallsign = 3;
+  std::vector<std::string> learned;
+  for (const auto& [key, station] : stations) {
+    if (CharacterCount(station) >= ShortestCallsign && knownActivators.Add(station, station))
+      learned.push_back(station);
+  }
+  const auto list = InProgramFolder(host, "SOTAActivators.txt");
+  if (FileExists(host, list)) AppendCallsigns(host, list, learned);
+}
+
+void LogThatNothingWasParsed(Host& host, std::size_t bodyLength) {
+  LogEvent(host, "");
+  LogMessage(host, "Alert HTML was downloaded from Sotawatch (" + std::to_string(bodyLength) +
+                       " bytes) but NO alerts were successfully parsed.");
+}
+
+std::int32_t TakePage(Host& host, std::string_view text, std::size_t bodyLength,
+                      const AlertsPageRequest& request, AlertCollection& alerts,
+                      CallsignCollection& knownActivators) {
+  const auto utcNow = UTCNow(host.Time);
+  const auto page = ReadAlertsPage(text, {utcNow, host.Time.LocalNow(), request.MaximumHoursAhead});
+  auto modifications = Modifications::Load(host, "", utcNow, request.DefaultAfterWindow);
+  Scrape scrape(host, modifications);
+  for (const auto& activation : page.Activations) scrape.Take(activation);
+  if (page.Activations.empty()) LogThatNothingWasParsed(host, bodyLength);
+  modifications.Save(host);
+  if (!page.HasDays) return Success;
+  alerts = scrape.Result();
+  alerts.SetRead();
+  modifications.ApplyTo(alerts);
+  LearnActivators(host, alerts.Stations(), knownActivators);
+  return Success;
+}
+
+}  // namespace
+
+std::int32_t GetAlertsFromSotawatchHTMLPage(Host& host, const AlertsPageRequest& request,
+                                            AlertCollection& alerts, CallsignCollection& knownActivators,
+                                            std::string& errorText) {
+  errorText.clear();
+  InternetTransfer transfer(host);
+  const auto page = transfer.OpenURL(request.Url);
+  if (!transfer.LastStatus()) {
+    errorText = transfer.LastErrorMessage();
+    return NotFetched;
+  }
+  return TakeAlertsFromPage(host, page, transfer.LastBodyLength(), request, alerts, knownActivators,
+                            errorText);
+}
+
+std::int32_t TakeAlertsFromPage(Host& host, std::string_view page, std::size_t bodyLength,
+                                const AlertsPageRequest& request, AlertCollection& alerts,
+                                CallsignCollection& knownActivators, std::string& errorText) {
+  errorText.clear();
+  if (page.empty()) {
+    LogMessage(host, "Attempted to download Alert HTML from Sotawatch but ZERO bytes received.");
+    return NothingRead;
+  }
+  return LogErrors(host, Procedure, NothingRead,
+                   [&] { return TakePage(host, page, bodyLength, request, alerts, knownActivators); });
+}
+
+}  // namespace brelwin

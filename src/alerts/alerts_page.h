@@ -1,0 +1,34 @@
+// Reads the alerts page into the alerts of the program, amended by the overrides file, the activators' own
+// words and the modifications file.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "alerts/alert_collection.h"
+#include "platform/host.h"
+
+namespace brelwin {
+
+struct AlertsPageRequest {
+  std::string Url;
+  std::int32_t DefaultAfterWindow = 0;  // minutes; of modifications whose alert has no window of its own
+  std::int32_t MaximumHoursAhead = 0;   // reading stops at the first alert farther ahead; 0: nowhere
+};
+
+// Fetches the page, yielding meanwhile, and replaces the alerts with what it announces. New activators are
+// added to the known ones and to "SOTAActivators.txt" when there is such a file. Returns -1 when it ran to
+// the end, 0 when the page came empty or an error ended it, -100 when it could not be fetched, with the error
+// text. In the last two cases, and for a page without any day heading, the alerts stay as they are.
+std::int32_t GetAlertsFromSotawatchHTMLPage(Host& host, const AlertsPageRequest& request,
+                                            AlertCollection& alerts, CallsignCollection& knownActivators,
+                                            std::string& errorText);
+
+// The same for a page that was fetched already. `bodyLength` is the length of what came, in bytes.
+std::int32_t TakeAlertsFromPage(Host& host, std::string_view page, std::size_t bodyLength,
+                                const AlertsPageRequest& request, AlertCollection& alerts,
+                                CallsignCollection& knownActivators, std::string& errorText);
+
+}  // namespace brelwin

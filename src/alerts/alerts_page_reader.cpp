@@ -1,0 +1,168 @@
+#include "alerts/alerts_page_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <limits>
+#include <optional>
+
+#include "alerts/page_markup.h"
+#include "base/text.h"
+#include "radio/callsign.h"
+#include "radio/dates.h"
+#include "radio/numbers.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::string_view HeadingBegin = "<span class=\"alertDate\">";
+constexpr std::string_view TableBegin = "<table class=\"spots\">";
+constexpr std::string_view TableEnd = "</table>";
+constexpr std::string_view PopUpBegin = "<tr onMouseOver=\"return overlib('";
+constexpr std::string_view PopUpEnd = "',";
+constexpr std::string_view CommentBegin = "<span class=\"comment\">";
+constexpr std::string_view PosterBegin = "<span class=\"poster\">";
+constexpr std::string_view SpanEnd = "</span>";
+
+std::string WithoutEach(std::string text, std::initializer_list<std::string_view> parts,
+                        std::string_view with = "") {
+  for (const auto part : parts) text = Replace(text, part, with);
+  return text;
+}
+
+template <class Integer>
+Integer TruncatedNumber(std::string_view text) {
+  using Limits = std::numeric_limits<Integer>;
+  return static_cast<Integer>(std::clamp<double>(ToDouble(text), Limits::min(), Limits::max()));
+}
+
+// "Tuesday 24th November 2026", whatever the first word is.
+std::optional<DateTime> DateOfHeading(std::string_view heading) {
+  const auto text = PlainText(heading);
+  std::string_view rest = text;
+  TakeWord(rest);
+  auto date = WithoutEach(std::string(TakeWord(rest)), {"st", "nd", "rd", "th"});
+  date.append(" ").append(TakeWord(rest));
+  date.append(" ").append(TakeWord(rest));
+  return ReadDateTime(date);
+}
+
+// Sets what depends on both; a time with a zone may lead into a day beside.
+void SetTime(SOTAAlert& alert, std::string_view text) {
+  constexpr std::int64_t SecondsPerDay = 86400;
+  alert.UTCAlertTimeStr = text;
+  const auto time = ReadDateTime(text);
+  const auto midnight = *DateTimeFromCalendar({1899, 12, 30, 0, 0, 0});
+  if (!time || std::abs(time->Seconds - midnight.Seconds) >= 2 * SecondsPerDay) return;
+  alert.UTCAlertTime = time;
+  if (alert.UTCAlertDate)
+    alert.UTCAlertDateAndTime = AddSeconds(*alert.UTCAlertDate, time->Seconds - midnight.Seconds);
+}
+
+void SetSummit(SOTAAlert& alert, std::string_view raw) {
+  const auto blanked = WithoutEach(WithBlanks(raw), {"points", "point"});
+  auto text = Trim(blanked);
+  if (text.ends_with('.')) text = Trim(text.substr(0, text.size() - 1));
+  alert.SummitDescription = PlainText(text);
+  alert.SummitName = PlainText(TakePart(text, ','));
+  alert.SummitElevationInMeters =
+      TruncatedNumber<std::int32_t>(Replace(PlainText(TakePart(text, ',')), "m", ""));
+  alert.SummitPoints = TruncatedNumber<std::int16_t>(PlainText(TakePart(text, ',')));
+}
+
+void SetPopUp(SOTAAlert& alert, std::string_view raw) {
+  constexpr std::string_view SummitMark = "Summit:";
+  const auto text =
+      WithoutEach(WithoutEach(std::string(raw), {"<strong>", "</strong>", "<br>"}, " "), {"Operator:"});
+  const auto mark = std::min(text.find(SummitMark), text.size());
+  alert.OperatorName = PlainText(std::string_view(text).substr(0, mark));
+  if (mark < text.size()) SetSummit(alert, std::string_view(text).substr(mark + SummitMark.size()));
+}
+
+// "callsign on <a …>summit</a>".
+void SetStationsAndSummit(AnnouncedActivation& activation, std::string_view cell) {
+  constexpr std::string_view On = " on ";
+  const auto on = cell.find(On);
+  std::string second;
+  const auto first = GetBaseCallsign(PlainText(cell.substr(0, on)), second);
+  if (!first.empty()) activation.Stations.push_back(first);
+  if (!second.empty() && second != first) activation.Stations.push_back(second);
+  if (on == std::string_view::npos) return;
+  auto link = cell.substr(on + On.size());
+  activation.Alert.SummitDesignator = PlainText(TakeBetween(link, ">", "<").value_or(""));
+}
+
+void SetCells(AnnouncedActivation& activation, std::string_view cells) {
+  std::array<std::string, 3> texts;
+  for (auto& text : texts) {
+    const auto cell = TakeCell(cells);
+    if (!cell) break;
+    text = WithoutEach(WithoutEach(WithBlanks(*cell), {"&nbsp;"}), {"<strong>", "</strong>"}, " ");
+  }
+  SetTime(activation.Alert, PlainText(texts[0]));
+  SetStationsAndSummit(activation, texts[1]);
+  activation.Alert.FrequencyModes = PlainText(texts[2]);
+}
+
+// "(Posted by callsign)".
+std::string PosterOf(std::string_view raw) {
+  const auto text = PlainText(WithoutEach(std::string(raw), {"(", ")"}));
+  std::string_view rest = text;
+  TakeWord(rest);
+  TakeWord(rest);
+  return std::string(TakeWord(rest));
+}
+
+// Empty for a table without a row.
+std::optional<AnnouncedActivation> ReadTable(std::string_view table, std::optional<DateTime> date) {
+  auto cells = table;
+  const auto popUp = TakeBetween(cells, PopUpBegin, PopUpEnd);
+  if (!popUp) return {};
+  AnnouncedActivation activation;
+  auto& alert = activation.Alert;
+  SetAlertDate(alert, date);
+  SetPopUp(alert, *popUp);
+  SetCells(activation, cells);
+  auto commentRest = table;
+  alert.Comment = PlainText(TakeBetween(commentRest, CommentBegin, SpanEnd).value_or(""));
+  auto posterRest = table;
+  alert.Spotter = PosterOf(TakeBetween(posterRest, PosterBegin, SpanEnd).value_or(""));
+  return activation;
+}
+
+bool IsTooFarAhead(const SOTAAlert& alert, const PageReadRequest& request) {
+  if (request.MaximumHoursAhead <= 0 || !alert.UTCAlertDateAndTime) return false;
+  const auto hours = MinutesBetween(request.UtcNow, *alert.UTCAlertDateAndTime) / 60;
+  return hours > request.MaximumHoursAhead;
+}
+
+// False when reading must stop here.
+bool ReadDay(std::string_view day, const PageReadRequest& request, AlertsPage& page) {
+  auto rest = day;
+  std::optional<DateTime> date;
+  if (const auto heading = TakeBetween(rest, "", SpanEnd)) date = DateOfHeading(*heading);
+  for (auto table = TakeBetween(rest, TableBegin, TableEnd); table && !table->empty();
+       table = TakeBetween(rest, TableBegin, TableEnd)) {
+    auto activation = ReadTable(*table, date);
+    if (!activation) continue;
+    if (IsTooFarAhead(activation->Alert, request)) return false;
+    activation->Alert.LocalDateAndTimeRetrieved = request.LocalNow;
+    page.Activations.push_back(std::move(*activation));
+  }
+  return true;
+}
+
+}  // namespace
+
+AlertsPage ReadAlertsPage(std::string_view text, const PageReadRequest& request) {
+  AlertsPage page;
+  auto heading = text.find(HeadingBegin);
+  while (heading != std::string_view::npos) {
+    page.HasDays = true;
+    text.remove_prefix(heading + HeadingBegin.size());
+    heading = text.find(HeadingBegin);
+    if (!ReadDay(text.substr(0, heading), request, page)) break;
+  }
+  return page;
+}
+
+}  // namespace brelwin

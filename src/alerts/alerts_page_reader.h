@@ -1,0 +1,35 @@
+// Reads the markup of the alerts page: days, each with tables, each table one announced activation.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "alerts/sota_alert.h"
+
+namespace brelwin {
+
+// What one table announces: the alert without its station, key and window, and the base callsigns of the one
+// or two stations.
+struct AnnouncedActivation {
+  SOTAAlert Alert;
+  std::vector<std::string> Stations;
+};
+
+struct AlertsPage {
+  bool HasDays = false;  // without a single day heading the page is not the alerts page
+  std::vector<AnnouncedActivation> Activations;
+};
+
+struct PageReadRequest {
+  DateTime UtcNow;
+  DateTime LocalNow;
+  std::int32_t MaximumHoursAhead = 0;  // reading stops at the first alert farther ahead; 0: nowhere
+};
+
+// Reads a page, hostile or cut as it may be, in one pass. Every text kept is plain, without line ends. A
+// heading or time that cannot be read leaves the alert without a date and time.
+AlertsPage ReadAlertsPage(std::string_view page, const PageReadRequest& request);
+
+}  // namespace brelwin

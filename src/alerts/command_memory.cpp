@@ -1,0 +1,79 @@
+#include "alerts/command_memory.h"
+
+#include <algorithm>
+
+#include "base/encoding.h"
+#include "base/text.h"
+#include "core/data_files.h"
+#include "core/ini_utilities.h"
+#include "radio/dates.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::string_view Section = "General";
+constexpr std::string_view Key = "LastAlertCommand";
+constexpr std::size_t TimeLength = 19;
+constexpr std::size_t LongestStoredID = 100;  // with the time, less than a value can hold
+constexpr std::size_t MostRemembered = 10000;
+
+std::string StoredID(std::string_view id) {
+  return std::string(Trim(FirstCharacters(id, LongestStoredID)));
+}
+
+clsINIUtilities SettingsFile(Host& host, const std::string& path) {
+  clsINIUtilities file(host);
+  file.INIPath = path;
+  return file;
+}
+
+}  // namespace
+
+CommandMemory::CommandMemory(Host& host, std::string settingsPath, std::function<void()> createSettingsFile)
+    : host_(host),
+      settingsPath_(std::move(settingsPath)),
+      createSettingsFile_(std::move(createSettingsFile)) {}
+
+// A time in the future, from a clock that was wrong, must not silence every command until then.
+void CommandMemory::LoadOnce() {
+  if (isLoaded_) return;
+  isLoaded_ = true;
+  const auto value = SettingsFile(host_, settingsPath_).ReadStringKey(Section, Key);
+  const auto time = ReadDateTime(std::string_view(value).substr(0, TimeLength));
+  if (!time) return;
+  ofEarlierRuns_ = {std::min(*time, UTCNow(host_.Time)),
+                    StoredID(std::string_view(value).substr(TimeLength))};
+  newestTime_ = ofEarlierRuns_->Time;
+}
+
+DateTime CommandMemory::TimeOf(const Spot& command) const {
+  const auto now = UTCNow(host_.Time);
+  return std::min(command.UTCDateTime.value_or(now), now);
+}
+
+bool CommandMemory::IsNew(const Spot& command) {
+  LoadOnce();
+  if (ofThisRun_.Contains(command.ID)) return false;
+  if (!ofEarlierRuns_) return true;
+  if (StoredID(command.ID) == ofEarlierRuns_->ID) {
+    hasPassedNewest_ = true;
+    return false;
+  }
+  const auto time = TimeOf(command);
+  if (time == ofEarlierRuns_->Time) return hasPassedNewest_;
+  return time > ofEarlierRuns_->Time;
+}
+
+void CommandMemory::Remember(const Spot& command) {
+  LoadOnce();
+  ofThisRun_.AddInFront(true, command.ID);
+  ofThisRun_.Trim(MostRemembered);
+  const auto time = TimeOf(command);
+  if (newestTime_ && time < *newestTime_) return;
+  newestTime_ = time;
+  if (!FileExists(host_, settingsPath_)) createSettingsFile_();
+  SettingsFile(host_, settingsPath_)
+      .WriteStringKey(Section, Key, DateTimeText(time) + " " + StoredID(command.ID));
+}
+
+}  // namespace brelwin

@@ -1,0 +1,46 @@
+// Which alert commands have been acted on. A command is acted on once, also when the feed delivers it again
+// or the program is started anew.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "platform/host.h"
+#include "spots/spot.h"
+
+namespace brelwin {
+
+class CommandMemory {
+ public:
+  // The newest command acted on is kept in the settings file. When there is no such file yet,
+  // `createSettingsFile` is called first: a file with this one value would look like one without settings.
+  CommandMemory(Host& host, std::string settingsPath, std::function<void()> createSettingsFile);
+
+  // Whether the command has not been acted on: neither in this run nor, as far as it is not newer than the
+  // newest one of earlier runs, before. To be asked in the order of the commands, the oldest first.
+  bool IsNew(const Spot& command);
+
+  // Writes the settings file at once when no newer command has been remembered.
+  void Remember(const Spot& command);
+
+ private:
+  struct Newest {
+    DateTime Time;
+    std::string ID;
+  };
+
+  void LoadOnce();
+  DateTime TimeOf(const Spot& command) const;
+
+  Host& host_;
+  std::string settingsPath_;
+  std::function<void()> createSettingsFile_;
+  bool isLoaded_ = false;
+  std::optional<Newest> ofEarlierRuns_;
+  bool hasPassedNewest_ = false;
+  std::optional<DateTime> newestTime_;
+  KeyedCollection<bool> ofThisRun_;  // keyed by the spots' IDs, the newest first
+};
+
+}  // namespace brelwin

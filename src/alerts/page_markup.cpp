@@ -1,0 +1,55 @@
+#include "alerts/page_markup.h"
+
+#include <algorithm>
+
+#include "base/entities.h"
+#include "base/text.h"
+
+namespace brelwin {
+
+std::optional<std::string_view> TakeBetween(std::string_view& rest, std::string_view begin,
+                                            std::string_view end) {
+  const auto first = rest.find(begin);
+  if (first == std::string_view::npos) return {};
+  const auto content = first + begin.size();
+  const auto last = rest.find(end, content);
+  if (last == std::string_view::npos) return {};
+  const auto between = rest.substr(content, last - content);
+  rest.remove_prefix(last + end.size());
+  return between;
+}
+
+std::optional<std::string_view> TakeCell(std::string_view& rest) {
+  auto cell = TakeBetween(rest, "<td", "</td>");
+  if (!cell) return {};
+  const auto tagEnd = cell->find('>');
+  if (tagEnd == std::string_view::npos) return std::string_view();
+  return cell->substr(tagEnd + 1);
+}
+
+std::string_view TakeWord(std::string_view& rest) {
+  rest.remove_prefix(std::min(rest.find_first_not_of(' '), rest.size()));
+  const auto word = rest.substr(0, rest.find(' '));
+  rest.remove_prefix(word.size());
+  return word;
+}
+
+std::string_view TakePart(std::string_view& rest, char delimiter) {
+  const auto part = rest.substr(0, rest.find(delimiter));
+  rest.remove_prefix(std::min(part.size() + 1, rest.size()));
+  return part;
+}
+
+std::string WithBlanks(std::string_view text) {
+  std::string result(text);
+  std::ranges::replace_if(
+      result, [](char c) { return c == '\r' || c == '\n' || c == '\t'; }, ' ');
+  return result;
+}
+
+std::string PlainText(std::string_view text) {
+  const auto plain = WithBlanks(DecodeEntities(text));
+  return std::string(Trim(plain));
+}
+
+}  // namespace brelwin

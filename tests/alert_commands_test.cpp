@@ -1,0 +1,253 @@
+// What activators and trusted spotters command with a spot: alerts removed and added, once each, whatever
+// happens in between.
+#include <gtest/gtest.h>
+
+#include "alerts/alert_commands.h"
+#include "alerts/alerts_page.h"
+#include "alerts_page_text.h"
+#include "core/ini_utilities.h"
+#include "faulty_files.h"
+#include "radio/dates.h"
+#include "test_host.h"
+
+namespace brelwin {
+namespace {
+
+using test::Heading;
+using test::Table;
+
+constexpr const char* SettingsPath = "/brelwin/Brelwin.INI";
+constexpr const char* ModificationsPath = "/brelwin/SOTAAlertModifications.txt";
+
+// One run of the program, as far as commands need it. It is 2026-11-24 12:00 UTC.
+class ProgramRun {
+ public:
+  explicit ProgramRun(Host host) : host_(std::move(host)) {
+    filter_.MaxMinutesBeforeAlertTime = 60;
+    filter_.MaxMinutesAfterAlertTime = 60;
+  }
+
+  void ReadPage() {
+    ++PagesRead;
+    std::string errorText;
+    if (Page.empty()) return;
+    TakeAlertsFromPage(host_, Page, Page.size(), {"", 60, 0}, Alerts, known_, errorText);
+    commands_.CarryOutWaiting(Scene());
+  }
+
+  void Take(const std::vector<SpotPointer>& oldestFirst) {
+    SpotCollection spots;
+    for (const auto& spot : oldestFirst) spots.AddInFront(spot, spot->ID);
+    commands_.CarryOut(spots, Scene());
+  }
+
+  std::string Keys() const {
+    std::string keys;
+    for (const auto& [place, alert] : Alerts.All()) keys += alert->AlertKey + "\n";
+    return keys;
+  }
+
+  Host& World() { return host_; }
+
+  AlertCollection Alerts;
+  std::string Page;
+  int PagesRead = 0;
+  int SettingsFilesMade = 0;
+  bool LogAlerts = false;
+
+ private:
+  AlertCommandScene Scene() {
+    return {Alerts, filter_, [this] { ReadPage(); }, LogAlerts};
+  }
+
+  void MakeSettingsFile() {
+    ++SettingsFilesMade;
+    host_.Disk.Write(SettingsPath, "[General]\r\nSounds=1\r\n", FileAccess::OwnerOnly);
+  }
+
+  Host host_;
+  SpotFilter filter_;
+  CallsignCollection known_;
+  AlertCommands commands_{host_, CommandMemory(host_, SettingsPath, [this] { MakeSettingsFile(); })};
+};
+
+SpotPointer SpotOf(const std::string& station, const std::string& clock, const std::string& comment,
+                   const std::string& spotter = "") {
+  auto spot = std::make_shared<Spot>();
+  spot->Station = station + "/P";
+  spot->stationBaseCallsign = station;
+  spot->Spotter = spotter.empty() ? station : spotter;
+  spot->IsSelfSpot = spotter.empty();
+  spot->SpotterIsTrustedSpotter = !spotter.empty();
+  spot->Comment = comment;
+  spot->SummitDesignator = "G/LD-003";
+  spot->FrequencyString = "7.032";
+  spot->ModeString = "CW";
+  spot->UTCDateTime = ReadDateTime("2026-11-24 " + clock);
+  spot->ID = CompactText(*spot->UTCDateTime) + spot->Station + spot->Spotter;
+  return spot;
+}
+
+const std::string PageOfTwo = Heading() + Table({.Time = "11:30"}) + Table({.Time = "20:00"});
+const std::string FirstData =
+    "2026-11-24 11:30:00||11:30||G4ABC||G4ABC||G/LD-001||Ann||||G4ABC||14.062-cw||0||0||0||"
+    "2026-11-24 11:30:00_G4ABC_G/LD-001_";
+const std::string SpotData =
+    "2026-11-24 11:45:00||11:45||G4ABC/P||G4ABC||G/LD-003||||moved - now||G4ABC||7.032 CW||0||90||-1||"
+    "!SPOT_ALERT!_202611241145_G4ABC_G/LD-003";
+
+TEST(AlertCommands, ASelfSpotReplacesTheAlertsAroundItsTime) {
+  test::TestHost host;
+  host.Disk.Put("/brelwin/SOTAAlertDurationOverrides.ini", "[G4ABC]\nMaxMinutesAfterAlertTime=0\n");
+  ProgramRun run(host.World);
+  run.Page = PageOfTwo;
+  run.ReadPage();
+  host.Disk.Put("/brelwin/SOTAAlertDurationOverrides.ini", "[G4ABC]\nMaxMinutesAfterAlertTime=90\n");
+  run.LogAlerts = true;
+  run.Take({SpotOf("G4ABC", "11:45", "moved || now")});
+  EXPECT_EQ(run.Keys(), "!SPOT_ALERT!_202611241145_G4ABC_G/LD-003\n2026-11-24 20:00:00_G4ABC_G/LD-001_\n");
+  EXPECT_EQ(host.Disk.Text(ModificationsPath), "DEL||" + FirstData + "\r\nADD||" + SpotData + "\r\n");
+  const std::string now = "2026-11-24 12:00:00: ";
+  EXPECT_EQ(host.EventLog(), now + "GetSotawatchSpots - Self-spot of G4ABC/P received with this comment: {" +
+                                 "moved || now}\r\n" + now + "GetSotawatchSpots - Removing alerts:\r\n" +
+                                 now + FirstData + "\r\n" + now + "GetSotawatchSpots - Adding alert:\r\n" +
+                                 now + SpotData + "\r\n");
+  EXPECT_TRUE(Contains(host.Disk.Text("/brelwin/SOTAAlertsAfterSelfSpots_202611241200.txt"),
+                       "11:45 G4ABC/P G/LD-003 *Self-spot Alert* Self-spot Comment: [moved || now]"));
+
+  // The next reading of the page gives the same alerts.
+  host.Disk.Delete("/brelwin/SOTAAlertDurationOverrides.ini");
+  const auto keys = run.Keys();
+  run.ReadPage();
+  EXPECT_EQ(run.Keys(), keys);
+}
+
+TEST(AlertCommands, AnOptOutOnlyRemovesAndATrustedSpotterMayCommand) {
+  test::TestHost host;
+  ProgramRun run(host.World);
+  run.Page = PageOfTwo;
+  run.LogAlerts = true;
+  run.Take({SpotOf("G4ABC", "11:45", "no rBn n pse", "M0XYZ"),
+            SpotOf("G4ABC", "11:46", "RBNN {Via Tarnlink}", "M0XYZ"),
+            SpotOf("K1AA", "11:47", "RBNN", "M0XYZ")});
+  EXPECT_EQ(run.PagesRead, 1);
+  EXPECT_EQ(run.Keys(), "2026-11-24 20:00:00_G4ABC_G/LD-001_\n");
+  EXPECT_EQ(host.Disk.Text(ModificationsPath), "DEL||" + FirstData + "\r\n");
+  EXPECT_TRUE(Contains(host.EventLog(),
+                       "GetSotawatchSpots - Spot of G4ABC/P received from trusted chaser M0XYZ "
+                       "with this comment: {no rBn n pse}\r\n"));
+  EXPECT_FALSE(Contains(host.EventLog(), "Tarnlink"));
+  EXPECT_FALSE(host.Disk.Exists("/brelwin/SOTAAlertsAfterSelfSpots_202611241200.txt"));
+  run.ReadPage();
+  EXPECT_EQ(run.Keys(), "2026-11-24 20:00:00_G4ABC_G/LD-001_\n");
+}
+
+TEST(AlertCommands, EachIsActedOnOnceInThisRunAndTheNext) {
+  test::TestHost host;
+  const auto early = SpotOf("G4ABC", "10:00", "early");
+  const auto late = SpotOf("G4ABC", "11:00", "late");
+  const auto sameTime = SpotOf("M0XYZ", "11:00", "same time");
+  const auto next = SpotOf("K1AA", "11:00", "next");
+  const auto overtaken = SpotOf("K1AA", "10:30", "overtaken");
+  const auto received = [&host](const std::string& comment) {
+    return Split(host.EventLog(), "{" + comment + "}").size() - 1;
+  };
+  {
+    ProgramRun run(host.World);
+    run.Page = PageOfTwo;
+    run.Take({early, late});
+    run.Take({early, late, sameTime});
+    run.Take({overtaken, sameTime});
+    EXPECT_EQ(run.SettingsFilesMade, 1);
+  }
+  clsINIUtilities settings(host.World);
+  settings.INIPath = SettingsPath;
+  EXPECT_EQ(settings.ReadStringKey("General", "LastAlertCommand"), "2026-11-24 11:00:00 " + sameTime->ID);
+  {
+    ProgramRun run(host.World);
+    run.Page = PageOfTwo;
+    run.Take({early, overtaken, late, sameTime, next});
+    EXPECT_EQ(run.SettingsFilesMade, 0);
+  }
+  for (const auto* comment : {"early", "late", "same time", "next", "overtaken"})
+    EXPECT_EQ(received(comment), 1U) << comment;
+}
+
+TEST(AlertCommands, ARememberedTimeInTheFutureSilencesNobody) {
+  test::TestHost host;
+  host.Disk.Put(SettingsPath, "[General]\r\nLastAlertCommand=2031-01-01 00:00:00 x\r\n");
+  ProgramRun run(host.World);
+  run.Take({SpotOf("G4ABC", "12:30", "ahead of the clock")});
+  EXPECT_EQ(run.Alerts.Count(), 0U);
+  host.Time.MoveTo(host.Time.Now() + std::chrono::hours(1));
+  run.Take({SpotOf("G4ABC", "12:45", "later")});
+  EXPECT_EQ(run.Alerts.Count(), 1U);
+  EXPECT_TRUE(Contains(host.Disk.Text(SettingsPath), "LastAlertCommand=2026-11-24 12:45:00 "));
+}
+
+TEST(AlertCommands, AnOptOutWaitsForThePageThatCouldNotBeRead) {
+  test::TestHost host;
+  ProgramRun run(host.World);
+  run.Take(
+      {SpotOf("G4ABC", "11:45", "RBNN"), SpotOf("M0XYZ", "11:45", "RBNN"), SpotOf("M0XYZ", "11:50", "qrv")});
+  EXPECT_EQ(run.PagesRead, 1);
+  EXPECT_EQ(run.Keys(), "!SPOT_ALERT!_202611241150_M0XYZ_G/LD-003\n");
+  run.Page = PageOfTwo + Table({.Time = "12:00", .Callsign = "M0XYZ"});
+  run.ReadPage();
+  EXPECT_EQ(run.Keys(),
+            "!SPOT_ALERT!_202611241150_M0XYZ_G/LD-003\n2026-11-24 20:00:00_G4ABC_G/LD-001_\n"
+            "2026-11-24 12:00:00_M0XYZ_G/LD-001_\n");
+}
+
+TEST(AlertCommands, QuittingLeavesTheRestForTheNextStart) {
+  test::TestHost host;
+  {
+    ProgramRun run(host.World);
+    run.World().ShuttingDown = true;
+    run.Take({SpotOf("G4ABC", "11:45", "later")});
+  }
+  EXPECT_FALSE(host.Disk.Exists(SettingsPath));
+  ProgramRun run(host.World);
+  run.Take({SpotOf("G4ABC", "11:45", "later")});
+  EXPECT_EQ(run.Alerts.Count(), 1U);
+}
+
+// The power goes off at any file call of a day, and the program is started anew: the alerts are those of an
+// undisturbed day, and the file holds whole entries only.
+TEST(AlertCommands, NoFaultOfAFileLosesACommandOrAModification) {
+  const auto page = PageOfTwo + Table({.Time = "11:00", .Callsign = "M0XYZ", .Comment = "S+4"}) +
+                    Table({.Time = "11:00", .Callsign = "K1AA", .Comment = "S+5"});
+  const std::vector<SpotPointer> spots = {SpotOf("G4ABC", "11:45", "moved"), SpotOf("M0XYZ", "11:50", "RBNN"),
+                                          SpotOf("N1ZZ", "11:55", "new")};
+  const auto day = [&](Host world) {
+    ProgramRun run(std::move(world));
+    run.Page = page;
+    run.ReadPage();
+    run.Take(spots);
+    run.ReadPage();
+    return run.Keys();
+  };
+  const auto start = [](test::TestHost& host) {
+    host.Disk.Put(SettingsPath, "[General]\r\nSounds=1\r\n");
+    host.Disk.Put("/brelwin/SOTAActivators.txt", "N1ZZ\r\n");
+  };
+  test::TestHost undisturbed;
+  start(undisturbed);
+  test::FaultyFiles counted(undisturbed.Disk);
+  const auto expected = day(undisturbed.WithFiles(counted));
+  const auto calls = counted.Calls();
+  ASSERT_GT(calls, 20);
+  for (int call = 1; call <= calls; ++call) {
+    test::TestHost host;
+    start(host);
+    test::FaultyFiles files(host.Disk);
+    files.PowerOffAtCall = call;
+    day(host.WithFiles(files));
+    EXPECT_EQ(day(host.World), expected) << "power off at call " << call;
+    EXPECT_FALSE(Contains(host.EventLog(), "fewer than 13 fields")) << call;
+    EXPECT_TRUE(Contains(host.Disk.Text(SettingsPath), "Sounds=1"));
+  }
+}
+
+}  // namespace
+}  // namespace brelwin

@@ -1,0 +1,183 @@
+// The modifications file: what is kept, what is applied, and that no fault loses an entry.
+#include <gtest/gtest.h>
+
+#include <random>
+
+#include "alerts/modifications.h"
+#include "radio/dates.h"
+#include "test_host.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::string_view File = "/brelwin/SOTAAlertModifications.txt";
+constexpr std::int32_t DefaultAfter = 60;
+
+std::string Entry(const std::string& command, DateTime time, const std::string& key, int after = 0) {
+  SOTAAlert alert;
+  SetAlertDateAndTime(alert, time);
+  alert.stationBaseCallsign = "G4ABC";
+  alert.MaxMinutesAfterAlertTime = after;
+  alert.AlertKey = key;
+  return command + "||" + DelimitedData(alert);
+}
+
+class ModificationsFile : public ::testing::Test {
+ protected:
+  Modifications Load() { return Modifications::Load(host_.World, "", Now(), DefaultAfter); }
+  DateTime Now() const { return UTCNow(host_.Time); }
+  DateTime Ago(std::int64_t minutes) const { return AddMinutes(Now(), -minutes); }
+  std::string Text() const { return host_.Disk.Text(File); }
+
+  // What a file of these lines is after a reading that changes nothing.
+  std::string Pruned(const std::vector<std::string>& lines) {
+    std::string text;
+    for (const auto& line : lines) text += line + "\n";
+    host_.Disk.Put(File, text);
+    Load().Save(host_.World);
+    return Text();
+  }
+
+  test::TestHost host_;
+};
+
+TEST_F(ModificationsFile, EntriesExpireByTheirKindAndWindow) {
+  const std::vector<std::string> kept = {Entry("ADD", Ago(59), "a"),       Entry("add", Ago(-5000), "b"),
+                                         Entry("ADD", Ago(299), "c", 300), Entry("DEL", Ago(60), "d"),
+                                         Entry("DEL", Ago(23 * 60), "e"),  Entry("del", Ago(2000), "f", 3000),
+                                         Entry("XYZ", Ago(10), "g")};
+  std::vector<std::string> lines = {"",
+                                    "   ",
+                                    "ADD||",
+                                    Entry("ADD", Ago(60), "x"),
+                                    Entry("ADD", Ago(300), "x", 300),
+                                    Entry("DEL", Ago(24 * 60), "x"),
+                                    Entry("XYZ", Ago(60), "x"),
+                                    "ADD||no date||||||||||||||||||0||0||0||x"};
+  std::string expected;
+  for (const auto& line : kept) {
+    lines.push_back("  " + line + " ");
+    expected += line + "\r\n";
+  }
+  EXPECT_EQ(Pruned(lines), expected);
+  EXPECT_EQ(host_.EventLog(), "");
+  EXPECT_EQ(Pruned({Entry("ADD", Ago(60), "x")}), "");
+  EXPECT_FALSE(host_.Disk.Exists(File));
+  EXPECT_TRUE(Load().Save(host_.World));
+  EXPECT_FALSE(host_.Disk.Exists(File));
+}
+
+TEST_F(ModificationsFile, ATornLineIsLoggedAndTheOthersGoOn) {
+  const auto whole = Entry("ADD", Now(), "a");
+  EXPECT_EQ(Pruned({"ADD||2026-11-24 12:00:00||12:00||G4ABC", whole}), whole + "\r\n");
+  EXPECT_TRUE(Contains(host_.EventLog(),
+                       "fewer than 13 fields was not kept: ADD||2026-11-24 12:00:00||12:00||"
+                       "G4ABC\r\n"));
+}
+
+TEST_F(ModificationsFile, EntriesAreAppliedInTheirOrder) {
+  SOTAAlert page;
+  page.AlertKey = page.ID = "page";
+  page.stationBaseCallsign = "G4ABC";
+  AlertCollection alerts;
+  alerts.Add(std::make_shared<const SOTAAlert>(page));
+  Pruned({Entry("ADD", Now(), "one"), Entry("DEL", Now(), "PAGE"), Entry("ADD", Now(), "two"),
+          Entry("ADD", Now(), "gone"), Entry("DEL", Now(), "gone"), Entry("ADD", Now(), "ONE"),
+          Entry("WHAT", Now(), "three")});
+  Load().ApplyTo(alerts);
+  std::string keys;
+  for (const auto& [place, alert] : alerts.All()) keys += alert->AlertKey + " ";
+  EXPECT_EQ(keys, "two one ");
+}
+
+TEST_F(ModificationsFile, AppendingFinishesAnUnfinishedLine) {
+  EXPECT_TRUE(AppendModifications(host_.World, "", {}));
+  EXPECT_FALSE(host_.Disk.Exists(File));
+  EXPECT_TRUE(AppendModifications(host_.World, "", {"one", "two"}));
+  EXPECT_EQ(Text(), "one\r\ntwo\r\n");
+  host_.Disk.Put(File, "torn");
+  EXPECT_TRUE(AppendModifications(host_.World, "", {"next"}));
+  EXPECT_EQ(Text(), "torn\r\nnext\r\n");
+}
+
+TEST_F(ModificationsFile, AFileThatCannotBeReadOrWrittenIsLeftAlone) {
+  const auto entry = Entry("ADD", Now(), "a") + "\n";
+  host_.Disk.Put(File, entry);
+  host_.Disk.Unreadable.insert(test::MemoryFiles::Name(File));
+  EXPECT_FALSE(AppendModifications(host_.World, "", {"next"}));
+  EXPECT_FALSE(Load().Save(host_.World));
+  EXPECT_TRUE(Contains(host_.EventLog(), "could not be read and is left as it is."));
+  host_.Disk.Unreadable.clear();
+  EXPECT_EQ(Text(), entry);
+  host_.Disk.ReadOnly = true;
+  EXPECT_FALSE(Load().Save(host_.World));
+  EXPECT_EQ(Text(), entry);
+}
+
+// The same changes done one by one on the file, as a list of lines.
+class LineByLine {
+ public:
+  LineByLine(DateTime now, std::vector<std::string> lines) : now_(now), lines_(std::move(lines)) {}
+
+  void Prune(const std::string& deletedKey) {
+    std::vector<std::string> kept;
+    for (const auto& line : lines_) {
+      SOTAAlert alert;
+      if (!SetDelimitedData(alert, std::string_view(line).substr(5)) || !alert.UTCAlertDateAndTime) continue;
+      const auto age = MinutesBetween(*alert.UTCAlertDateAndTime, now_);
+      const auto after = alert.MaxMinutesAfterAlertTime == 0 ? DefaultAfter : alert.MaxMinutesAfterAlertTime;
+      const bool isDeleted = !deletedKey.empty() && EqualsIgnoringCase(alert.ID, deletedKey);
+      if (age < after ? !isDeleted : line.starts_with("DEL") && age < 1440) kept.push_back(line);
+    }
+    lines_ = kept;
+  }
+
+  void Append(const std::string& line) { lines_.push_back(line); }
+
+  std::string Text() const {
+    std::string text;
+    for (const auto& line : lines_) text += line + "\r\n";
+    return text;
+  }
+
+ private:
+  DateTime now_;
+  std::vector<std::string> lines_;
+};
+
+TEST_F(ModificationsFile, OneRewriteIsWorthManyPrunesAndAppends) {
+  std::mt19937 random(11);
+  const auto randomEntry = [&] {
+    const std::string command = random() % 2 == 0 ? "ADD" : "DEL";
+    const std::string key(1, "abcAB"[random() % 5]);
+    const auto minutes = static_cast<std::int64_t>(random() % 2000) - 400;
+    return Entry(command, Ago(minutes), key, random() % 3 == 0 ? 200 : 0);
+  };
+  for (int round = 0; round < 500; ++round) {
+    std::vector<std::string> lines;
+    for (auto left = random() % 12; left > 0; --left) lines.push_back(randomEntry());
+    Pruned({});
+    std::string text;
+    for (const auto& line : lines) text += line + "\r\n";
+    host_.Disk.Put(File, text);
+
+    auto modifications = Load();
+    LineByLine model(Now(), lines);
+    model.Prune("");
+    for (auto steps = random() % 8; steps > 0; --steps) {
+      SOTAAlert alert;
+      ASSERT_TRUE(SetDelimitedData(alert, std::string_view(randomEntry()).substr(5)));
+      modifications.RemoveEntries(alert.ID);
+      model.Prune(alert.ID);
+      if (random() % 3 == 0) continue;
+      modifications.AddEntry(ModificationCommand::Add, alert);
+      model.Append(ModificationLine(ModificationCommand::Add, alert));
+    }
+    model.Prune("");
+    ASSERT_TRUE(modifications.Save(host_.World));
+    ASSERT_EQ(Text(), model.Text());
+  }
+}
+
+}  // namespace
+}  // namespace brelwin

@@ -1,0 +1,259 @@
+// From the text of the alerts page to alerts: markup, windows, withdrawals, what is learned and logged.
+#include <gtest/gtest.h>
+
+#include "alerts/alert_window.h"
+#include "alerts/alerts_page.h"
+#include "alerts/alerts_page_reader.h"
+#include "alerts/alerts_report.h"
+#include "alerts_page_text.h"
+#include "base/entities.h"
+#include "radio/dates.h"
+#include "test_host.h"
+
+namespace brelwin {
+namespace {
+
+using test::Heading;
+using test::PageAlert;
+using test::Table;
+
+class AlertsPageTest : public ::testing::Test {
+ protected:
+  std::int32_t Take(const std::string& page, std::int32_t maximumHoursAhead = 0) {
+    std::string errorText;
+    const AlertsPageRequest request{"", 60, maximumHoursAhead};
+    return TakeAlertsFromPage(host_.World, page, page.size(), request, alerts_, known_, errorText);
+  }
+
+  std::string Keys() const {
+    std::string keys;
+    for (const auto& [place, alert] : alerts_.All()) keys += alert->AlertKey + "\n";
+    return keys;
+  }
+
+  std::string Modifications() const { return host_.Disk.Text("/brelwin/SOTAAlertModifications.txt"); }
+  void PutModifications(const std::string& text) {
+    host_.Disk.Put("/brelwin/SOTAAlertModifications.txt", text);
+  }
+  bool IsLogged(const std::string& text) const { return Contains(host_.EventLog(), text); }
+
+  test::TestHost host_;  // it is 2026-11-24 12:00 UTC
+  AlertCollection alerts_;
+  CallsignCollection known_;
+};
+
+TEST_F(AlertsPageTest, ReadsEveryFieldAsPeopleReadIt) {
+  const auto table =
+      Table({.Time = "13:30",
+             .Callsign = "EA8/G4ABC/P",
+             .Summit = "EA8/TF-001",
+             .Comment = " Hors d&#039;\xC5\x93uvre &amp;amp;\r\n\tQRP ",
+             .Poster = "M0XYZ",
+             .PopUp = "<strong>Operator:</strong> Jos&eacute;<br><strong>Summit:</strong> Pico "
+                      "&lt;Alto&gt;, 1.950m, 1 point.",
+             .Frequencies = "14.062-cw,&nbsp;<strong>7</strong>-ssb"});
+  EXPECT_EQ(Take("<html>" + Heading() + table), -1);
+  ASSERT_EQ(alerts_.Count(), 1U);
+  const auto& alert = *alerts_.All().begin()->second;
+  EXPECT_EQ(alert.OperatorName, "Jos\xC3\xA9");
+  EXPECT_EQ(alert.SummitName, "Pico <Alto>");
+  EXPECT_EQ(alert.SummitElevationInMeters, 1);
+  EXPECT_EQ(alert.SummitPoints, 1);
+  EXPECT_EQ(alert.SummitDescription, "Pico <Alto>, 1.950m, 1");
+  EXPECT_EQ(alert.Station, "G4ABC");
+  EXPECT_EQ(alert.SummitDesignator, "EA8/TF-001");
+  EXPECT_EQ(alert.FrequencyModes, "14.062-cw, 7 -ssb");
+  EXPECT_EQ(alert.Comment, "Hors d'\xC5\x93uvre &amp;   QRP");
+  EXPECT_EQ(alert.Spotter, "M0XYZ");
+  EXPECT_EQ(alert.AlertKey, "2026-11-24 13:30:00_G4ABC_EA8/TF-001_Horsd'\xC5\x93uvr");
+  EXPECT_EQ(alert.LocalDateAndTimeRetrieved, host_.Time.LocalNow());
+  EXPECT_EQ(alert.UTCAlertTimeStr, "13:30");
+  EXPECT_TRUE(alerts_.WereRead());
+}
+
+TEST_F(AlertsPageTest, DaysAndStationsMakeAlertsOfTheirOwn) {
+  EXPECT_EQ(Take(Heading("Monday 1st December 2026") + Table({.Callsign = "G4ABC &amp; M0XYZ"}) +
+                 Table({.Callsign = "G4ABC & M0XYZ"}) + Heading("someday") + Table({}) +
+                 Heading("Friday 3rd January 2027") + "<table class=\"spots\"><tr></tr></table>" +
+                 Table({.Time = "noon"}) + "<table class=\"spots\"></table>" + Table({.Summit = "lost"})),
+            -1);
+  EXPECT_EQ(Keys(),
+            "2026-12-01 10:00:00_G4ABC_G/LD-001_\n2026-12-01 10:00:00_M0XYZ_G/LD-001_\n"
+            "_G4ABC_G/LD-001_\n");
+  const auto unreadable = alerts_.Find("_G4ABC_G/LD-001_");
+  ASSERT_TRUE(unreadable);
+  EXPECT_FALSE(unreadable->UTCAlertDate);
+  EXPECT_EQ(unreadable->UTCAlertDateStr, "");
+  EXPECT_TRUE(unreadable->UTCAlertTime);
+}
+
+TEST_F(AlertsPageTest, MarkersAndOverridesGiveAnAlertItsOwnWindow) {
+  host_.Disk.Put("/brelwin/SOTAAlertDurationOverrides.ini",
+                 "[m0xyz]\nMaxMinutesBeforeAlertTime=30\nMaxMinutesAfterAlertTime=\"45\"\n[M0XYZ]\n"
+                 "MaxMinutesAfterAlertTime=99\n[K1AA]\nMaxMinutesBeforeAlertTime=0\n");
+  const auto overrides = DurationOverrides::Load(host_.World);
+  struct Case {
+    std::string Station;
+    std::string Comment;
+    AlertWindow Window;
+    bool IsCustom;
+  };
+  const std::int32_t most = std::numeric_limits<std::int32_t>::max();
+  for (const auto& [station, comment, window, isCustom] :
+       std::vector<Case>{{"G4ABC", "QRP S+2 S-1.5", {90, 120}, true},
+                         {"G4ABC", "s+ 1 . 5h s+9", {0, 90}, true},
+                         {"G4ABC", "S+ S-x S+3", {0, 0}, false},
+                         {"G4ABC", "S+0.001", {0, 0}, true},
+                         {"G4ABC", "S+99999999", {0, most}, true},
+                         {"G4ABC", "S+" + std::string(400, '9'), {0, most}, true},
+                         {"G4ABC", "S+0" + std::string(60, '0') + "1", {0, 60}, true},
+                         {"G4ABC", "S+.." + std::string(60, '9'), {0, 0}, false},
+                         {"M0XYZ", "", {30, 45}, true},
+                         {"M0XYZ", "S+2", {30, 120}, true},
+                         {"K1AA", "", {0, 0}, false}}) {
+    const auto found = WindowOfAlert(overrides.Of(station), comment);
+    EXPECT_EQ(found.Window, window) << comment << " " << found.Window.MinutesAfter;
+    EXPECT_EQ(found.IsCustom, isCustom) << comment;
+  }
+}
+
+TEST_F(AlertsPageTest, AnAlertWithItsOwnWindowIsWrittenToTheModificationsOnce) {
+  const auto page = Heading() + Table({.Comment = "S+4"});
+  for (int i = 0; i < 3; ++i) Take(page);
+  const std::string key = "2026-11-24 10:00:00_G4ABC_G/LD-001_!CUSTOM_WINDOW!";
+  const auto entry =
+      "ADD||2026-11-24 10:00:00||10:00||G4ABC||G4ABC||G/LD-001||Ann||S+4||G4ABC||14.062-cw||0||240||0||" +
+      key + "\r\n";
+  EXPECT_EQ(Modifications(), entry);
+
+  // The same alert with other words comes with another window; the old entry must not remain.
+  Take(Heading() + Table({.Comment = "S+9"}));
+  EXPECT_EQ(Modifications(), Replace(Replace(entry, "S+4", "S+9"), "240", "540"));
+
+  // Gone from the page, it comes back from the file.
+  Take(Heading() + Table({.Callsign = "M0XYZ"}));
+  EXPECT_EQ(alerts_.All().begin()->second->AlertKey, key);
+  EXPECT_EQ(alerts_.Count(), 2U);
+
+  // Written over with a word of withdrawal, it does not.
+  Take(Heading() + Table({.Comment = "CANCELLED"}) + Table({.Callsign = "M0XYZ"}));
+  EXPECT_EQ(alerts_.Count(), 1U);
+  EXPECT_FALSE(host_.Disk.Exists("/brelwin/SOTAAlertModifications.txt"));
+}
+
+TEST_F(AlertsPageTest, ADeletionOutlivesTheNextReading) {
+  Take(Heading() + Table({.Comment = "S+4"}));
+  PutModifications(Modifications() + Replace(Modifications(), "ADD", "del"));
+  const auto before = Modifications();
+  Take(Heading() + Table({.Comment = "S+4"}));
+  EXPECT_TRUE(alerts_.Empty());
+  EXPECT_EQ(Modifications(), before);
+  EXPECT_EQ(alerts_.WithdrawnOf("G4ABC").size(), 1U);
+  EXPECT_EQ(alerts_.Stations().Count(), 1U);
+}
+
+TEST_F(AlertsPageTest, WithdrawnAlertsAreLoggedAndRemembered) {
+  Take(Heading() + Table({.Comment = "canceled"}) + Table({.Comment = "r B n&#110;"}) +
+       Table({.Comment = "No TarnLink"}) + Table({.Comment = "RB-NN"}));
+  EXPECT_EQ(alerts_.Count(), 1U);
+  EXPECT_TRUE(IsLogged("GetAlertsFromSotawatchHTMLPage - A cancelled alert was not saved:\r\n"));
+  EXPECT_TRUE(
+      IsLogged("GetAlertsFromSotawatchHTMLPage - An alert containing NOTARNLINK/RBNN was not saved:\r\n"));
+  EXPECT_TRUE(IsLogged(": 2026-11-24 10:00:00||10:00||G4ABC||G4ABC||G/LD-001||Ann||r B nn||G4ABC||"));
+  EXPECT_EQ(alerts_.WithdrawnOf("G4ABC").size(), 3U);
+  EXPECT_FALSE(IsLogged("NO alerts"));
+}
+
+TEST_F(AlertsPageTest, ReadingStopsAtTheFirstAlertTooFarAhead) {
+  const auto near = Table({.Time = "23:59"});
+  Take(Heading("Friday 27th November 2026") + near + Table({.Time = "13:00"}) +
+           Heading("Saturday 28th November 2026") + Table({.Time = "00:01"}),
+       72);
+  EXPECT_TRUE(alerts_.Empty());
+  EXPECT_TRUE(IsLogged("NO alerts were successfully parsed."));
+  Take(Heading("Friday 27th November 2026") + Table({.Time = "12:59"}) + near, 72);
+  EXPECT_EQ(alerts_.Count(), 1U);
+}
+
+TEST_F(AlertsPageTest, APageWithoutAlertsSaysHowLongItWas) {
+  const auto page = Heading() + "caf\xC3\xA9";
+  Take(Heading() + Table({}));
+  EXPECT_EQ(Take(page), -1);
+  EXPECT_TRUE(alerts_.Empty());
+  EXPECT_TRUE(host_.EventLog().starts_with(" \r\n"));
+  EXPECT_TRUE(IsLogged("GetAlertsFromSotawatchHTMLPage - Alert HTML was downloaded from Sotawatch (" +
+                       std::to_string(page.size()) + " bytes) but NO alerts were successfully parsed.\r\n"));
+
+  Take(Heading() + Table({}));
+  EXPECT_EQ(Take("404 not found"), -1);
+  EXPECT_EQ(alerts_.Count(), 1U);
+  EXPECT_TRUE(IsLogged("(13 bytes)"));
+}
+
+TEST_F(AlertsPageTest, TheFetchIsTakenWithItsFaults) {
+  const AlertsPageRequest request{"http://sotawatch/alerts.php", 60, 72};
+  std::string errorText = "old";
+  const auto fetch = [&] {
+    return GetAlertsFromSotawatchHTMLPage(host_.World, request, alerts_, known_, errorText);
+  };
+  Take(Heading() + Table({}));
+  EXPECT_EQ(fetch(), -100);
+  EXPECT_EQ(errorText, "Unable to open URL");
+  EXPECT_EQ(alerts_.Count(), 1U);
+
+  host_.Internet.Answer(request.Url, {.Status = 200, .Body = ""});
+  EXPECT_EQ(fetch(), 0);
+  EXPECT_EQ(errorText, "");
+  EXPECT_EQ(alerts_.Count(), 1U);
+  EXPECT_TRUE(IsLogged(
+      "GetAlertsFromSotawatchHTMLPage - Attempted to download Alert HTML from Sotawatch but ZERO bytes"
+      " received.\r\n"));
+
+  host_.Internet.Forget(request.Url);
+  host_.Internet.Answer(request.Url, {.Body = Heading() + "caf\xE9"});
+  EXPECT_EQ(fetch(), -1);
+  EXPECT_TRUE(IsLogged("(" + std::to_string(Heading().size() + 4) + " bytes)"));
+}
+
+TEST_F(AlertsPageTest, NewActivatorsAreLearned) {
+  const auto page = Heading() + Table({.Callsign = "G4ABC"}) + Table({.Callsign = "K1"}) +
+                    Table({.Callsign = "M0XYZ", .Comment = "S+3"});
+  known_.Add("M0XYZ", "M0XYZ");
+  Take(page);
+  EXPECT_TRUE(known_.Contains("G4ABC"));
+  EXPECT_FALSE(known_.Contains("K1"));
+  EXPECT_FALSE(host_.Disk.Exists("/brelwin/SOTAActivators.txt"));
+
+  known_.Clear();
+  host_.Disk.Put("/brelwin/SOTAActivators.txt", "mine\nunfinished");
+  Take(page);
+  EXPECT_EQ(host_.Disk.Text("/brelwin/SOTAActivators.txt"), "mine\nunfinished\r\nG4ABC\r\nM0XYZ\r\n");
+}
+
+// A page may be cut anywhere: what was whole is read as it would be, and nothing else is.
+TEST_F(AlertsPageTest, ACutPageGivesTheBeginningOfTheWhole) {
+  const auto page = Heading() + Table({.Comment = "a &amp; b"}) + Table({.Callsign = "G4ABC & M0XYZ"}) +
+                    Heading("Wednesday 25th November 2026") + Table({.Comment = "S+2"});
+  const auto whole = ReadAlertsPage(page, {});
+  ASSERT_EQ(whole.Activations.size(), 3U);
+  for (std::size_t length = 0; length < page.size(); ++length) {
+    const auto cut = ReadAlertsPage(std::string_view(page).substr(0, length), {});
+    ASSERT_LT(cut.Activations.size(), 4U);
+    for (std::size_t i = 0; i < cut.Activations.size(); ++i) {
+      ASSERT_EQ(DelimitedData(cut.Activations[i].Alert), DelimitedData(whole.Activations[i].Alert)) << length;
+      ASSERT_EQ(cut.Activations[i].Stations, whole.Activations[i].Stations);
+    }
+  }
+}
+
+TEST(Entities, AreDecodedOnceAndOthersLeftAlone) {
+  EXPECT_EQ(DecodeEntities("&amp;lt; &#65;&#x42;&apos; &yuml;&nbsp;&THORN;"),
+            "&lt; AB' \xC3\xBF\xC2\xA0\xC3\x9E");
+  EXPECT_EQ(DecodeEntities("&#146;&#0;&#xD800;&#9999999;"),
+            "\xE2\x80\x99\xEF\xBF\xBD\xEF\xBF\xBD\xEF\xBF\xBD");
+  for (const auto* same : {"&", "&;", "&#;", "&#x;", "&nosuch;", "a & b;", "&#12a;", "&#99999999999;"})
+    EXPECT_EQ(DecodeEntities(same), same);
+}
+
+}  // namespace
+}  // namespace brelwin
