@@ -1,0 +1,89 @@
+#include "rbn/line_buffer.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/encoding.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::string_view SkimmerEnd = "-#:";
+constexpr std::string_view FieldGap = "  ";
+
+}  // namespace
+
+LineBuffer::Intake LineBuffer::Add(std::string_view bytes) {
+  Intake intake;
+  while (!bytes.empty()) {
+    const auto end = bytes.find('\n');
+    AddToRest(bytes.substr(0, end), intake);
+    if (end == std::string_view::npos) break;
+    TakeRest(intake);
+    bytes.remove_prefix(end + 1);
+  }
+  return intake;
+}
+
+std::string LineBuffer::TakeLines() {
+  waiting_.erase(0, start_);
+  start_ = 0;
+  overflowTold_ = false;
+  return std::exchange(waiting_, {});
+}
+
+void LineBuffer::DropRest() {
+  rest_.clear();
+  restIsTooLong_ = false;
+}
+
+void LineBuffer::Clear() {
+  *this = LineBuffer(limits_);
+}
+
+void LineBuffer::AddToRest(std::string_view piece, Intake& intake) {
+  if (restIsTooLong_) return;
+  if (rest_.size() + piece.size() <= limits_.LongestLine) {
+    rest_.append(piece);
+    return;
+  }
+  rest_.clear();
+  restIsTooLong_ = true;
+  ++intake.DroppedLines;
+}
+
+void LineBuffer::TakeRest(Intake& intake) {
+  if (!restIsTooLong_) {
+    if (!IsUtf8(rest_)) rest_ = TextFromBytes(rest_);
+    AppendWithSpacedSkimmer(waiting_, rest_);
+    waiting_.push_back('\n');
+    ++intake.WholeLines;
+    LimitWaiting(intake);
+  }
+  DropRest();
+}
+
+void LineBuffer::LimitWaiting(Intake& intake) {
+  const auto size = waiting_.size() - start_;
+  if (size <= limits_.MostWaiting) return;
+  start_ = waiting_.find('\n', start_ + (size - limits_.MostWaiting) - 1) + 1;
+  if (!std::exchange(overflowTold_, true)) intake.Overflowed = true;
+  if (start_ <= limits_.MostWaiting / 4) return;
+  waiting_.erase(0, start_);
+  start_ = 0;
+}
+
+void AppendWithSpacedSkimmer(std::string& text, std::string_view line) {
+  while (true) {
+    const auto found = line.find(SkimmerEnd);
+    if (found == std::string_view::npos) break;
+    const auto after = found + SkimmerEnd.size();
+    text.append(line.substr(0, after));
+    line.remove_prefix(after);
+    const auto blanks = std::min(line.find_first_not_of(' '), line.size());
+    if (blanks < FieldGap.size()) text.append(FieldGap.substr(blanks));
+  }
+  text.append(line);
+}
+
+}  // namespace brelwin

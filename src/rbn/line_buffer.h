@@ -1,0 +1,61 @@
+// What the stream has sent, as whole lines that wait for the check cycle. A line that was cut on its way is
+// put together again, and lines are brought to the form that the spot parser reads.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace brelwin {
+
+struct LineLimits {
+  std::size_t LongestLine = std::size_t{64} * 1024;         // bytes, without its line end
+  std::size_t MostWaiting = std::size_t{64} * 1024 * 1024;  // bytes
+};
+
+class LineBuffer {
+ public:
+  // What became of some bytes.
+  struct Intake {
+    std::int64_t WholeLines = 0;    // that wait now
+    std::int64_t DroppedLines = 0;  // that were found to be too long
+    bool Overflowed = false;        // the oldest lines began to go; told once until the text is taken
+  };
+
+  explicit LineBuffer(LineLimits limits = {}) : limits_(limits) {}
+
+  // Adds bytes as they came. A line ends with LF; it waits with its line end as it was sent, as UTF-8 (a line
+  // that is not UTF-8 is taken as Windows-1252), and with two blanks after every "-#:": skimmers with long
+  // callsigns leave fewer. A line that is too long is dropped whole; when too much waits, the oldest lines
+  // go.
+  Intake Add(std::string_view bytes);
+
+  bool HasLines() const { return waiting_.size() > start_; }
+
+  // The whole lines that wait, oldest first.
+  std::string TakeLines();
+
+  // Forgets the beginning of a line whose rest will not come.
+  void DropRest();
+
+  // Forgets everything.
+  void Clear();
+
+ private:
+  void AddToRest(std::string_view piece, Intake& intake);
+  void TakeRest(Intake& intake);
+  void LimitWaiting(Intake& intake);
+
+  LineLimits limits_;
+  std::string rest_;            // the beginning of a line that has not ended
+  bool restIsTooLong_ = false;  // the line goes on, but is dropped
+  std::string waiting_;
+  std::size_t start_ = 0;  // of what still waits: older lines before it have gone
+  bool overflowTold_ = false;
+};
+
+// Appends the line with at least two blanks after every "-#:", the end of a skimmer's callsign.
+void AppendWithSpacedSkimmer(std::string& text, std::string_view line);
+
+}  // namespace brelwin
