@@ -1,0 +1,76 @@
+#include "rbn/line_facts.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+#include "radio/callsign.h"
+#include "radio/frequency.h"
+#include "radio/numbers.h"
+
+namespace brelwin {
+namespace {
+
+// A callsign of capital letters and digits alone, as nearly all are, is its own base callsign.
+bool IsPlainCallsign(std::string_view callsign) {
+  return std::all_of(callsign.begin(), callsign.end(),
+                     [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
+}
+
+}  // namespace
+
+bool LineFacts::IsCQ() {
+  return EqualsIgnoringCase(line_.Field(SpotField::Type), "CQ");
+}
+
+bool LineFacts::IsKnownActivator() {
+  return surroundings_.KnownActivators.Contains(StationBaseCallsign());
+}
+
+bool LineFacts::IsRepeated() {
+  return surroundings_.RecentSpots.Contains(DuplicateKeyText());
+}
+
+bool LineFacts::StationHasAlerts() {
+  const auto& stations = surroundings_.Alerts.Stations();
+  return !stations.Empty() && stations.Contains(StationBaseCallsign());
+}
+
+std::string_view LineFacts::StationBaseCallsign() {
+  if (station_) return *station_;
+  const auto callsign = line_.Field(SpotField::Station);
+  if (!IsPlainCallsign(callsign)) stationStorage_ = GetBaseCallsign(callsign);
+  station_ = IsPlainCallsign(callsign) ? callsign : stationStorage_;
+  return *station_;
+}
+
+std::string_view LineFacts::SpotterBaseCallsign() {
+  if (spotter_.empty()) spotter_ = GetBaseCallsign(SkimmerCallsign(line_.Field(SpotField::Skimmer)));
+  return spotter_;
+}
+
+std::string LineFacts::BandText() {
+  return SingleText(static_cast<float>(BandFromFrequency(FrequencyInMhz(), surroundings_.Numbers)));
+}
+
+const std::string& LineFacts::DuplicateKeyText() {
+  if (duplicateKey_.empty()) duplicateKey_ = DuplicateKey(StationBaseCallsign(), FrequencyInMhz());
+  return duplicateKey_;
+}
+
+float LineFacts::FrequencyInMhz() {
+  return ReadFrequency().Mhz;
+}
+
+const std::string& LineFacts::FormattedFrequency() {
+  return ReadFrequency().Formatted;
+}
+
+const LineFacts::Frequency& LineFacts::ReadFrequency() {
+  if (frequency_) return *frequency_;
+  auto& frequency = frequency_.emplace();
+  frequency.Formatted =
+      FormatFrequencyKHz(line_.Field(SpotField::Frequency), frequency.Mhz, surroundings_.Numbers);
+  return frequency;
+}
+
+}  // namespace brelwin

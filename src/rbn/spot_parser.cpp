@@ -1,0 +1,146 @@
+#include "rbn/spot_parser.h"
+
+#include <optional>
+#include <utility>
+
+#include "alerts/matching.h"
+#include "base/text.h"
+#include "core/trap.h"
+#include "radio/dates.h"
+#include "rbn/line_facts.h"
+#include "rbn/spot_builder.h"
+#include "rbn/spot_line.h"
+#include "rbn/spot_rules.h"
+#include "spots/spot_collections.h"
+#include "ui/spot_list.h"
+
+namespace brelwin {
+namespace {
+
+// Lines of other kinds that follow a spot line stay with it, but not without end.
+constexpr std::size_t LongestPiece = std::size_t{64} * 1024;
+
+std::string_view Shortened(std::string_view piece) {
+  if (piece.size() <= LongestPiece) return piece;
+  const auto end = piece.rfind('\n', LongestPiece - 1);
+  return end == std::string_view::npos ? piece : piece.substr(0, end + 1);
+}
+
+// One call: what its lines have in common.
+class Block {
+ public:
+  Block(Host& host, const SpotFilter& filter, const LineSurroundings& surroundings,
+        RecentRBNSpots& recentSpots, SpotCollection& newSpots)
+      : host_(host),
+        filter_(filter),
+        surroundings_(surroundings),
+        recentSpots_(recentSpots),
+        newSpots_(newSpots),
+        rules_(filter),
+        now_(host.Time.Now()),
+        remembers_(filter.FilterDuplicateSpots || filter.DuplicateSpotFilteringPeriod >= 1) {}
+
+  // Purges the recent spots and handles every line of the text, counting them.
+  void Take(std::string_view text, std::int32_t& count);
+
+ private:
+  void TakeLine(std::string_view line, std::size_t pieceNumber, std::int32_t runningNumber);
+  void MatchToAlerts(LineFacts& facts);
+  void LogMiss(std::int32_t numberOfAlerts);
+  void Keep(LineFacts& facts, std::size_t pieceNumber, std::int32_t runningNumber);
+  void LogKept(const Spot& spot);
+  void Log(std::string_view message);
+
+  Host& host_;
+  const SpotFilter& filter_;
+  const LineSurroundings& surroundings_;
+  RecentRBNSpots& recentSpots_;
+  SpotCollection& newSpots_;
+  SpotRules rules_;
+  Instant now_;
+  bool remembers_;  // else nothing would ever purge what is remembered
+  std::optional<DateTime> utcNow_;
+  std::optional<DateTime> localNow_;
+  SpotLine line_;
+};
+
+void Block::Take(std::string_view text, std::int32_t& count) {
+  recentSpots_.Purge(filter_.DuplicateSpotFilteringPeriod, now_);
+  for (std::size_t pieceNumber = 1; !text.empty(); ++pieceNumber) {
+    text.remove_prefix(SpotLineStart.size());
+    const auto piece = text.substr(0, text.find(SpotLineStart));
+    text.remove_prefix(piece.size());
+    const auto line = Trim(Shortened(piece));
+    if (!line.empty()) TakeLine(line, pieceNumber, ++count);
+  }
+}
+
+void Block::TakeLine(std::string_view line, std::size_t pieceNumber, std::int32_t runningNumber) {
+  line_.Read(line);
+  LineFacts facts(surroundings_, line_);
+  if (facts.StationHasAlerts()) MatchToAlerts(facts);
+  if (rules_.Decide(facts) == SpotVerdict::Kept) Keep(facts, pieceNumber, runningNumber);
+}
+
+void Block::MatchToAlerts(LineFacts& facts) {
+  if (!utcNow_) utcNow_ = UTCNow(host_.Time);
+  std::int32_t numberOfAlerts = 0;
+  facts.Alert = GetBestMatchedAlert(host_, facts.StationBaseCallsign(), utcNow_, surroundings_.Alerts,
+                                    filter_, numberOfAlerts);
+  if (facts.Alert == nullptr && numberOfAlerts > 0) LogMiss(numberOfAlerts);
+}
+
+void Block::LogMiss(std::int32_t numberOfAlerts) {
+  Log("Spot received for " + std::string(line_.Field(SpotField::Station)) + " who has " +
+      std::to_string(numberOfAlerts) + " alerts in Sotawatch but none of them are within " +
+      std::to_string(filter_.MaxMinutesBeforeAlertTime) + " minutes before or " +
+      std::to_string(filter_.MaxMinutesAfterAlertTime) + " minutes after the alert time.");
+}
+
+void Block::Keep(LineFacts& facts, std::size_t pieceNumber, std::int32_t runningNumber) {
+  if (!localNow_) localNow_ = host_.Time.LocalNow();
+  const auto spot =
+      BuildRBNSpot(line_, facts, {runningNumber, pieceNumber, *localNow_}, surroundings_.Numbers);
+  AddSpotByID(spot, newSpots_);
+  if (remembers_) recentSpots_.Remember(spot->SpotKey, now_);
+  LogKept(*spot);
+}
+
+void Block::LogKept(const Spot& spot) {
+  if (spot.IsMatchedToAlert) {
+    Log("Alert-matched spot received:");
+  } else if (spot.IsKnownActivator) {
+    Log("Spot of known activator received, NOT alert matched:");
+  } else {
+    return;
+  }
+  LogEvent(host_, DelimitedLine(spot, "|"));
+}
+
+void Block::Log(std::string_view message) {
+  LogEvent(host_, "");
+  LogEvent(host_, "ParseReverseBeaconSpots - " + std::string(message));
+}
+
+}  // namespace
+
+std::int32_t ParseReverseBeaconSpots(Host& host, std::string_view text, const SpotFilter& filter,
+                                     const CallsignCollection& knownActivators, const AlertCollection& alerts,
+                                     RecentRBNSpots& recentSpots, SpotCollection& newSpots,
+                                     std::int32_t& count, std::string& errorText) {
+  count = 0;
+  errorText.clear();
+  if (!text.starts_with(SpotLineStart)) return -1;
+  const auto body = [&] {
+    const LineSurroundings surroundings{knownActivators, alerts, recentSpots, host.Numbers};
+    Block(host, filter, surroundings, recentSpots, newSpots).Take(text, count);
+    return -1;
+  };
+  return TrapErrors(body, 0, [&](const RuntimeError& error) {
+    errorText = error.Description;
+    LogEvent(host, "ParseReverseBeaconSpots Error, Number=" + std::to_string(error.Number) +
+                       " Error=" + error.Description);
+  });
+}
+
+}  // namespace brelwin
