@@ -1,0 +1,87 @@
+// The one connection to the Reverse Beacon Network: opened and logged in here, read by the check cycle.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/observable.h"
+#include "controls/screen.h"
+#include "platform/host.h"
+#include "rbn/line_buffer.h"
+#include "rbn/stream_status.h"
+#include "rbn/winsock_array.h"
+#include "settings/configuration.h"
+
+namespace brelwin {
+
+// What the connection sees of the screen.
+struct RBNControls {
+  explicit RBNControls(Screen& screen)
+      : tmrCheckSpots(screen.tmrCheckSpots),
+        cmdReloadSpotList(screen.Spots.cmdReloadSpotList),
+        lblNoConnectionToRBN(screen.Spots.lblNoConnectionToRBN),
+        chkReverseBeaconSpotsEnabled(screen.RBN.chkReverseBeaconSpotsEnabled),
+        txtRBNCallsign(screen.RBN.txtRBNCallsign),
+        txtRBNMaxMinutesSinceLastRawSpotReceived(screen.RBN.txtRBNMaxMinutesSinceLastRawSpotReceived) {}
+
+  CheckTimer& tmrCheckSpots;
+  Button& cmdReloadSpotList;
+  Label& lblNoConnectionToRBN;
+  CheckBox& chkReverseBeaconSpotsEnabled;
+  TextBox& txtRBNCallsign;
+  TextBox& txtRBNMaxMinutesSinceLastRawSpotReceived;
+};
+
+// Disconnected, then connecting, connected, logged in; Close or Error lead back from anywhere. The events of
+// its sockets act on it, so it stays where it is.
+struct RBNConnection {
+  RBNConnection(Host& host, const Configuration& configuration, RBNControls controls);
+  RBNConnection(const RBNConnection&) = delete;
+  RBNConnection& operator=(const RBNConnection&) = delete;
+  ~RBNConnection() = default;
+
+  Host& World;
+  const Configuration& Config;
+  RBNControls Controls;
+
+  WinsockArray Sockets;
+  std::int32_t Index = 0;     // of the socket in use
+  std::int32_t Attempts = 0;  // how often a connection was tried
+  bool OpenInProgress = false;
+  bool Connected = false;
+  bool CallsignSent = false;    // completely: the login is done
+  bool PromptAnswered = false;  // the callsign is on its way, or was sent
+  std::string RBNCallsign;      // what the login sends
+  std::string ReceiveBuffer;    // what came before the callsign was sent, in search of the prompt
+  LineBuffer Lines;             // what came after it
+  Instant ConnectedAt;
+  Instant LastArrival;         // of any bytes
+  Instant LastRawRBNSpotTime;  // when a spot line was last read, or the login was completed
+
+  StreamStatus Status;
+  Signal StatusChanged;  // raised when the stage changes, not for every line
+
+  SocketControl& Socket() { return Sockets[Index]; }
+};
+
+// Connects to the host (empty: the public server) and port (below 1: 7000), waiting for the connection as
+// long as the settings say, and yielding meanwhile; the check timer stands still. A socket that hangs in
+// closing is replaced by one of the next index. Whether the connection came up is in `Connected` and in the
+// log. An attempt that is not answered in time goes on until the next one. True when it ran to the end, also
+// at once when another call of it is still waiting; false, with the error text, after a run-time error.
+bool OpenRBNConnection(RBNConnection& connection, std::string_view host, std::int32_t port,
+                       std::string& errorText);
+
+// Closes the socket in use, whatever it is doing, and forgets what was received. True when done.
+bool CloseRBNConnection(RBNConnection& connection, std::string& errorText);
+
+// Forgets the login and the line that was being received, whose rest will not come.
+void ForgetLogin(RBNConnection& connection);
+
+// The same, and says that there is no connection: on the screen and, with the reason, in the status.
+void ShowNoConnection(RBNConnection& connection, std::string_view reason);
+
+void SetStage(RBNConnection& connection, StreamStage stage);
+
+}  // namespace brelwin

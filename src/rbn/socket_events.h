@@ -1,0 +1,30 @@
+// What happens on the sockets of the Reverse Beacon Network. Each event writes its line to the event log.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+#include "rbn/connection.h"
+
+namespace brelwin {
+
+// Loads the socket of the connection's index and connects its events to the procedures below.
+void LoadSocket(RBNConnection& connection);
+
+void WinsockArray_Connect(RBNConnection& connection, std::int32_t index);
+void WinsockArray_Close(RBNConnection& connection, std::int32_t index);
+void WinsockArray_Error(RBNConnection& connection, std::int32_t index, const SocketError& error);
+void WinsockArray_SendComplete(RBNConnection& connection, std::int32_t index);
+void WinsockArray_SendProgress(RBNConnection& connection, std::int32_t index, std::size_t bytesSent,
+                               std::size_t bytesRemaining);
+
+// Takes what has arrived. Until the server's prompt is found and answered with the callsign it is searched
+// for the prompt; what follows the prompt waits for the check cycle as whole lines.
+void WinsockArray_DataArrival(RBNConnection& connection, std::int32_t index);
+
+// The position behind the first login prompt in the text; empty when there is none.
+std::optional<std::size_t> EndOfPrompt(std::string_view text);
+
+}  // namespace brelwin

@@ -1,0 +1,115 @@
+#include "rbn/stream.h"
+
+#include <string>
+
+#include "base/text.h"
+#include "core/event_log.h"
+#include "radio/numbers.h"
+#include "rbn/spot_line.h"
+#include "rbn/spot_parser.h"
+#include "rbn/stream_watchdog.h"
+
+namespace brelwin {
+namespace {
+
+std::int32_t MostMinutesWithoutSpots(const RBNConnection& connection) {
+  return WholeNumber(connection.Controls.txtRBNMaxMinutesSinceLastRawSpotReceived.Text.Get(),
+                     connection.World.Numbers);
+}
+
+std::string Describe(Silence silence, std::int32_t mostMinutes) {
+  const auto time = " for " + std::to_string(PatienceInMinutes(mostMinutes)) + " minutes";
+  return (silence == Silence::NoLogin ? "no login" : "nothing received") + time;
+}
+
+void CloseSilentConnection(RBNConnection& connection) {
+  if (!connection.Connected) return;
+  const auto mostMinutes = MostMinutesWithoutSpots(connection);
+  const auto silence = SilenceOf({connection.ConnectedAt, connection.LastArrival, connection.CallsignSent},
+                                 mostMinutes, connection.World.Time.Now());
+  if (silence == Silence::None) return;
+  const auto reason = Describe(silence, mostMinutes);
+  LogEvent(connection.World, "CloseSilentRBNConnection - Connection closed, " + reason);
+  connection.Socket().Close();
+  ShowNoConnection(connection, reason);
+}
+
+void Reconnect(RBNConnection& connection) {
+  std::string errorText;
+  CloseRBNConnection(connection, errorText);
+  OpenRBNConnection(connection, connection.Config.RBNHost, connection.Config.RBNPort, errorText);
+}
+
+void WatchStream(RBNConnection& connection, std::int32_t spotLines) {
+  const auto now = connection.World.Time.Now();
+  if (spotLines > 0) {
+    connection.LastRawRBNSpotTime = now;
+  } else if (connection.CallsignSent &&
+             StreamIsStale(connection.LastRawRBNSpotTime, MostMinutesWithoutSpots(connection), now)) {
+    Reconnect(connection);
+  }
+}
+
+void SwitchOff(RBNConnection& connection) {
+  connection.Controls.lblNoConnectionToRBN.Visible = false;
+  if (connection.Connected || connection.Socket().State() == SocketState::Connecting) {
+    std::string errorText;
+    CloseRBNConnection(connection, errorText);
+  } else {
+    connection.Lines.Clear();
+    SetStage(connection, StreamStage::Off);
+  }
+}
+
+bool IsLoggingIn(const RBNConnection& connection) {
+  return connection.Connected && !connection.CallsignSent;
+}
+
+}  // namespace
+
+void ConnectToRBN(RBNConnection& connection) {
+  connection.RBNCallsign = Trim(connection.Controls.txtRBNCallsign.Text.Get());
+  if (connection.RBNCallsign.empty()) return;
+  std::string errorText;
+  OpenRBNConnection(connection, connection.Config.RBNHost, connection.Config.RBNPort, errorText);
+}
+
+bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
+                  const CallsignCollection& knownActivators, const AlertCollection& alerts,
+                  RecentRBNSpots& recentSpots, SpotCollection& newSpots) {
+  CloseSilentConnection(connection);
+  const bool mustConnect = !connection.Connected;
+  bool hasNewSpots = false;
+  // Lines that came before a connection ended are read before the next one is tried.
+  if (connection.Lines.HasLines() && !IsLoggingIn(connection)) {
+    if (connection.Connected) connection.Controls.lblNoConnectionToRBN.Visible = false;
+    const auto text = connection.Lines.TakeLines();
+    std::int32_t spotLines = 0;
+    std::string errorText;
+    const auto result =
+        ParseReverseBeaconSpots(connection.World, FromFirstSpotLine(text), filter, knownActivators, alerts,
+                                recentSpots, newSpots, spotLines, errorText);
+    hasNewSpots = result == -1 && !newSpots.Empty();
+    WatchStream(connection, spotLines);
+  }
+  if (mustConnect) ConnectToRBN(connection);
+  return hasNewSpots;
+}
+
+void chkReverseBeaconSpotsEnabled_Click(RBNConnection& connection) {
+  auto& controls = connection.Controls;
+  if (!controls.chkReverseBeaconSpotsEnabled.Value) {
+    SwitchOff(connection);
+  } else if (Trim(controls.txtRBNCallsign.Text.Get()).empty()) {
+    controls.txtRBNCallsign.SetFocus.Raise();
+    connection.World.Messages.ShowMessage(
+        "You must first enter your Reverse Beacon Network Login Callsign before enabling spots from Reverse "
+        "Beacon Network.",
+        "Brelwin", MessageIcon::Exclamation);
+    controls.chkReverseBeaconSpotsEnabled.Value = false;
+  } else if (!connection.Connected && !connection.World.FetchInProgress) {
+    ConnectToRBN(connection);
+  }
+}
+
+}  // namespace brelwin

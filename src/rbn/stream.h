@@ -1,0 +1,26 @@
+// What one check does with the stream: look after the connection, read what has come, and find the spots.
+#pragma once
+
+#include "alerts/alert_collection.h"
+#include "rbn/connection.h"
+#include "rbn/recent_spots.h"
+#include "spots/spot.h"
+#include "ui/spot_filter.h"
+
+namespace brelwin {
+
+// Takes the login callsign from the screen and, unless it is empty, opens the connection to the configured
+// server.
+void ConnectToRBN(RBNConnection& connection);
+
+// One check's step, to be called while the stream is switched on. What was received and waits is parsed; a
+// connection that is stale or silent is closed, and where there is none one attempt is made. True when there
+// are new spots to handle, in the order of their lines.
+bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
+                  const CallsignCollection& knownActivators, const AlertCollection& alerts,
+                  RecentRBNSpots& recentSpots, SpotCollection& newSpots);
+
+// The user has switched the stream on or off. On without a callsign is refused with a message.
+void chkReverseBeaconSpotsEnabled_Click(RBNConnection& connection);
+
+}  // namespace brelwin

@@ -1,0 +1,26 @@
+// What the stream is doing, for the status line.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+
+#include "base/date_time.h"
+
+namespace brelwin {
+
+enum class StreamStage : std::uint8_t { Off, Connecting, AwaitingLogin, Receiving, NoConnection };
+
+struct StreamStatus {
+  StreamStage Stage = StreamStage::Off;
+  DateTime Since;                    // local
+  std::string Peer;                  // host and port
+  std::string Failure;               // why there is no connection, in words
+  std::int64_t Lines = 0;            // received since the login, of every kind
+  std::optional<DateTime> LastLine;  // local
+};
+
+// The status in words. `nextAttempt` is the local time at which the next connection will be tried.
+std::string StreamStatusText(const StreamStatus& status, std::optional<DateTime> nextAttempt);
+
+}  // namespace brelwin
