@@ -5,6 +5,13 @@
 #include "base/text.h"
 
 namespace brelwin {
+namespace {
+
+bool IsUpperCaseOf(char upper, char c) {
+  return c == upper || (c >= 'a' && c <= 'z' && c - 'a' + 'A' == upper);
+}
+
+}  // namespace
 
 FilterList::FilterList(std::string_view list) : matchesEverything_(Trim(list).empty()) {
   for (const auto piece : Split(list, ",")) {
@@ -17,7 +24,8 @@ FilterList::FilterList(std::string_view list) : matchesEverything_(Trim(list).em
 }
 
 bool FilterList::Item::Matches(std::string_view value) const {
-  return EqualsIgnoringCase(IsPrefix ? value.substr(0, Text.size()) : value, Text);
+  if (value.size() < Text.size() || (!IsPrefix && value.size() > Text.size())) return false;
+  return std::equal(Text.begin(), Text.end(), value.begin(), IsUpperCaseOf);
 }
 
 bool FilterList::Matches(std::string_view value) const {

@@ -7,13 +7,6 @@
 namespace brelwin {
 namespace {
 
-// Nearly all text is: then characters are bytes, and none needs a look of its own.
-bool IsPrintableAscii(std::string_view text) {
-  bool allPrintable = true;
-  for (const char c : text) allPrintable &= c >= ' ' && c <= '~';
-  return allPrintable;
-}
-
 bool IsControl(char32_t c) {
   constexpr char32_t LineSeparator = 0x2028;
   constexpr char32_t ParagraphSeparator = 0x2029;
@@ -21,7 +14,7 @@ bool IsControl(char32_t c) {
 }
 
 // Appends at most `count` characters and returns how many there were.
-std::size_t AppendOneByOne(std::string& line, std::string_view text, std::size_t count) {
+std::size_t AppendCharacters(std::string& line, std::string_view text, std::size_t count) {
   std::size_t appended = 0;
   for (; appended < count && !text.empty(); ++appended) {
     if (text.starts_with("\r\n")) text.remove_prefix(1);
@@ -31,14 +24,14 @@ std::size_t AppendOneByOne(std::string& line, std::string_view text, std::size_t
   return appended;
 }
 
-std::size_t AppendCharacters(std::string& line, std::string_view text, std::size_t count) {
-  const auto bytes = text.substr(0, count);
-  if (!IsPrintableAscii(bytes)) return AppendOneByOne(line, text, count);
-  line.append(bytes);
-  return bytes.size();
-}
-
 }  // namespace
+
+bool IsPlainText(std::string_view text) {
+  constexpr unsigned char LastOffset = '~' - ' ';
+  unsigned char isOther = 0;  // no way out of the loop: it runs over many bytes at a time
+  for (const char c : text) isOther |= static_cast<unsigned char>(c - ' ') > LastOffset ? 1 : 0;
+  return isOther == 0;
+}
 
 void AppendPadded(std::string& line, std::string_view text, std::size_t shown, std::size_t width) {
   line.append(width - AppendCharacters(line, text, shown), ' ');
@@ -51,7 +44,11 @@ void AppendAlignedRight(std::string& line, std::string_view text, std::size_t wi
 }
 
 void AppendPrintable(std::string& line, std::string_view text) {
-  AppendCharacters(line, text, text.size());
+  if (IsPlainText(text)) {
+    line.append(text);
+  } else {
+    AppendCharacters(line, text, text.size());
+  }
 }
 
 void AppendWithoutLineEnds(std::string& line, std::string_view text) {

@@ -7,6 +7,10 @@
 
 namespace brelwin {
 
+// Whether the text is printable ASCII throughout: then characters are bytes, and none needs a look of its
+// own.
+bool IsPlainText(std::string_view text);
+
 // Appends the first `shown` characters of the text, padded on the right with blanks to `width` characters,
 // which is not less. Control characters become blanks.
 void AppendPadded(std::string& line, std::string_view text, std::size_t shown, std::size_t width);

@@ -1,7 +1,6 @@
 #include "ui/spot_list.h"
 
 #include <array>
-#include <charconv>
 #include <initializer_list>
 
 #include "base/text.h"
@@ -12,27 +11,63 @@
 namespace brelwin {
 namespace {
 
-constexpr std::size_t UsualLineLength = 172;  // all columns and a line end
+struct Column {
+  std::size_t Shown;  // the first characters of the text, at most
+  std::size_t Width;
+  bool IsAlignedRight = false;
+};
+
+constexpr std::array<Column, 10> Columns = {
+    {{7, 7}, {12, 12}, {12, 12}, {30, 32}, {3, 3}, {11, 11, true}, {6, 6}, {13, 14}, {60, 61}, {12, 12}}};
+constexpr std::size_t LineWidth = 170;  // of all columns
+
+using Cells = std::array<std::string_view, Columns.size()>;
+
+// Nearly every line is plain text, whose characters need no counting. False, with nothing done, for another.
+bool AppendPlainCells(std::string& text, const Cells& cells) {
+  std::array<char, LineWidth> line{};
+  line.fill(' ');
+  auto* place = line.data();
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    const auto shown = cells[i].substr(0, Columns[i].Shown);
+    shown.copy(Columns[i].IsAlignedRight ? place + Columns[i].Width - shown.size() : place, shown.size());
+    place += Columns[i].Width;
+  }
+  const std::string_view finished(line.data(), line.size());
+  if (!IsPlainText(finished)) return false;
+  text.append(finished);
+  return true;
+}
+
+void AppendCells(std::string& text, const Cells& cells) {
+  for (std::size_t i = 0; i < cells.size(); ++i) {
+    if (Columns[i].IsAlignedRight) {
+      AppendAlignedRight(text, cells[i], Columns[i].Width);
+    } else {
+      AppendPadded(text, cells[i], Columns[i].Shown, Columns[i].Width);
+    }
+  }
+}
 
 // The number pattern "##": the digits alone, and nothing for 0.
-void AppendPoints(std::string& text, std::int16_t points) {
-  constexpr std::size_t Width = 3;
-  std::array<char, 8> buffer{};
-  const auto end = points == 0 ? buffer.data() : std::to_chars(buffer.begin(), buffer.end(), points).ptr;
-  AppendPadded(text, {buffer.data(), end}, Width, Width);
+std::string PointsText(std::int16_t points) {
+  return points == 0 ? std::string() : std::to_string(points);
 }
 
 void AppendColumns(std::string& text, const Spot& spot) {
-  AppendPadded(text, spot.UTCTime, 7, 7);
-  AppendPadded(text, spot.Station, 12, 12);
-  AppendPadded(text, spot.SummitDesignator, 12, 12);
-  AppendPadded(text, spot.SummitName, 30, 32);
-  AppendPoints(text, spot.SummitPoints);
-  AppendAlignedRight(text, spot.FormattedFrequencyString, 11);
-  AppendPadded(text, spot.ModeString, 6, 6);
-  AppendPadded(text, spot.OperatorName, 13, 14);
-  AppendPadded(text, spot.Comment, 60, 61);
-  AppendPadded(text, "[" + spot.Spotter + "]", 12, 12);
+  const auto points = PointsText(spot.SummitPoints);
+  const auto spotter = "[" + spot.Spotter + "]";
+  const Cells cells = {spot.UTCTime,
+                       spot.Station,
+                       spot.SummitDesignator,
+                       spot.SummitName,
+                       points,
+                       spot.FormattedFrequencyString,
+                       spot.ModeString,
+                       spot.OperatorName,
+                       spot.Comment,
+                       spotter};
+  if (!AppendPlainCells(text, cells)) AppendCells(text, cells);
 }
 
 // Feeds escape slashes with a backslash.
@@ -87,7 +122,7 @@ std::string DelimitedLine(const Spot& spot, std::string_view separator) {
 
 std::string SpotListText(const SpotCollection& spots) {
   std::string text;
-  text.reserve(spots.Count() * UsualLineLength);
+  text.reserve(spots.Count() * (LineWidth + LineEnd.size()));
   for (const auto& entry : spots) {
     AppendFixedWidthLine(text, *entry.Item);
     text.append(LineEnd);
