@@ -1,0 +1,34 @@
+// The text of a list of 10,000 spots.
+#include <benchmark/benchmark.h>
+
+#include <cstring>
+
+#include "made_spots.h"
+#include "ui/spot_list.h"
+
+namespace brelwin::benchmarks {
+namespace {
+
+constexpr std::size_t LineCount = 10'000;
+
+void ListText(benchmark::State& state) {
+  const auto spots = MakeSpots(0, LineCount);
+  for (auto _ : state) benchmark::DoNotOptimize(SpotListText(spots));
+}
+BENCHMARK(ListText)->Unit(benchmark::kMillisecond);
+
+// Copying lines that are ready.
+void ListTextFloor(benchmark::State& state) {
+  const auto text = SpotListText(MakeSpots(0, LineCount));
+  const auto lines = SplitLines(text);
+  for (auto _ : state) {
+    std::string copy;
+    copy.reserve(text.size());
+    for (const auto line : lines) copy.append(line).append(LineEnd);
+    benchmark::DoNotOptimize(copy);
+  }
+}
+BENCHMARK(ListTextFloor)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace brelwin::benchmarks

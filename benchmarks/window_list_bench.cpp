@@ -1,0 +1,103 @@
+// The list of the window: putting 10,000 lines into it, and adding 10 to them, until they are painted.
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+
+#include "made_spots.h"
+#include "qt/window/spot_list_view.h"
+#include "ui/spot_list.h"
+
+namespace brelwin::benchmarks {
+namespace {
+
+constexpr std::size_t LineCount = 10'000;
+constexpr std::size_t AddedLines = 10;
+constexpr std::size_t Refreshes = 20;
+
+// What the list shows at one moment.
+struct Contents {
+  explicit Contents(std::size_t firstSpot) {
+    const auto spots = MakeSpots(firstSpot, LineCount);
+    for (const auto& entry : spots) Spots.push_back(entry.Item);
+    Text = SpotListText(spots);
+  }
+
+  std::vector<std::shared_ptr<const Spot>> Spots;
+  std::string Text;
+};
+
+// Each with ten new lines on top of the one before, ten old ones having left at the end.
+const std::vector<Contents>& Moments() {
+  static const auto moments = [] {
+    std::vector<Contents> made;
+    for (std::size_t i = Refreshes + 1; i > 0; --i) made.emplace_back((i - 1) * AddedLines);
+    return made;
+  }();
+  return moments;
+}
+
+struct ListWindow {
+  ListWindow() : Following(View.Follow(Control)) {
+    View.resize(1200, 700);
+    View.show();
+    QCoreApplication::processEvents();
+  }
+
+  // As the program does it: cleared, events handled, set.
+  void Show(const Contents& contents) {
+    Control.Text = std::string();
+    QCoreApplication::processEvents();
+    Control.Spots = contents.Spots;
+    Control.Text = contents.Text;
+    View.viewport()->repaint();
+  }
+
+  void Empty() {
+    Control.Spots.clear();
+    Control.Text = std::string("Connecting...");
+    QCoreApplication::processEvents();
+  }
+
+  ControlList Controls;
+  SpotListBox Control{Controls, "txtSPOTList"};
+  SpotListView View;
+  Watch Following;
+};
+
+void PutLines(benchmark::State& state) {
+  const auto& contents = Moments().front();
+  ListWindow window;
+  for (auto _ : state) {
+    window.Show(contents);
+    state.PauseTiming();
+    window.Empty();
+    state.ResumeTiming();
+  }
+}
+BENCHMARK(PutLines)->Unit(benchmark::kMillisecond);
+
+void AddLines(benchmark::State& state) {
+  ListWindow window;
+  std::size_t moment = Refreshes;
+  for (auto _ : state) {
+    if (moment == Refreshes) {
+      state.PauseTiming();
+      moment = 0;
+      window.Show(Moments()[moment]);
+      state.ResumeTiming();
+    }
+    window.Show(Moments()[++moment]);
+  }
+}
+BENCHMARK(AddLines)->Unit(benchmark::kMillisecond);
+
+// Painting the lines in view, which no list can do without.
+void PaintLines(benchmark::State& state) {
+  ListWindow window;
+  window.Show(Moments().front());
+  for (auto _ : state) window.View.viewport()->repaint();
+}
+BENCHMARK(PaintLines)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+}  // namespace brelwin::benchmarks
