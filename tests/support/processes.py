@@ -169,13 +169,13 @@ class SpotLine(NamedTuple):
 
 
 def read_spot_line(line: str) -> SpotLine:
-    ends = [7, 12, 12, 32, 3, 11, 6, 14, 61, len(line)]
+    head, _, spotter = line.rpartition('[')
     columns = []
-    for width in ends:
-        columns.append(line[:width].strip())
-        line = line[width:]
-    return SpotLine(columns[0], columns[1], columns[2], columns[5], columns[6], columns[8],
-                    columns[9].removeprefix('[').removesuffix(']'))
+    for width in (7, 12, 12, 32, 3, 11, 6, 14):
+        columns.append(head[:width].strip())
+        head = head[width:]
+    return SpotLine(columns[0], columns[1], columns[2], columns[5], columns[6], head.strip(),
+                    spotter.strip().removesuffix(']'))
 
 
 def is_spot_line(line: str) -> bool:
