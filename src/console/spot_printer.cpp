@@ -19,6 +19,8 @@ SpotPrinter::SpotPrinter(Screen& screen, PrintLine print) : screen_(screen), pri
   PrintLines(screen_.Spots.lblSpotListHeader.Caption.Get());
   FollowCaption(screen_.Spots.lblSpotListHeader);
   FollowCaption(screen_.Spots.lblStatus);
+  FollowCaption(screen_.RBN.lblRBNStatus);
+  FollowCaption(screen_.RBN.lblUnmatchedSpot);
   FollowLabels();
   watches_.push_back(screen_.Spots.txtSPOTList.Text.WhenChanged([this] { PrintList(); }));
 }

@@ -11,6 +11,9 @@ struct RBNTab {
   Frame fraReverseBeaconNetwork{Controls, "fraReverseBeaconNetwork"};
   CheckBox chkReverseBeaconSpotsEnabled{Controls, "chkReverseBeaconSpotsEnabled"};
   TextBox txtRBNCallsign{Controls, "txtRBNCallsign"};
+  Label lblRBNStatus{Controls, "lblRBNStatus"};  // what the stream has begun to do
+  Label lblUnmatchedSpot{Controls,
+                         "lblUnmatchedSpot"};  // why the last spot of an announced station did not match
   TextBox txtRBNMaxMinutesSinceLastRawSpotReceived{Controls, "txtRBNMaxMinutesSinceLastRawSpotReceived"};
 
   CheckBox chkRBNFilterKnownActivators{Controls, "chkRBNFilterKnownActivators"};

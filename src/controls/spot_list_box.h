@@ -22,6 +22,9 @@ struct SpotListBox : Control {
   // The spots of the lines of the next Text, set before it; empty when the lines are no spots (a countdown).
   std::vector<std::shared_ptr<const Spot>> Spots;
 
+  // Called by the skin with the spot of the line that the user chose; may be empty.
+  std::function<void(const Spot&)> Select;
+
   // Called by the skin with the spot of the line that the user double-clicked; may be empty.
   std::function<void(const Spot&)> DoubleClick;
 };

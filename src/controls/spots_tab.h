@@ -23,7 +23,9 @@ struct SpotsTab {
   Label lblNoSotawatchConnection{Controls, "lblNoSotawatchConnection", "No connection to Sotawatch"};
   Label lblNoConnectionToRBN{Controls, "lblNoConnectionToRBN", "No connection to Reverse Beacon Network"};
   Label lblUTCTime{Controls, "lblUTCTime"};
-  Label lblStatus{Controls, "lblStatus"};  // what the feed in use last answered, in words
+  Label lblStatus{Controls, "lblStatus"};            // what the feed in use last answered, in words
+  Label lblSources{Controls, "lblSources"};          // what each source is doing and has brought
+  Label lblSpotDetails{Controls, "lblSpotDetails"};  // more about the selected spot
 };
 
 }  // namespace brelwin

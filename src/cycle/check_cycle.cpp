@@ -4,7 +4,10 @@
 #include <string>
 
 #include "core/trap.h"
+#include "cycle/alerts_refresh.h"
+#include "cycle/skimmer_spots.h"
 #include "cycle/sotawatch_spots.h"
+#include "cycle/source_status.h"
 #include "cycle/start_up.h"
 #include "radio/dates.h"
 #include "ui/filter_from_screen.h"
@@ -45,9 +48,14 @@ void CheckForSpots(MainWindow& window) {
     FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
   });
   TrapErrorsSilently([&] { TakeSotawatchSpots(window, filter); });
+  if (window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) {
+    TrapErrorsSilently([&] { RefreshAlertsWhenDue(window, filter); });
+    TrapErrorsSilently([&] { TakeSkimmerSpots(window, filter); });
+  }
   TrapErrorsSilently([&] {
     tab.picDownload.Visible = false;
     tab.lblCheckingForSpots.Visible = false;
+    ShowSourceStatus(window);
   });
 }
 

@@ -10,7 +10,10 @@
 #include "cycle/entry.h"
 #include "cycle/settings_handlers.h"
 #include "cycle/sotawatch_spots.h"
+#include "cycle/source_status.h"
+#include "cycle/spot_details.h"
 #include "radio/url_encode.h"
+#include "rbn/stream.h"
 #include "ui/alerting.h"
 #include "ui/filter_from_screen.h"
 #include "ui/program_path.h"
@@ -91,6 +94,9 @@ void ConnectDocuments(MainWindow& window) {
   screen.Spots.txtSPOTList.DoubleClick = [&window](const Spot& spot) {
     Handler(window, [&] { OpenSpotPage(window, spot); })();
   };
+  screen.Spots.txtSPOTList.Select = [&window](const Spot& spot) {
+    Handler(window, [&] { window.Controls.Spots.lblSpotDetails.Caption = SpotDetails(window, spot); })();
+  };
   screen.Files.lstWebsites.DoubleClick = [&window](std::size_t index) {
     Handler(window, [&window, index] {
       if (index < window.Websites.size()) OpenDocument(window.World, window.Websites[index].Address);
@@ -136,6 +142,12 @@ void ConnectSettings(MainWindow& window) {
       Handler(window, [&window] { cmdPlayGatewaySound_Click(window.World, window.Controls.Gateway); });
 }
 
+void ConnectStream(MainWindow& window) {
+  window.Controls.RBN.chkReverseBeaconSpotsEnabled.Click =
+      Handler(window, [&window] { chkReverseBeaconSpotsEnabled_Click(window.RBN); });
+  window.Watches.push_back(window.RBN.StatusChanged.WhenRaised([&window] { ShowStreamStage(window); }));
+}
+
 }  // namespace
 
 void ConnectHandlers(MainWindow& window) {
@@ -143,6 +155,7 @@ void ConnectHandlers(MainWindow& window) {
   ConnectSettings(window);
   ConnectViewers(window);
   ConnectDocuments(window);
+  ConnectStream(window);
 }
 
 }  // namespace brelwin

@@ -1,14 +1,17 @@
 #include "cycle/main_window.h"
 
+#include "core/data_files.h"
 #include "cycle/check_cycle.h"
 #include "cycle/entry.h"
 
 namespace brelwin {
 
 MainWindow::MainWindow(Host& host)
-    : World(host), TickDriver(host.Events, Controls.tmrCheckSpots, [this] {
-        Enter(*this, [this] { tmrCheckSpots_Timer(*this); });
-      }) {
+    : World(host),
+      Commands(host, CommandMemory(host, InProgramFolder(host, "Brelwin.INI"),
+                                   [this] { SettingsFile.SaveSettings(); })),
+      TickDriver(host.Events, Controls.tmrCheckSpots,
+                 [this] { Enter(*this, [this] { tmrCheckSpots_Timer(*this); }); }) {
   // Shown only while they are true.
   Controls.Spots.picDownload.Visible = false;
   Controls.Spots.lblCheckingForSpots.Visible = false;

@@ -3,14 +3,19 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
+#include "alerts/alert_collection.h"
+#include "alerts/alert_commands.h"
 #include "controls/screen.h"
 #include "core/websites.h"
 #include "cycle/check_timer.h"
 #include "intake/spot_intake.h"
 #include "platform/host.h"
+#include "rbn/connection.h"
+#include "rbn/recent_spots.h"
 #include "settings/configuration.h"
 #include "settings/settings.h"
 #include "spots/spot.h"
@@ -33,6 +38,20 @@ struct MainWindow {
   std::vector<Website> Websites;
   SpotIntake Intake{World};
 
+  AlertCollection Alerts;
+  AlertCommands Commands;
+  RBNConnection RBN{World, Config, RBNControls(Controls)};
+  RecentRBNSpots RBNSpots;
+
+  // What the feed in use is doing: since when, and how many spots it has brought in this run.
+  struct FeedState {
+    std::string Text;
+    std::optional<DateTime> Since;  // local
+    std::int64_t Spots = 0;
+  };
+  FeedState Sotawatch;
+  std::optional<DateTime> AlertsReadAt;  // local
+
   bool FormLoading = true;
   bool CheckInProgress = false;
   std::int16_t WaitingForStartupDelay = 0;  // 1 while ticks only count down the delay
@@ -40,11 +59,13 @@ struct MainWindow {
   float StartupDelaySeconds = 0;
   Instant StartupTime;
   std::string TwitterSinceID;
-  std::string RBNCallsign;
+  std::optional<Instant> LastAlertsRefreshTime;  // of the last refresh that succeeded
+  std::optional<Instant> LastAlertsArchiveTime;
 
   int EntryDepth = 0;     // how many entries into the program (ticks, clicks, start-up) are on the stack
   bool Unloaded = false;  // Form_Unload has begun
   CheckTimerDriver TickDriver;
+  std::vector<Watch> Watches;
 };
 
 }  // namespace brelwin

@@ -4,6 +4,7 @@
 
 #include "cycle/spot_list_display.h"
 #include "radio/numbers.h"
+#include "rbn/stream.h"
 
 namespace brelwin {
 namespace {
@@ -14,6 +15,12 @@ void Complain(MainWindow& window, std::string_view text) {
 
 std::int32_t NumberIn(const MainWindow& window, const TextBox& box) {
   return WholeNumber(box.Text.Get(), window.World.Numbers);
+}
+
+// Settings that are applied may have switched the stream on.
+void ConnectWhenWanted(MainWindow& window) {
+  const bool isWanted = window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value;
+  if (isWanted && !window.RBN.Connected && !window.World.FetchInProgress) ConnectToRBN(window.RBN);
 }
 
 }  // namespace
@@ -47,6 +54,7 @@ void txtMaximumSpotsInList_LostFocus(MainWindow& window) {
 void cmdSaveSettings_Click(MainWindow& window) {
   if (window.SettingsFile.SaveSettings()) {
     window.Controls.Spots.lblStatus.Caption = "Settings saved";
+    ConnectWhenWanted(window);
   } else {
     Complain(window, "The settings could not be saved. The event log says why.");
   }

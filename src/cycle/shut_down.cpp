@@ -1,5 +1,7 @@
 #include "cycle/shut_down.h"
 
+#include <string>
+
 #include "core/event_log.h"
 #include "core/trap.h"
 
@@ -16,6 +18,8 @@ void Form_Unload(MainWindow& window) {
   LogEvent(window.World, "Form_Unload Begin");
   window.Controls.tmrCheckSpots.Enabled = false;
   TrapErrorsSilently([&] { window.SettingsFile.SaveSettings(); });
+  std::string errorText;
+  CloseRBNConnection(window.RBN, errorText);
   LogEvent(window.World, "Form_Unload End");
   window.World.Events.Quit();
 }

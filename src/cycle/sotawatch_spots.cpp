@@ -1,5 +1,6 @@
 #include "cycle/sotawatch_spots.h"
 
+#include "cycle/alerts_refresh.h"
 #include "cycle/spot_list_display.h"
 #include "spots/spot_collections.h"
 #include "ui/alerting.h"
@@ -14,14 +15,23 @@ constexpr std::int32_t MaximumRecentSotawatchSpots = 200;
 constexpr std::int32_t Success = -1;
 constexpr std::int32_t NoConnection = -100;
 
-std::int32_t ReadFeed(MainWindow& window, SpotCollection& newSpots) {
+void NoteFeedState(MainWindow& window, const SpotCollection& newSpots) {
+  auto& state = window.Sotawatch;
+  if (state.Text != window.Intake.StatusText()) state.Since = window.World.Time.LocalNow();
+  state.Text = window.Intake.StatusText();
+  state.Spots += static_cast<std::int64_t>(newSpots.Count());
+  window.Controls.Spots.lblStatus.Caption = state.Text;
+}
+
+std::int32_t ReadFeed(MainWindow& window, const SpotFilter& filter, SpotCollection& newSpots) {
   auto& tab = window.Controls.Spots;
   tab.picDownload.Visible = true;
   std::string errorText;
   const auto result = window.Intake.GetSotawatchSpots(
       tab.chkSOTAWatchSpotsViaRSS.Value, window.Config.Addresses, window.Config.Test, window.KnownActivators,
       window.TrustedSpotters, window.TwitterSinceID, newSpots, errorText);
-  tab.lblStatus.Caption = window.Intake.StatusText();
+  NoteFeedState(window, newSpots);
+  CarryOutAlertCommands(window, newSpots, filter);
   return result;
 }
 
@@ -49,7 +59,7 @@ void ReloadSpotList(MainWindow& window) {
   const auto sinceID = std::exchange(window.TwitterSinceID, {});
   window.Intake.Forget();
   SpotCollection newSpots;
-  if (ReadFeed(window, newSpots) != Success) {
+  if (ReadFeed(window, filter, newSpots) != Success) {
     window.TwitterSinceID = sinceID;
     return;
   }
@@ -64,7 +74,7 @@ void ReloadSpotList(MainWindow& window) {
 void TakeSotawatchSpots(MainWindow& window, SpotFilter& filter) {
   const bool viaRSS = window.Controls.Spots.chkSOTAWatchSpotsViaRSS.Value;
   SpotCollection newSpots;
-  const auto result = ReadFeed(window, newSpots);
+  const auto result = ReadFeed(window, filter, newSpots);
   if (!viaRSS) ShowTwitterConnection(window, result);
   if (newSpots.Empty()) return;
   if (!viaRSS) window.TwitterSinceID = (*newSpots.At(1))->ID;

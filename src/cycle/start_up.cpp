@@ -13,6 +13,7 @@
 #include "cycle/spot_list_display.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
+#include "rbn/stream.h"
 #include "ui/spot_list.h"
 
 namespace brelwin {
@@ -93,7 +94,7 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   Step(window, [&] { LogLaunch(window); });
   Step(window, [&] {
     window.SettingsFile.LoadSettings(InProgramFolder(world, "Brelwin.INI"), passwordFromEnvironment);
-    window.RBNCallsign = Trim(window.Controls.RBN.txtRBNCallsign.Text.Get());
+    window.RBN.RBNCallsign = Trim(window.Controls.RBN.txtRBNCallsign.Text.Get());
   });
   Step(window, [&] { window.CheckInterval = TimerInterval(window); });
   Step(window, [&] { ShowWhatThereIs(window); });
@@ -117,6 +118,8 @@ void InitializeInternetConnections(MainWindow& window) {
   auto& timer = window.Controls.tmrCheckSpots;
   timer.Enabled = false;
   ReloadSpotList(window);
+  if (window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value && !window.World.ShuttingDown)
+    ConnectToRBN(window.RBN);
   timer.Interval = window.CheckInterval;
   window.Controls.Spots.cmdReloadSpotList.Enabled = true;
   timer.Enabled = !window.World.ShuttingDown;

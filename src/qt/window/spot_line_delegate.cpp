@@ -13,9 +13,17 @@ QPalette::ColorGroup ColorGroupOf(const QStyleOptionViewItem& option) {
   return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
 }
 
-QColor TextColor(const QStyleOptionViewItem& option) {
+QColor TextColor(const QStyleOptionViewItem& option, bool isMatched) {
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-  return option.palette.color(ColorGroupOf(option), isSelected ? QPalette::HighlightedText : QPalette::Text);
+  const auto plain = isMatched ? QPalette::Link : QPalette::Text;
+  return option.palette.color(ColorGroupOf(option), isSelected ? QPalette::HighlightedText : plain);
+}
+
+// A bar at the edge tells what colour alone might not.
+void MarkLine(QPainter& painter, const QStyleOptionViewItem& option) {
+  auto edge = option.rect;
+  edge.setWidth(SpotLineDelegate::Margin - 1);
+  painter.fillRect(edge, option.palette.color(ColorGroupOf(option), QPalette::Highlight));
 }
 
 const QStyle& StyleOf(const QStyleOptionViewItem& option) {
@@ -27,8 +35,12 @@ const QStyle& StyleOf(const QStyleOptionViewItem& option) {
 void SpotLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
                              const QModelIndex& index) const {
   StyleOf(option).drawPrimitive(QStyle::PE_PanelItemViewItem, &option, painter, option.widget);
-  painter->setFont(option.font);
-  painter->setPen(TextColor(option));
+  const bool isMatched = index.data(SpotListModel::MatchedRole).toBool();
+  if (isMatched) MarkLine(*painter, option);
+  auto font = option.font;
+  font.setBold(isMatched);
+  painter->setFont(font);
+  painter->setPen(TextColor(option, isMatched));
   const auto area = option.rect.adjusted(Margin, 0, -Margin, 0);
   painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, index.data().toString());
 }

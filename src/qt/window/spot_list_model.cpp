@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <ranges>
+#include <utility>
 
 #include "base/encoding.h"
 #include "base/text.h"
@@ -26,11 +27,24 @@ int SpotListModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant SpotListModel::data(const QModelIndex& index, int role) const {
-  if (!index.isValid() || role != Qt::DisplayRole) return {};
+  if (!index.isValid()) return {};
+  if (role == MatchedRole) return IsMatched(index.row());
+  if (role != Qt::DisplayRole) return {};
   return ToQString(lines_[static_cast<std::size_t>(index.row())]);
 }
 
-void SpotListModel::ShowText(std::string_view text) {
+bool SpotListModel::IsMatched(int row) const {
+  const auto spot = SpotAt(row);
+  return spot && spot->IsMatchedToAlert;
+}
+
+std::shared_ptr<const Spot> SpotListModel::SpotAt(int row) const {
+  const auto index = static_cast<std::size_t>(row);
+  return row >= 0 && index < spots_.size() ? spots_[index] : nullptr;
+}
+
+void SpotListModel::ShowText(std::string_view text, std::vector<std::shared_ptr<const Spot>> spots) {
+  spots_ = std::move(spots);
   const auto lines = SplitLines(text);
   longestLine_ = LongestOf(lines);
   const auto difference = FindLineDifference({lines_.begin(), lines_.end()}, lines);

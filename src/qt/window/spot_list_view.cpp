@@ -77,11 +77,14 @@ Watch SpotListView::Follow(SpotListBox& control) {
   whenReallyEmpty_.setInterval(LongestRefresh);
   whenReallyEmpty_.callOnTimeout(this, [this, &control] { Show(control); });
   connect(this, &QListView::doubleClicked, this, [this, &control](const QModelIndex& index) {
-    const auto row = static_cast<std::size_t>(index.row());
-    if (row >= spots_.size() || !control.DoubleClick) return;
-    const auto spot = spots_[row];  // the list may change meanwhile
-    control.DoubleClick(*spot);
+    const auto spot = model_.SpotAt(index.row());  // kept: the list may change meanwhile
+    if (spot && control.DoubleClick) control.DoubleClick(*spot);
   });
+  connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
+          [this, &control](const QModelIndex& current) {
+            const auto spot = model_.SpotAt(current.row());
+            if (spot && control.Select) control.Select(*spot);
+          });
   TakeText(control);
   return control.Text.WhenChanged([this, &control] { TakeText(control); });
 }
@@ -97,8 +100,7 @@ void SpotListView::Show(const SpotListBox& control) {
   whenReallyEmpty_.stop();
   const KeptPlace place(*this);
   setAutoScroll(false);
-  spots_ = control.Spots;
-  model_.ShowText(control.Text.Get());
+  model_.ShowText(control.Text.Get(), control.Spots);
   doItemsLayout();
   place.Restore();
   setAutoScroll(true);

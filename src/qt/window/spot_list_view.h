@@ -5,8 +5,6 @@
 #include <QLabel>
 #include <QListView>
 #include <QTimer>
-#include <memory>
-#include <vector>
 
 #include "controls/spot_list_box.h"
 #include "qt/window/spot_list_model.h"
@@ -40,7 +38,6 @@ class SpotListView final : public QListView {
   QWidget* headerArea_;
   QLabel* header_;
   QTimer whenReallyEmpty_;
-  std::vector<std::shared_ptr<const Spot>> spots_;  // of the lines that are shown
 };
 
 }  // namespace brelwin

@@ -7,6 +7,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "qt/window/elided_label.h"
 #include "qt/window/page_parts.h"
 #include "qt/window/spot_list_view.h"
 
@@ -27,6 +28,13 @@ SpotListView* MakeList() {
   list->setAccessibleName("Spots");
   list->Header().setObjectName("lblSpotListHeader");
   return list;
+}
+
+QLabel* MakeDetails() {
+  auto* details = new ElidedLabel;
+  details->setObjectName("lblSpotDetails");
+  details->setToolTip("More about the selected spot");
+  return details;
 }
 
 void AddNumber(QHBoxLayout& row, const TextRow& number) {
@@ -57,6 +65,7 @@ QWidget* MakeSpotsPage() {
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
   column->addWidget(MakeList(), 1);
+  column->addWidget(MakeDetails());
   column->addLayout(MakeChoices());
   return page;
 }

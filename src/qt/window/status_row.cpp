@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QPushButton>
 #include <QStyle>
+#include <QVBoxLayout>
 
 #include "qt/window/elided_label.h"
 #include "qt/window/page_parts.h"
@@ -31,11 +32,8 @@ QLabel* MakeDownloadPicture() {
   return picture;
 }
 
-}  // namespace
-
-QWidget* MakeStatusRow() {
-  auto* area = new QWidget;
-  auto* row = new QHBoxLayout(area);
+QLayout* MakeStateRow() {
+  auto* row = new QHBoxLayout;
   row->addWidget(MakeDownloadPicture());
   row->addWidget(Named("lblCheckingForSpots", new QLabel));
   for (const char* name : {"lblNoConnectionToTwitter", "lblNoSotawatchConnection", "lblNoConnectionToRBN"})
@@ -47,6 +45,17 @@ QWidget* MakeStatusRow() {
   row->addWidget(
       MakeButton("cmdSaveSettings", "&Save settings",
                  "Write the settings of all tabs to the settings file; this also happens at the end"));
+  return row;
+}
+
+}  // namespace
+
+QWidget* MakeStatusRow() {
+  auto* area = new QWidget;
+  auto* column = new QVBoxLayout(area);
+  column->setSpacing(2);
+  column->addLayout(MakeStateRow());
+  column->addWidget(Named("lblSources", new ElidedLabel));
   return area;
 }
 

@@ -1,0 +1,68 @@
+#include "cycle/alerts_refresh.h"
+
+#include <cstdlib>
+#include <string>
+
+#include "alerts/alerts_page.h"
+#include "alerts/alerts_report.h"
+#include "core/data_files.h"
+#include "radio/dates.h"
+#include "radio/numbers.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::int32_t Success = -1;
+
+std::int32_t ReadAlertsPage(MainWindow& window) {
+  const auto afterWindow =
+      WholeNumber(window.Controls.RBN.txtRBNMaxMinutesAfterAlertTime.Text.Get(), window.World.Numbers);
+  const AlertsPageRequest request{window.Config.Addresses.SotawatchAlerts, afterWindow,
+                                  window.Config.MaxAlertAgeInHours};
+  std::string errorText;
+  return GetAlertsFromSotawatchHTMLPage(window.World, request, window.Alerts, window.KnownActivators,
+                                        errorText);
+}
+
+AlertCommandScene SceneOf(MainWindow& window, const SpotFilter& filter) {
+  return {window.Alerts, filter, [&window] { ReadAlertsPage(window); },
+          window.Config.LogAlertsAfterSelfSpots};
+}
+
+// An instant that has not come yet is long past: the first check finds everything due.
+bool HasPassed(const std::optional<Instant>& since, double minutes, Instant now) {
+  return !since || static_cast<double>(MinutesBetween(*since, now)) > minutes;
+}
+
+void ArchiveWhenDue(MainWindow& window) {
+  const auto& box = window.Controls.RBN.txtSOTAWatchAlertArchivingIntervalInHours;
+  const auto hours = ToSingle(ToDouble(box.Text.Get(), window.World.Numbers));
+  const auto now = window.World.Time.Now();
+  if (hours <= 0 || !HasPassed(window.LastAlertsArchiveTime, static_cast<double>(hours) * 60, now)) return;
+  window.LastAlertsArchiveTime = now;
+  const auto name = "SOTAAlerts_" + CompactMinutesText(window.World.Time.LocalNow()) + ".txt";
+  WriteAlertsReport(window.World, InProgramFolder(window.World, name), window.Alerts);
+}
+
+}  // namespace
+
+void RefreshAlertsWhenDue(MainWindow& window, const SpotFilter& filter) {
+  const auto interval =
+      WholeNumber(window.Controls.RBN.txtSOTAAlertsRefreshInterval.Text.Get(), window.World.Numbers);
+  if (!HasPassed(window.LastAlertsRefreshTime, interval, window.World.Time.Now())) return;
+  const bool succeeded = ReadAlertsPage(window) == Success;
+  window.Controls.Spots.lblNoSotawatchConnection.Visible = !succeeded;
+  if (succeeded) {
+    window.AlertsReadAt = window.World.Time.LocalNow();
+    window.LastAlertsRefreshTime = window.World.Time.Now();
+    window.Commands.CarryOutWaiting(SceneOf(window, filter));
+  }
+  WriteAlertsReport(window.World, {}, window.Alerts);
+  ArchiveWhenDue(window);
+}
+
+void CarryOutAlertCommands(MainWindow& window, const SpotCollection& newSpots, const SpotFilter& filter) {
+  window.Commands.CarryOut(newSpots, SceneOf(window, filter));
+}
+
+}  // namespace brelwin

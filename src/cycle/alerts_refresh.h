@@ -1,0 +1,18 @@
+// The alerts side of a check: the page of announced activations, read again when it is due, reported and
+// archived.
+#pragma once
+
+#include "cycle/main_window.h"
+#include "ui/spot_filter.h"
+
+namespace brelwin {
+
+// Reads the alerts page when the refresh interval has passed, writes the report whether it could be read or
+// not, and then looks whether the alerts are to be archived. A refresh that failed is tried again at the next
+// check.
+void RefreshAlertsWhenDue(MainWindow& window, const SpotFilter& filter);
+
+// Acts on the alert commands among the new spots, which are the newest first.
+void CarryOutAlertCommands(MainWindow& window, const SpotCollection& newSpots, const SpotFilter& filter);
+
+}  // namespace brelwin

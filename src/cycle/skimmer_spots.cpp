@@ -1,0 +1,34 @@
+#include "cycle/skimmer_spots.h"
+
+#include "cycle/spot_details.h"
+#include "cycle/spot_list_display.h"
+#include "rbn/stream.h"
+#include "spots/spot_collections.h"
+#include "ui/alerting.h"
+#include "ui/spot_filtering.h"
+
+namespace brelwin {
+namespace {
+
+// Spots come in the order of their lines; the list has the newest on top.
+SpotCollection NewestFirst(const SpotCollection& spots) {
+  SpotCollection reversed;
+  for (const auto& [key, spot] : spots) reversed.AddInFront(spot, key);
+  return reversed;
+}
+
+}  // namespace
+
+void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
+  SpotCollection heard;
+  if (!TakeRBNSpots(window.RBN, filter, window.KnownActivators, window.Alerts, window.RBNSpots, heard))
+    return;
+  ShowUnmatchedSpots(window, heard, filter);
+  PerformDisplayFilteringAndSpotLogging(window.World, window.Controls.Logs, window.Config.LogRawSpots, filter,
+                                        heard);
+  const auto newSpots = NewestFirst(heard);
+  MergeIntoSpotList(window, newSpots);
+  AlertOnNewSpots(window.World, newSpots, filter, window.SpotList, nullptr, &window.Controls.Window, false);
+}
+
+}  // namespace brelwin

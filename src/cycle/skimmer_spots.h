@@ -1,0 +1,13 @@
+// The Reverse Beacon Network side of a check: what skimmers have heard goes into the list, the logs and the
+// ear.
+#pragma once
+
+#include "cycle/main_window.h"
+#include "ui/spot_filter.h"
+
+namespace brelwin {
+
+// Looks after the connection, takes what the stream has sent and puts the new spots in front of the list.
+void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter);
+
+}  // namespace brelwin

@@ -1,0 +1,45 @@
+#include "cycle/source_status.h"
+
+#include <chrono>
+#include <string>
+
+#include "radio/dates.h"
+
+namespace brelwin {
+namespace {
+
+std::string SotawatchText(const MainWindow& window) {
+  const auto& state = window.Sotawatch;
+  if (!state.Since) return "Sotawatch: not read yet";
+  return "Sotawatch: " + state.Text + " since " + ClockText(*state.Since) + ", " +
+         std::to_string(state.Spots) + " spots";
+}
+
+std::string AlertsText(const MainWindow& window) {
+  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return "Alerts: off";
+  if (!window.AlertsReadAt) return "Alerts: not read yet";
+  return "Alerts: " + std::to_string(window.Alerts.Count()) + ", read at " + ClockText(*window.AlertsReadAt);
+}
+
+// When the next check, and with it the next attempt to connect, is due.
+std::optional<DateTime> NextCheck(const MainWindow& window) {
+  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return {};
+  return AddSeconds(window.World.Time.LocalNow(), window.Controls.tmrCheckSpots.Interval / 1000);
+}
+
+}  // namespace
+
+void ShowSourceStatus(MainWindow& window) {
+  window.Controls.Spots.lblSources.Caption = SotawatchText(window) + " | " + AlertsText(window) + " | " +
+                                             StreamStatusText(window.RBN.Status, NextCheck(window));
+}
+
+void ShowStreamStage(MainWindow& window) {
+  auto stage = window.RBN.Status;
+  stage.Lines = 0;  // this line is about the stage; the counts are on the status line
+  stage.LastLine.reset();
+  window.Controls.RBN.lblRBNStatus.Caption = StreamStatusText(stage, {});
+  ShowSourceStatus(window);
+}
+
+}  // namespace brelwin

@@ -1,0 +1,15 @@
+// What the three sources of spots and alerts are doing, in words for the status line.
+#pragma once
+
+#include "cycle/main_window.h"
+
+namespace brelwin {
+
+// Says for Sotawatch, the alerts and the Reverse Beacon Network what each is doing, since when, and how much
+// it has brought.
+void ShowSourceStatus(MainWindow& window);
+
+// Says what the stream has begun to do, and shows the status line anew.
+void ShowStreamStage(MainWindow& window);
+
+}  // namespace brelwin
