@@ -58,7 +58,9 @@ class Listing(unittest.TestCase):
 
     def test_a_new_spot_comes_last_and_only_once(self) -> None:
         base, console = self.start('--seed', '2', '--speed', '600')
-        shown = stations(self.wait_for_spots(console, 118))  # a page has 100 items, some of two stations
+        self.wait_for_spots(console, 1)
+        first = expected_stations(self.workshop.read('SotawatchSpotsRSS.txt'))
+        shown = stations(self.wait_for_spots(console, len(first) + 5))
         feed = expected_stations(fetch(base + '/RssFeed'))
         # The feed has moved on: it begins somewhere in what is shown, and goes on where that ends.
         begins = [at for at in range(len(shown)) if shown[at:] == feed[:len(shown) - at]]
