@@ -17,15 +17,12 @@ full_packages=(clang-16 clang-tidy-16 libclang-rt-16-dev)
 # To try the program against web servers and a proxy that others wrote: tests/real_servers/run.
 server_packages=(nginx-light libnginx-mod-http-echo tinyproxy openssl)
 
-is_missing() {
-  [ "$(dpkg-query -W -f='${db:Status-Status}' "$1" 2>/dev/null)" != installed ]
-}
-
 # Installs the named packages that are missing, as root or with sudo. Does nothing when all are there.
 install_missing() {
-  local package missing=() become_root=()
+  local installed package missing=() become_root=()
+  installed=" $(dpkg-query -W -f='${Package}:${db:Status-Status} ' "$@" 2>/dev/null || true)"
   for package in "$@"; do
-    if is_missing "$package"; then missing+=("$package"); fi
+    [[ $installed == *" $package:installed "* ]] || missing+=("$package")
   done
   if [ ${#missing[@]} -eq 0 ]; then return; fi
 
