@@ -21,8 +21,8 @@
 namespace brelwin {
 namespace {
 
-// Room for the columns of the list up to the comment.
-constexpr QSize WantedSize{1280, 720};
+// Room for all columns of the list.
+constexpr QSize WantedSize{1320, 740};
 
 WindowState StateOf(Qt::WindowStates states) {
   if (states.testFlag(Qt::WindowMinimized)) return WindowState::Minimised;
@@ -80,6 +80,7 @@ void ProgramWindow::ShowFitting() {
   place.moveCenter(free.center());
   setGeometry(place);
   show();
+  tabs_->currentWidget()->setFocus();
 }
 
 void ProgramWindow::ApplyState() {

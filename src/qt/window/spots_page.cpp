@@ -64,7 +64,9 @@ QLayout* MakeChoices() {
 QWidget* MakeSpotsPage() {
   auto* page = new QWidget;
   auto* column = new QVBoxLayout(page);
-  column->addWidget(MakeList(), 1);
+  auto* list = MakeList();
+  page->setFocusProxy(list);
+  column->addWidget(list, 1);
   column->addWidget(MakeDetails());
   column->addLayout(MakeChoices());
   return page;
