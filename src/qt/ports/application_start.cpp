@@ -1,5 +1,8 @@
 #include "qt/ports/application_start.h"
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <QString>
 #include <clocale>
 #include <cstdio>
@@ -11,6 +14,16 @@ namespace {
 // A user without a locale is none of the toolkit's business; a display that cannot be reached is.
 void PrintFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
   if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(message));
+}
+
+// Whoever starts the program may have closed its standard streams. Their numbers must not fall to the next
+// file that is opened: lines for the terminal would go into it.
+void OpenStandardStreams() {
+  int descriptor = 0;
+  do {
+    descriptor = ::open("/dev/null", O_RDWR);
+  } while (descriptor >= 0 && descriptor <= STDERR_FILENO);
+  ::close(descriptor);
 }
 
 }  // namespace
@@ -25,6 +38,7 @@ std::string CommandLine(int argumentCount, char** arguments) {
 }
 
 void MakeApplication(const std::function<void()>& make) {
+  OpenStandardStreams();
   const auto original = qInstallMessageHandler(PrintFatal);
   make();
   qInstallMessageHandler(original);

@@ -12,7 +12,7 @@
 namespace brelwin {
 namespace {
 
-constexpr std::array Signals{SIGINT, SIGTERM, SIGHUP};
+constexpr std::array Signals{SIGINT, SIGTERM};
 
 // A signal handler reaches nothing but statics: this is the end of the pipe that it writes to.
 std::atomic<int>& PipeOfTheHandler() {
@@ -32,9 +32,7 @@ bool IsIgnored(int signal) {
   return ::sigaction(signal, nullptr, &current) == 0 && current.sa_handler == SIG_IGN;
 }
 
-// Whoever started the program with a signal ignored (nohup) meant it.
 void Handle(int signal) {
-  if (IsIgnored(signal)) return;
   struct sigaction action = {};
   action.sa_handler = NoteSignal;
   action.sa_flags = SA_RESTART;
@@ -62,13 +60,14 @@ QuitSignals::QuitSignals(std::function<void()> whenAsked) {
                      ask();
                    });
   for (const int signal : Signals) Handle(signal);
+  if (!IsIgnored(SIGHUP)) Handle(SIGHUP);  // nohup means that the terminal may go
 }
 
 QuitSignals::~QuitSignals() {
   if (!notifier_) return;
   notifier_.reset();
-  for (const int signal : Signals)
-    if (!IsIgnored(signal)) ::signal(signal, SIG_DFL);
+  for (const int signal : Signals) ::signal(signal, SIG_DFL);
+  if (!IsIgnored(SIGHUP)) ::signal(SIGHUP, SIG_DFL);
   PipeOfTheHandler() = -1;
   ::close(readEnd_);
   ::close(writeEnd_);
