@@ -82,6 +82,7 @@ Watch SpotListView::Follow(SpotListBox& control) {
   });
   connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this, &control](const QModelIndex& current) {
+            if (refreshing_) return;  // the choice of nobody
             const auto spot = model_.SpotAt(current.row());
             if (spot && control.Select) control.Select(*spot);
           });
@@ -99,11 +100,13 @@ void SpotListView::TakeText(const SpotListBox& control) {
 void SpotListView::Show(const SpotListBox& control) {
   whenReallyEmpty_.stop();
   const KeptPlace place(*this);
+  refreshing_ = true;
   setAutoScroll(false);
   model_.ShowText(control.Text.Get(), control.Spots);
   doItemsLayout();
   place.Restore();
   setAutoScroll(true);
+  refreshing_ = false;
 }
 
 void SpotListView::AddActions() {

@@ -38,6 +38,7 @@ class SpotListView final : public QListView {
   QWidget* headerArea_;
   QLabel* header_;
   QTimer whenReallyEmpty_;
+  bool refreshing_ = false;
 };
 
 }  // namespace brelwin
