@@ -23,8 +23,8 @@ class KeyedCollection {
   using const_iterator = typename std::list<Entry>::const_iterator;
 
   KeyedCollection() = default;
-  KeyedCollection(KeyedCollection&&) = default;
-  KeyedCollection& operator=(KeyedCollection&&) = default;
+  KeyedCollection(KeyedCollection&&) noexcept = default;
+  KeyedCollection& operator=(KeyedCollection&&) noexcept = default;
   KeyedCollection(const KeyedCollection& other) {
     for (const auto& entry : other) Add(entry.Item, entry.Key);
   }

@@ -17,7 +17,7 @@ namespace {
 constexpr std::int32_t Success = -1;
 constexpr std::int32_t NothingDone = 0;
 constexpr std::int32_t NoConnection = -100;
-constexpr std::int64_t MaximumAgeInMinutes = 24 * 60;
+constexpr std::int64_t MaximumAgeInMinutes = std::int64_t{24} * 60;
 
 std::int32_t CodeOf(FeedEnd end) {
   if (end == FeedEnd::NotOpened) return NoConnection;

@@ -11,7 +11,7 @@ constexpr std::size_t MostSkippedItems = 20;
 constexpr std::size_t LongestSkippedText = 100;
 constexpr std::string_view ActivatorsFile = "SOTAActivators.txt";
 
-std::string WithReason(std::string text, const std::string& reason) {
+std::string WithReason(const std::string& text, const std::string& reason) {
   return reason.empty() ? text : text + ": " + reason;
 }
 

@@ -10,7 +10,7 @@ namespace brelwin {
 namespace {
 
 constexpr std::string_view UserAgent = "VB OpenUrl";
-constexpr std::uint64_t MaximumBytes = 64U * 1024 * 1024;
+constexpr std::uint64_t MaximumBytes = std::uint64_t{64} * 1024 * 1024;
 constexpr Milliseconds LongestSilence{30'000};  // until the connection stands, and between two bytes
 constexpr Milliseconds LongestFetch{120'000};
 

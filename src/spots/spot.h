@@ -11,7 +11,7 @@
 
 namespace brelwin {
 
-struct Spot {
+struct Spot {  // NOLINT(clang-analyzer-optin.performance.Padding): users know this order of the fields
   float BandInMhz = 0;  // lower edge of the amateur band
   std::string Comment;
   std::string FormattedFrequencyString;  // in MHz, "######.#####"

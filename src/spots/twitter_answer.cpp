@@ -107,9 +107,13 @@ class ResultsListener final : public nlohmann::json_sax<Json> {
 
   void Store(string_t& value) {
     auto& tweet = answer_.Tweets.back();
-    if (key_ == "id_str") tweet.ID = std::move(value);
-    if (key_ == "created_at") tweet.CreatedAt = std::move(value);
-    if (key_ == "text") tweet.Text = std::move(value);
+    if (key_ == "id_str") {
+      tweet.ID = std::move(value);
+    } else if (key_ == "created_at") {
+      tweet.CreatedAt = std::move(value);
+    } else if (key_ == "text") {
+      tweet.Text = std::move(value);
+    }
   }
 
   TwitterAnswer& answer_;

@@ -19,7 +19,7 @@ inline const ReadingMoment Noon{*DateTimeFromCalendar({2026, 11, 24, 12, 0, 0}),
 inline FeedReadResult ReadFeed(std::string_view text, SpotCollection& spots) {
   FeedReadResult result;
   CallsignCollection known;
-  ReadFeedText(text, {"", "", 24 * 60, false}, Noon, known, spots, result);
+  ReadFeedText(text, {"", "", std::int64_t{24} * 60, false}, Noon, known, spots, result);
   return result;
 }
 
@@ -56,7 +56,7 @@ inline bool SearchAnswerIsAllOrNothing(std::string_view bytes) {
   FeedReadResult result;
   CallsignCollection known;
   SpotCollection spots;
-  ReadTwitterText(TextFromBytes(bytes), {"", "41", 24 * 60}, Noon, known, spots, result);
+  ReadTwitterText(TextFromBytes(bytes), {"", "41", std::int64_t{24} * 60}, Noon, known, spots, result);
   return (result.End == FeedEnd::EndOfFeed || spots.Empty()) && !spots.Contains("41") && !spots.Contains("7");
 }
 
