@@ -18,7 +18,7 @@ struct Stations {
 };
 
 std::string WithoutJoiningWords(std::string_view text) {
-  auto words = UpperCase(Trim(text));
+  auto words = UpperCase(text);
   std::replace(words.begin(), words.end(), '&', ' ');
   if (Contains(words, " AND ")) words = Replace(words, " AND ", " ");
   return std::string(Trim(words));

@@ -15,13 +15,13 @@
 
 namespace brelwin::test {
 
-// A base callsign does not depend on letter case, outer blanks or on whether the second one is asked for, and
-// a second callsign has a digit.
-inline bool CallsignIgnoresCaseAndBlanks(std::string_view text) {
+// A base callsign does not depend on letter case or on whether the second one is asked for, and a second
+// callsign has a digit.
+inline bool CallsignIgnoresCase(std::string_view text) {
   std::string second;
   std::string secondOfVariant;
   const auto base = GetBaseCallsign(text, second);
-  const auto variant = GetBaseCallsign("  " + LowerCase(text) + " ", secondOfVariant);
+  const auto variant = GetBaseCallsign(LowerCase(text), secondOfVariant);
   return base == variant && second == secondOfVariant && base == GetBaseCallsign(text) &&
          (second.empty() || CountDigits(second) > 0);
 }
