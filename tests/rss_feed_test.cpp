@@ -172,7 +172,7 @@ TEST_F(RSSFeed, TwoStationsGiveTwoSpots) {
 TEST_F(RSSFeed, StopsAtTheAgeLimitAndAtThePreviousNewest) {
   const auto feed =
       FeedText({FeedItemText("G4AAA on G/LD-001 @ 7.03 CW", PubDate("12:10:00"), "from the future"),
-                FeedItemText("G4BBB on G/LD-001 @ 7.03 CW", "some day", "timeless"),
+                FeedItemText("G4BBB on G/LD-001 @ 7.03 CW", "some day, 10:00", "timeless"),
                 FeedItemText("G4CCC on G/LD-001 @ 7.03 CW", PubDate("11:00:00"), "60 minutes"),
                 FeedItemText("G4DDD on G/LD-001 @ 7.03 CW", PubDate("10:58:59"), "61 minutes"),
                 FeedItemText("G4EEE on G/LD-001 @ 7.03 CW", PubDate("11:59:00"), "behind it")});

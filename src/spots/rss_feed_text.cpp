@@ -16,7 +16,9 @@ std::optional<DateTime> ReadPubDate(std::string_view rawPubDate) {
   const auto text = Replace(DecodeFeedText(rawPubDate), "GMT", "");
   const auto comma = text.find(',');
   if (comma == std::string::npos || text.find(',', comma + 1) != std::string::npos) return {};
-  return ReadDateTime(std::string_view(text).substr(comma + 1));
+  const auto time = ReadDateTime(std::string_view(text).substr(comma + 1));
+  // A time alone falls on a day of long ago: it does not say how old the spot is.
+  return time && time->Seconds > 0 ? time : std::nullopt;
 }
 
 // Reads one item after the other until one says that all later ones need no reading.
@@ -41,6 +43,7 @@ class ItemReader {
       NoteSkippedItem(result_, title);
       return {};
     }
+    ++itemCount_;
     if (result_.NewestID.empty()) result_.NewestID = made.First->ID;
     if (!request_.PreviousNewestID.empty() && made.First->ID == request_.PreviousNewestID)
       return FeedEnd::ReachedPrevious;
@@ -52,7 +55,7 @@ class ItemReader {
  private:
   MadeSpots MakeSpots(const std::string& title, const std::string& description, std::optional<DateTime> utc) {
     const auto said = ReadSpotDescription(description);
-    return maker_.MakeSpots({{}, title, said.Comment, said.Spotter, utc, ++itemCount_});
+    return maker_.MakeSpots({{}, title, said.Comment, said.Spotter, utc, itemCount_ + 1});
   }
 
   void Add(const SpotPointer& spot) {
