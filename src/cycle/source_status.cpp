@@ -11,7 +11,7 @@ namespace {
 std::string SotawatchText(const MainWindow& window) {
   const auto& state = window.Sotawatch;
   if (!state.Since) return "Sotawatch: not read yet";
-  return "Sotawatch: " + state.Text + " since " + ClockText(*state.Since) + ", " +
+  return state.Text + " since " + ClockText(*state.Since) + ", " +
          std::to_string(state.Spots) + " spots";
 }
 
