@@ -13,6 +13,11 @@ constexpr std::size_t KeptSpots = 500;
 
 }  // namespace
 
+std::int64_t PresentTime(std::int64_t scriptSecond, double speed, std::int64_t origin) {
+  if (scriptSecond < 0) return origin + scriptSecond;
+  return origin + static_cast<std::int64_t>(static_cast<double>(scriptSecond) / speed);
+}
+
 Feed::Feed(std::uint64_t seed, double speed, std::int64_t origin)
     : seed_(seed), speed_(speed), origin_(origin) {
   ReadNextDay();
@@ -34,10 +39,8 @@ std::vector<PublishedSpot> Feed::Newest(std::int64_t now, std::size_t count) {
 }
 
 std::int64_t Feed::MomentOf(const ScriptedSpot& spot) const {
-  const auto distance =
-      spot.Second < 0 ? spot.Second : static_cast<std::int64_t>(static_cast<double>(spot.Second) / speed_);
-  const auto earliest = published_.empty() ? origin_ + distance : published_.front().Time + 1;
-  return std::max(origin_ + distance, earliest);
+  const auto moment = PresentTime(spot.Second, speed_, origin_);
+  return published_.empty() ? moment : std::max(moment, published_.front().Time + 1);
 }
 
 void Feed::ReadNextDay() {

@@ -4,6 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 #include <deque>
+#include <mutex>
+#include <utility>
 #include <vector>
 
 #include "scripted_spot.h"
@@ -19,6 +21,10 @@ struct PublishedSpot {
 
   bool operator==(const PublishedSpot&) const = default;
 };
+
+// When a second of the script happens: what lies before the start at its true distance, what comes after it
+// `speed` times as fast as the clock.
+std::int64_t PresentTime(std::int64_t scriptSecond, double speed, std::int64_t origin);
 
 class Feed {
  public:
@@ -41,6 +47,21 @@ class Feed {
   std::int64_t nextDay_ = -1;
   std::deque<ScriptedSpot> upcoming_;
   std::deque<PublishedSpot> published_;  // newest first
+};
+
+// The feed for several threads.
+class SharedFeed {
+ public:
+  explicit SharedFeed(Feed feed) : feed_(std::move(feed)) {}
+
+  std::vector<PublishedSpot> Newest(std::int64_t now, std::size_t count) {
+    const std::scoped_lock lock(mutex_);
+    return feed_.Newest(now, count);
+  }
+
+ private:
+  Feed feed_;
+  std::mutex mutex_;
 };
 
 }  // namespace practice

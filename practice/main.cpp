@@ -10,6 +10,7 @@
 #include "feed.h"
 #include "ledger.h"
 #include "options.h"
+#include "telnet_server.h"
 #include "web_server.h"
 
 namespace {
@@ -43,12 +44,16 @@ int Run(const practice::Options& options) {
   if (!ledger.IsOpen()) return Fail("cannot write " + options.LedgerFile);
 
   const auto start = std::chrono::system_clock::now().time_since_epoch();
-  practice::Feed feed(options.Seed, options.Speed,
-                      std::chrono::duration_cast<std::chrono::seconds>(start).count());
-  practice::WebServer server(feed, ledger);
+  const practice::Playing playing{options.Seed, options.Speed,
+                                  std::chrono::duration_cast<std::chrono::seconds>(start).count()};
+  practice::SharedFeed feed(practice::Feed(playing.Seed, playing.Speed, playing.Origin));
+  practice::WebServer server(feed, ledger, playing);
+  practice::TelnetServer stream(feed, ledger, options.Seed, options.Stream);
   const int port = server.Bind(options.Port);
   if (port == 0) return Fail("cannot listen on port " + std::to_string(options.Port));
-  std::cout << "http=" << port << std::endl;
+  const int telnetPort = stream.Start(options.TelnetPort);
+  if (telnetPort == 0) return Fail("cannot listen on port " + std::to_string(options.TelnetPort));
+  std::cout << "http=" << port << "\ntelnet=" << telnetPort << std::endl;
 
   bool served = false;
   std::thread serving([&] {
@@ -56,6 +61,7 @@ int Run(const practice::Options& options) {
     kill(getpid(), SIGTERM);  // a server that ends by itself ends the program
   });
   WaitForTheEnd(signals);
+  stream.Stop();
   server.Stop();
   serving.join();
   return served ? 0 : Fail("the port was lost");

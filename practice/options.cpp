@@ -17,10 +17,20 @@ bool ReadNumber(string_view text, Number least, Number most, Number& number) {
   return true;
 }
 
+bool ReadFault(string_view name, Fault& fault) {
+  const auto known = FaultOfName(name);
+  if (known) fault = *known;
+  return known.has_value();
+}
+
 bool ReadOption(string_view name, string_view value, Options& options) {
   if (name == "--port") return ReadNumber(value, 0, 65535, options.Port);
   if (name == "--seed") return ReadNumber<std::uint64_t>(value, 0, UINT64_MAX, options.Seed);
   if (name == "--speed") return ReadNumber(value, 0.001, 10000.0, options.Speed);
+  if (name == "--telnet-port") return ReadNumber(value, 0, 65535, options.TelnetPort);
+  if (name == "--lines") return ReadNumber(value, 0.01, 100000.0, options.Stream.LinesPerSecond);
+  if (name == "--fault-after") return ReadNumber(value, 0.0, 1e6, options.Stream.SecondsUntilTrouble);
+  if (name == "--fault") return ReadFault(value, options.Stream.Trouble);
   if (name != "--ledger" || value.empty()) return false;
   options.LedgerFile = value;
   return true;

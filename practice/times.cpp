@@ -13,6 +13,17 @@ constexpr std::array<string_view, 7> Days{"Sun", "Mon", "Tue", "Wed", "Thu", "Fr
 constexpr std::array<string_view, 12> Months{"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
+constexpr std::array<string_view, 7> FullDays{"Sunday",   "Monday", "Tuesday", "Wednesday",
+                                              "Thursday", "Friday", "Saturday"};
+constexpr std::array<string_view, 12> FullMonths{"January",   "February", "March",    "April",
+                                                 "May",       "June",     "July",     "August",
+                                                 "September", "October",  "November", "December"};
+
+string OrdinalSuffix(unsigned day) {
+  if (day / 10 == 1) return "th";
+  return day % 10 == 1 ? "st" : day % 10 == 2 ? "nd" : day % 10 == 3 ? "rd" : "th";
+}
+
 string Padded(std::int64_t number, std::size_t width) {
   const auto digits = std::to_string(number);
   return string(width - std::min(width, digits.size()), '0') + digits;
@@ -43,6 +54,20 @@ string RssTime(std::int64_t time) {
 
 string SearchTime(std::int64_t time) {
   return MailTime(time, "+0000");
+}
+
+string ClockTime(std::int64_t time) {
+  return TimeOfDay(std::chrono::sys_seconds(std::chrono::seconds(time))).substr(0, 5);
+}
+
+string DayHeading(std::int64_t time) {
+  const auto day =
+      std::chrono::floor<std::chrono::days>(std::chrono::sys_seconds(std::chrono::seconds(time)));
+  const std::chrono::year_month_day date(day);
+  const auto number = static_cast<unsigned>(date.day());
+  return string(FullDays.at(std::chrono::weekday(day).c_encoding())) + ' ' + std::to_string(number) +
+         OrdinalSuffix(number) + ' ' + string(FullMonths.at(static_cast<unsigned>(date.month()) - 1)) + ' ' +
+         std::to_string(static_cast<int>(date.year()));
 }
 
 string LedgerTime(std::chrono::system_clock::time_point time) {

@@ -6,7 +6,6 @@
 #include <atomic>
 #include <charconv>
 #include <chrono>
-#include <mutex>
 #include <thread>
 
 #include "pages.h"
@@ -52,7 +51,8 @@ void KeepThePortToOurselves(int socket) {
 }  // namespace
 
 struct WebServer::Implementation {
-  Implementation(Feed& theFeed, Ledger& theLedger) : feed(theFeed), ledger(theLedger) {
+  Implementation(SharedFeed& theFeed, Ledger& theLedger, Playing thePlaying)
+      : feed(theFeed), ledger(theLedger), playing(thePlaying) {
     server.set_socket_options(KeepThePortToOurselves);
     server.set_keep_alive_timeout(1);
     // Before the answer leaves, so that whoever has it finds it in the ledger.
@@ -78,6 +78,9 @@ struct WebServer::Implementation {
       const auto since = NumberOr0(request.get_param_value("since_id"));
       response.set_content(SearchPage(Newest(response), since), "application/json; charset=utf-8");
     });
+    server.Get("/alerts.php", [this](const Request&, Response& response) {
+      AnswerHtml(response, AlertsPage(Announcements(playing, Now())));
+    });
     server.Get("/summits.php", [](const Request& request, Response& response) {
       AnswerHtml(response, SummitPage(request.get_param_value("summit")));
     });
@@ -90,21 +93,20 @@ struct WebServer::Implementation {
 
   // The newest spots; a header names the first of them, for the ledger and for a person with a browser.
   std::vector<PublishedSpot> Newest(Response& response) {
-    const std::scoped_lock lock(mutex);
     auto spots = feed.Newest(Now(), ItemsOfAPage);
     if (!spots.empty()) response.set_header("X-Newest", TitleOf(spots.front().What));
     return spots;
   }
 
-  Feed& feed;
+  SharedFeed& feed;
   Ledger& ledger;
-  std::mutex mutex;  // pages are served from several threads
+  Playing playing;
   httplib::Server server;
   std::atomic<bool> ended = false;
 };
 
-WebServer::WebServer(Feed& feed, Ledger& ledger)
-    : implementation_(std::make_unique<Implementation>(feed, ledger)) {}
+WebServer::WebServer(SharedFeed& feed, Ledger& ledger, Playing playing)
+    : implementation_(std::make_unique<Implementation>(feed, ledger, playing)) {}
 WebServer::~WebServer() = default;
 
 int WebServer::Bind(int port) {

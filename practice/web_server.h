@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <memory>
 
+#include "announcements.h"
 #include "feed.h"
 #include "ledger.h"
 
@@ -11,8 +12,8 @@ namespace practice {
 
 class WebServer {
  public:
-  // Both must outlive the server.
-  WebServer(Feed& feed, Ledger& ledger);
+  // Feed and ledger must outlive the server.
+  WebServer(SharedFeed& feed, Ledger& ledger, Playing playing);
   ~WebServer();
   WebServer(const WebServer&) = delete;
   WebServer& operator=(const WebServer&) = delete;

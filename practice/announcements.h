@@ -1,0 +1,33 @@
+// Which activations of the script were announced beforehand, and the page that lists them.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace practice {
+
+struct Announcement {
+  std::int64_t Time = 0;  // UTC, in seconds since 1970, on a whole minute
+  std::string Station;    // "G4ABC/P", or two callsigns joined by "&"
+  std::string Summit;
+  std::string FrequencyModes;  // "7.032-cw, 14.285-ssb"
+  std::string Comment;         // may hold a window of its own, a withdrawal or odd characters
+  std::string Poster;
+};
+
+// Where and how fast the script is played.
+struct Playing {
+  std::uint64_t Seed = 1;
+  double Speed = 1;
+  std::int64_t Origin = 0;
+};
+
+// The announcements from an hour ago on, for today's and the coming days' activations, in the order of time.
+// About one activation in four was not announced.
+std::vector<Announcement> Announcements(const Playing& playing, std::int64_t now);
+
+// The page: a heading for each day, a table for each announcement.
+std::string AlertsPage(const std::vector<Announcement>& announcements);
+
+}  // namespace practice

@@ -1,0 +1,112 @@
+#include "skimmer.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdlib>
+#include <iterator>
+#include <string_view>
+
+#include "times.h"
+
+namespace practice {
+namespace {
+
+using std::string;
+using std::string_view;
+
+constexpr std::int64_t LongestOnOneFrequency =
+    15 * 60;  // seconds after a spot in which skimmers still hear it
+
+constexpr std::array<string_view, 8> SkimmerTable{"KM3T-2", "LZ3CB", "DL8LAS-3", "EA8/DF4UE",
+                                                  "F8DGY",  "W3OA",  "VK4CT",    "G4ZFE"};
+constexpr std::array<string_view, 6> Prefixes{"K", "DL", "UA", "JA", "IK", "SP"};
+constexpr std::array<string_view, 3> Notices{
+    "WWV de W0MU <18Z> :   SFI=150, A=8, K=2, No Storms -> No Storms\r\n",
+    "To ALL de VE7CC: maintenance tonight at 0300Z\a\a\r\n", "\a\r\n"};
+
+struct Heard {
+  string_view Skimmer;
+  string Kilohertz;
+  string Station;
+  string_view Mode = "CW";
+  int SignalToNoise = 0;
+  int Speed = 0;
+  string_view SpeedUnit = "WPM";
+  string_view Type = "CQ";
+};
+
+string Padded(string text, std::size_t width) {
+  text.resize(std::max(width, text.size()), ' ');
+  return text;
+}
+
+string AlignedRight(const string& text, std::size_t width) {
+  return string(width - std::min(width, text.size()), ' ') + text;
+}
+
+// Skimmers with long callsigns leave fewer blanks before the frequency, or none.
+string Line(const Heard& heard, std::int64_t now) {
+  const auto skimmer = string(heard.Skimmer) + "-#:";
+  auto time = ClockTime(now);
+  time.erase(2, 1);
+  return "DX de " + skimmer + AlignedRight(heard.Kilohertz, 18 - std::min<std::size_t>(skimmer.size(), 18)) +
+         "  " + Padded(heard.Station, 15) + Padded(string(heard.Mode), 6) +
+         AlignedRight(std::to_string(heard.SignalToNoise), 2) + " dB  " +
+         AlignedRight(std::to_string(heard.Speed), 2) + " " + string(heard.SpeedUnit) + "  " +
+         Padded(string(heard.Type), 8) + time + "Z\r\n";
+}
+
+string KilohertzText(std::int64_t hundredHertz) {
+  return std::to_string(hundredHertz / 10) + "." + std::to_string(hundredHertz % 10);
+}
+
+// "7.032" MHz in units of 100 Hz.
+std::int64_t HundredHertz(const string& megahertz) {
+  return static_cast<std::int64_t>(std::strtod(megahertz.c_str(), nullptr) * 10000 + 0.5);
+}
+
+}  // namespace
+
+string Skimmers::ActivatorLine(const PublishedSpot& spot, std::int64_t now) {
+  Heard heard;
+  heard.Skimmer = random_.Pick(SkimmerTable);
+  heard.Kilohertz = KilohertzText(HundredHertz(spot.What.Frequency) + random_.Between(0, 1));
+  heard.Station = spot.What.Station.substr(0, spot.What.Station.find(' '));
+  heard.SignalToNoise = static_cast<int>(random_.Between(3, 40));
+  heard.Speed = static_cast<int>(random_.Between(12, 26));
+  return Line(heard, now);
+}
+
+string Skimmers::OtherLine(std::int64_t now) {
+  Heard heard;
+  heard.Skimmer = random_.Pick(SkimmerTable);
+  heard.Kilohertz = KilohertzText(random_.Between(70000, 141000));
+  heard.Station = string(random_.Pick(Prefixes)) + std::to_string(random_.Between(0, 9));
+  for (auto letters = random_.Between(1, 3); letters > 0; --letters)
+    heard.Station += static_cast<char>('A' + random_.Between(0, 25));
+  heard.SignalToNoise = static_cast<int>(random_.Between(1, 50));
+  heard.Speed = static_cast<int>(random_.Between(14, 38));
+  if (random_.OneIn(6)) heard.Type = random_.OneIn(2) ? "DX" : "BEACON";
+  if (random_.OneIn(12)) {
+    heard.Mode = "RTTY";
+    heard.Speed = 45;
+    heard.SpeedUnit = "BPS";
+  }
+  return Line(heard, now);
+}
+
+string Skimmers::Notice() {
+  return string(random_.Pick(Notices));
+}
+
+string Skimmers::NextLine(const std::vector<PublishedSpot>& newest, std::int64_t now) {
+  if (random_.OneIn(60)) return Notice();
+  if (!random_.OneIn(5)) return OtherLine(now);
+  std::vector<PublishedSpot> heard;
+  std::ranges::copy_if(newest, std::back_inserter(heard), [now](const PublishedSpot& spot) {
+    return spot.What.Mode == "CW" && now - spot.Time < LongestOnOneFrequency;
+  });
+  return heard.empty() ? OtherLine(now) : ActivatorLine(random_.Pick(heard), now);
+}
+
+}  // namespace practice
