@@ -11,8 +11,7 @@ namespace {
 std::string SotawatchText(const MainWindow& window) {
   const auto& state = window.Sotawatch;
   if (!state.Since) return "Sotawatch: not read yet";
-  return state.Text + " since " + ClockText(*state.Since) + ", " +
-         std::to_string(state.Spots) + " spots";
+  return state.Text + " since " + ClockText(*state.Since) + ", " + std::to_string(state.Spots) + " spots";
 }
 
 std::string AlertsText(const MainWindow& window) {
