@@ -14,6 +14,9 @@ run_packages=(alsa-utils)
 check_packages=(clang-format-14 xvfb xauth)
 full_packages=(clang-16 clang-tidy-16 libclang-rt-16-dev)
 
+# To look at the window without a display: ./bench.
+bench_packages=(xvfb)
+
 # To try the program against web servers and a proxy that others wrote: tests/real_servers/run.
 server_packages=(nginx-light libnginx-mod-http-echo tinyproxy openssl)
 

@@ -1,0 +1,102 @@
+#!/usr/bin/python3
+"""Runs the benchmarks and prints one table: our figure, a floor measured in the same run, the ratio, the goal.
+
+Usage: table.py [--core] [seconds to watch the whole program]. With --core, only what brelwin_bench measures."""
+
+import json
+import subprocess
+import sys
+from typing import Callable, NamedTuple, Optional
+
+import whole_program
+
+REPETITIONS = 5
+NANOSECONDS = {'ns': 1, 'us': 1e3, 'ms': 1e6, 's': 1e9}
+
+Medians = dict[str, dict]  # by the name of the benchmark
+
+
+class Row(NamedTuple):
+    subject: str
+    ours: float
+    floor: Optional[float]
+    unit: str
+    goal: str
+    met: Optional[bool]
+
+    def ratio(self) -> str:
+        if not self.floor or not self.ours:
+            return ''
+        return f'{max(self.ours, self.floor) / min(self.ours, self.floor):.1f}'
+
+
+def run_benchmarks() -> Medians:
+    output = subprocess.run(
+        [whole_program.BUILD_BIN / 'brelwin_bench', f'--benchmark_repetitions={REPETITIONS}',
+         '--benchmark_report_aggregates_only=true', '--benchmark_format=json'],
+        check=True, capture_output=True).stdout
+    return {result['run_name']: result for result in json.loads(output)['benchmarks']
+            if result['aggregate_name'] == 'median'}
+
+
+def time_of(result: dict) -> float:
+    """Of the processor, so that what else runs on the machine counts for less; all of these run on one thread."""
+    return result['cpu_time'] * NANOSECONDS[result['time_unit']]
+
+
+def milliseconds(result: dict) -> float:
+    return time_of(result) / 1e6
+
+
+def microseconds(result: dict) -> float:
+    return time_of(result) / 1e3
+
+
+def nanoseconds_per_item(result: dict) -> float:
+    return 1e9 / result['items_per_second']
+
+
+def megabytes_per_second(result: dict) -> float:
+    return result['bytes_per_second'] / 1e6
+
+
+def core_rows(medians: Medians) -> list[Row]:
+    def row(subject: str, ours: str, floor: str, figure: Callable[[dict], float], unit: str, goal: float,
+            more_is_better: bool = False) -> Row:
+        value = figure(medians[ours])
+        met = value >= goal if more_is_better else value <= goal
+        return Row(subject, value, figure(medians[floor]), unit, f'{goal:g}', met)
+
+    def merge_row(length: int) -> Row:
+        return Row(f'merge 100 spots into {length:,}', microseconds(medians[f'Merge/{length}']),
+                   microseconds(medians[f'MergeFloor/{length}']), 'us', 'alike', None)
+
+    return [
+        row('read a feed of 50,000 items', 'ReadFeed', 'ReadFeedFloor', megabytes_per_second, 'MB/s', 150, True),
+        row('filter 100,000 spots by 6 lists', 'Filter', 'FilterFloor', nanoseconds_per_item, 'ns/spot+list', 100),
+        row('text of 10,000 list lines', 'ListText', 'ListTextFloor', milliseconds, 'ms', 3),
+        merge_row(1_000), merge_row(10_000), merge_row(100_000),
+        row('put 10,000 lines into the window', 'PutLines', 'PaintLines', milliseconds, 'ms', 16),
+        row('add 10 lines to them', 'AddLines', 'PaintLines', milliseconds, 'ms', 16),
+    ]
+
+
+def whole_rows(seconds: float) -> list[Row]:
+    return [Row(figure.subject, figure.value, None, figure.unit, f'{figure.goal:g}', figure.value <= figure.goal)
+            for figure in whole_program.measure(seconds)]
+
+
+def print_table(rows: list[Row]) -> None:
+    print(f'{"subject":34}{"ours":>9}{"floor":>9}  {"unit":13}{"ratio":>7}{"goal":>7}')
+    for row in rows:
+        floor = '' if row.floor is None else f'{row.floor:.2f}'
+        missed = '  missed' if row.met is False else ''
+        print(f'{row.subject:34}{row.ours:9.2f}{floor:>9}  {row.unit:13}{row.ratio():>7}{row.goal:>7}{missed}')
+
+
+if __name__ == '__main__':
+    arguments = sys.argv[1:]
+    core_only = '--core' in arguments
+    seconds = [float(argument) for argument in arguments if argument != '--core']
+    rows = core_rows(run_benchmarks())
+    print_table(rows if core_only else rows + whole_rows(seconds[0] if seconds else 120))
