@@ -26,7 +26,6 @@ class KeyedCollection {
   KeyedCollection(KeyedCollection&&) noexcept = default;
   KeyedCollection& operator=(KeyedCollection&&) noexcept = default;
   KeyedCollection(const KeyedCollection& other) {
-    Reserve(other.Count());
     for (const auto& entry : other) Add(entry.Item, entry.Key);
   }
   KeyedCollection& operator=(const KeyedCollection& other) {
@@ -34,9 +33,6 @@ class KeyedCollection {
     return *this;
   }
   ~KeyedCollection() = default;
-
-  // Makes room for this many keys, so that adding many items does not sort them in anew again and again.
-  void Reserve(std::size_t count) { index_.reserve(count); }
 
   // Adds the item at the end, or in front of all others. False, with nothing changed, when the key is not
   // empty and already held. Items without a key can always be added.
