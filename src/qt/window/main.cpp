@@ -23,6 +23,7 @@ int Refuse(const std::string& complaint) {
 int Run(const std::string& commandLine) {
   const auto folder = TakeProgramFolder();
   if (!folder.Complaint.empty()) return Refuse(folder.Complaint);
+  QApplication::setQuitOnLastWindowClosed(false);  // the program decides when it ends
   WindowDialogs dialogs;
   const SystemFiles files;
   DesktopHost host(folder.Path, dialogs, [&](std::string_view path) { return ShowTextFile(files, path); });

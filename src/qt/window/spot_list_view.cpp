@@ -82,7 +82,8 @@ Watch SpotListView::Follow(SpotListBox& control) {
   });
   connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this, &control](const QModelIndex& current) {
-            if (refreshing_) return;  // the choice of nobody
+            // The toolkit marks a line by itself when the list takes the focus or loses the marked one.
+            if (refreshing_ || !selectionModel()->isSelected(current)) return;
             const auto spot = model_.SpotAt(current.row());
             if (spot && control.Select) control.Select(*spot);
           });
