@@ -18,8 +18,8 @@ class DesktopShellTest : public ::testing::Test {
   void InstallOpener() {
     QFile opener(folder_.filePath("xdg-open"));
     ASSERT_TRUE(opener.open(QIODevice::WriteOnly));
-    opener.write("#!/bin/sh\nprintf '%s:%s' $# \"$1\" >" + Note().toUtf8() + ".part && /bin/mv " + Note().toUtf8() +
-                 ".part " + Note().toUtf8() + "\n");
+    opener.write("#!/bin/sh\nprintf '%s:%s' $# \"$1\" >" + Note().toUtf8() + ".part && /bin/mv " +
+                 Note().toUtf8() + ".part " + Note().toUtf8() + "\n");
     opener.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
   }
 
