@@ -3,12 +3,15 @@
 #include <array>
 #include <cmath>
 #include <limits>
+#include <optional>
 
 #include "base/text.h"
 #include "radio/numbers.h"
 
 namespace brelwin {
 namespace {
+
+constexpr float KHzInMhz = 1000;
 
 struct Band {
   double FromMhz;  // whole MHz, both included
@@ -49,13 +52,18 @@ double WholeMhz(float mhz, NumberFormat format) {
   return point == std::string::npos ? 0 : ToDouble(text.substr(0, point));
 }
 
-std::string FormatFrequency(std::string_view text, float unitsInMhz, float& mhz, NumberFormat format) {
-  mhz = 0;
+// Empty without text and for a number that does not fit.
+std::optional<float> ReadFrequency(std::string_view text, float unitsInMhz, NumberFormat format) {
   if (Trim(text).empty()) return {};
   const double number = ToDouble(text, format);
   if (std::fabs(number) > static_cast<double>(std::numeric_limits<float>::max())) return {};
-  mhz = ToSingle(number) / unitsInMhz;
-  return FormatSingle(mhz);
+  return ToSingle(number) / unitsInMhz;
+}
+
+std::string FormatFrequency(std::string_view text, float unitsInMhz, float& mhz, NumberFormat format) {
+  const auto frequency = ReadFrequency(text, unitsInMhz, format);
+  mhz = frequency.value_or(0.0F);
+  return frequency ? FormatSingle(mhz) : std::string();
 }
 
 }  // namespace
@@ -69,11 +77,15 @@ double BandFromFrequency(float mhz, NumberFormat format) {
 }
 
 std::string FormatFrequencyKHz(std::string_view text, float& mhz, NumberFormat format) {
-  return FormatFrequency(text, 1000, mhz, format);
+  return FormatFrequency(text, KHzInMhz, mhz, format);
 }
 
 std::string FormatFrequencyMHz(std::string_view text, float& mhz, NumberFormat format) {
   return FormatFrequency(text, 1, mhz, format);
+}
+
+float MhzFromKHz(std::string_view text, NumberFormat format) {
+  return ReadFrequency(text, KHzInMhz, format).value_or(0.0F);
 }
 
 std::string DuplicateKey(std::string_view stationBaseCallsign, float mhz) {

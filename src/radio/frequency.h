@@ -18,6 +18,9 @@ double BandFromFrequency(float mhz, NumberFormat format = {});
 std::string FormatFrequencyKHz(std::string_view text, float& mhz, NumberFormat format = {});
 std::string FormatFrequencyMHz(std::string_view text, float& mhz, NumberFormat format = {});
 
+// The same frequency in MHz without its text.
+float MhzFromKHz(std::string_view text, NumberFormat format = {});
+
 // The station's base callsign followed directly by the frequency rounded to 3 decimals: "G4ABC14.062".
 std::string DuplicateKey(std::string_view stationBaseCallsign, float mhz);
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "base/text.h"
@@ -14,6 +15,7 @@ namespace {
 constexpr int SignificantDigits = 7;
 constexpr double LowestTooLong = 1e7;
 constexpr int PatternDecimals = 5;
+constexpr double LongestInThousandths = 1e12;  // no single-precision number has decimals beyond
 
 // The digits of a value and where its point stands: 0.00135 is "135" with the point at -2.
 struct Decimal {
@@ -22,12 +24,25 @@ struct Decimal {
   bool Negative = false;
 };
 
+int DigitsBeforePoint(double magnitude) {
+  int digits = 0;
+  for (double power = 1; magnitude >= power; power *= 10) ++digits;
+  for (double power = 0.1; magnitude < power; power /= 10) --digits;
+  return digits;
+}
+
+double TimesPowerOfTen(double value, int exponent) {
+  double power = 1;
+  for (int i = std::abs(exponent); i > 0; --i) power *= 10;
+  return exponent >= 0 ? value * power : value / power;
+}
+
 // Exact but for extreme values: a 24-bit number times a power of ten up to 10^12 fits into 53 bits.
 Decimal DecimalOf(float value) {
   if (!std::isfinite(value) || value == 0) return {};
   const double magnitude = std::fabs(static_cast<double>(value));
-  int point = static_cast<int>(std::floor(std::log10(magnitude))) + 1;
-  double digits = std::nearbyint(magnitude * std::pow(10.0, SignificantDigits - point));
+  int point = DigitsBeforePoint(magnitude);
+  double digits = std::nearbyint(TimesPowerOfTen(magnitude, SignificantDigits - point));
   if (digits >= LowestTooLong) {  // rounded up into one digit more
     digits /= 10;
     ++point;
@@ -65,6 +80,13 @@ std::string WholePart(const Decimal& decimal) {
   return whole;
 }
 
+std::string WholeNumberText(double value) {
+  std::array<char, 64> buffer{};
+  const auto end =
+      std::to_chars(buffer.data(), buffer.data() + buffer.size(), value, std::chars_format::fixed).ptr;
+  return {buffer.data(), end};
+}
+
 std::string Decimals(const Decimal& decimal) {
   if (decimal.Digits.empty() || decimal.Point >= static_cast<int>(decimal.Digits.size())) return {};
   const auto zeros = static_cast<std::size_t>(std::max(-decimal.Point, 0));
@@ -88,8 +110,9 @@ std::string NormalizeDecimalText(std::string_view text, NumberFormat format) {
 }
 
 double ToDouble(std::string_view text, NumberFormat format) {
-  const auto normalized = NormalizeDecimalText(text, format);
-  std::string_view number = normalized;
+  const bool isNormal = format.DecimalSign != ',' && text.find(' ') == std::string_view::npos;
+  const auto normalized = isNormal ? std::string() : NormalizeDecimalText(text, format);
+  std::string_view number = isNormal ? text : normalized;
   if (number.starts_with('+')) {
     number.remove_prefix(1);
     if (number.starts_with('-')) return 0;
@@ -133,11 +156,14 @@ double RoundedToThreeDecimals(float value) {
 
 std::string RoundedToThreeDecimalsText(float value) {
   if (!std::isfinite(value)) return "0";
-  std::array<char, 64> buffer{};
-  const auto end = std::to_chars(buffer.data(), buffer.data() + buffer.size(), RoundedToThreeDecimals(value),
-                                 std::chars_format::fixed)
-                       .ptr;
-  return {buffer.data(), end};
+  const double rounded = RoundedToThreeDecimals(value);
+  if (std::fabs(rounded) >= LongestInThousandths) return WholeNumberText(rounded);
+  auto text = std::to_string(std::llabs(std::llrint(rounded * 1000.0)));
+  if (text.size() <= 3) text.insert(0, 4 - text.size(), '0');
+  text.insert(text.size() - 3, ".");
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.ends_with('.')) text.pop_back();
+  return rounded < 0 ? "-" + text : text;
 }
 
 }  // namespace brelwin
