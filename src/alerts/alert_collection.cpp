@@ -6,7 +6,8 @@ namespace brelwin {
 
 bool AlertCollection::Insert(AlertPointer alert, std::int64_t place) {
   if (!placeOfKey_.try_emplace(UpperCase(alert->AlertKey), place).second) return false;
-  stations_.Add(alert->stationBaseCallsign, alert->stationBaseCallsign);
+  if (stations_.Add(alert->stationBaseCallsign, alert->stationBaseCallsign))
+    stationMarks_.Note(alert->stationBaseCallsign);
   ofStation_[alert->stationBaseCallsign].emplace(place, alert);
   alerts_.emplace(place, std::move(alert));
   return true;

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "alerts/sota_alert.h"
+#include "base/presence_marks.h"
 #include "spots/spot.h"
 
 namespace brelwin {
@@ -46,6 +47,12 @@ class AlertCollection {
   // Base callsigns for which an alert was added, each once, in the order in which they came.
   const CallsignCollection& Stations() const { return stations_; }
 
+  // Whether the base callsign is among the stations: asked of every line of the stream, most of which are of
+  // no announced station.
+  bool IsAnnounced(std::string_view baseCallsign) const {
+    return stationMarks_.MayHold(baseCallsign) && stations_.Contains(baseCallsign);
+  }
+
   // The alerts whose stationBaseCallsign is exactly this, in collection order.
   const Places& OfStation(const std::string& baseCallsign) const;
 
@@ -67,6 +74,7 @@ class AlertCollection {
   std::unordered_map<std::string, Places> ofStation_;
   std::unordered_map<std::string, std::vector<WithdrawnAlert>> withdrawn_;
   CallsignCollection stations_;
+  PresenceMarks stationMarks_;
   bool wereRead_ = false;
 };
 

@@ -30,11 +30,6 @@ bool LineFacts::IsRepeated() {
   return surroundings_.RecentSpots.Contains(DuplicateKeyText());
 }
 
-bool LineFacts::StationHasAlerts() {
-  const auto& stations = surroundings_.Alerts.Stations();
-  return !stations.Empty() && stations.Contains(StationBaseCallsign());
-}
-
 std::string_view LineFacts::StationBaseCallsign() {
   if (station_) return *station_;
   const auto callsign = line_.Field(SpotField::Station);
@@ -58,19 +53,9 @@ const std::string& LineFacts::DuplicateKeyText() {
 }
 
 float LineFacts::FrequencyInMhz() {
-  return ReadFrequency().Mhz;
-}
-
-const std::string& LineFacts::FormattedFrequency() {
-  return ReadFrequency().Formatted;
-}
-
-const LineFacts::Frequency& LineFacts::ReadFrequency() {
-  if (frequency_) return *frequency_;
-  auto& frequency = frequency_.emplace();
-  frequency.Formatted =
-      FormatFrequencyKHz(line_.Field(SpotField::Frequency), frequency.Mhz, surroundings_.Numbers);
-  return frequency;
+  if (!frequencyInMhz_)
+    frequencyInMhz_ = MhzFromKHz(line_.Field(SpotField::Frequency), surroundings_.Numbers);
+  return *frequencyInMhz_;
 }
 
 }  // namespace brelwin

@@ -38,27 +38,20 @@ class LineFacts final : public SpotFacts {
   std::string_view ModeText() override { return line_.Field(SpotField::Mode); }
   std::string BandText() override;
 
-  bool StationHasAlerts();
+  bool StationIsAnnounced() { return surroundings_.Alerts.IsAnnounced(StationBaseCallsign()); }
   const std::string& DuplicateKeyText();
   float FrequencyInMhz();
-  const std::string& FormattedFrequency();
 
   AlertPointer Alert;  // the one that the spot matches, set by whoever looks for it
 
  private:
-  struct Frequency {
-    float Mhz = 0;
-    std::string Formatted;
-  };
-  const Frequency& ReadFrequency();
-
   const LineSurroundings& surroundings_;
   SpotLine& line_;
   std::optional<std::string_view> station_;
   std::string stationStorage_;
   std::string spotter_;
   std::string duplicateKey_;
-  std::optional<Frequency> frequency_;
+  std::optional<float> frequencyInMhz_;
 };
 
 }  // namespace brelwin

@@ -29,8 +29,7 @@ void TakeStations(Spot& spot, SpotLine& line, LineFacts& facts) {
 
 void TakeFrequency(Spot& spot, SpotLine& line, LineFacts& facts, NumberFormat format) {
   spot.FrequencyString = line.Field(SpotField::Frequency);
-  spot.FormattedFrequencyString = facts.FormattedFrequency();
-  spot.FrequencyInMhz = facts.FrequencyInMhz();
+  spot.FormattedFrequencyString = FormatFrequencyKHz(spot.FrequencyString, spot.FrequencyInMhz, format);
   spot.BandInMhz = static_cast<float>(BandFromFrequency(spot.FrequencyInMhz, format));
   spot.SpotKey = facts.DuplicateKeyText();
 }

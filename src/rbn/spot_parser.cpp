@@ -78,7 +78,7 @@ void Block::Take(std::string_view text, std::int32_t& count) {
 void Block::TakeLine(std::string_view line, std::size_t pieceNumber, std::int32_t runningNumber) {
   line_.Read(line);
   LineFacts facts(surroundings_, line_);
-  if (facts.StationHasAlerts()) MatchToAlerts(facts);
+  if (facts.StationIsAnnounced()) MatchToAlerts(facts);
   if (rules_.Decide(facts) == SpotVerdict::Kept) Keep(facts, pieceNumber, runningNumber);
 }
 
