@@ -106,7 +106,7 @@ FileResult AppendTo(const FileDescriptor& file, std::string_view bytes, FileAcce
   if (access == FileAccess::OwnerOnly && (before.st_mode & PermissionBits & ~OwnerModes) != 0)
     ::fchmod(file.Number(), before.st_mode & OwnerModes);
   if (WriteAll(file, bytes)) return {};
-  const auto failure = LastError();
+  auto failure = LastError();
   TakeBack(file, before);
   return failure;
 }
