@@ -134,6 +134,8 @@ std::int32_t WholeNumber(std::string_view text, NumberFormat format) {
 }
 
 std::string SingleText(float value) {
+  if (value == std::trunc(value) && std::fabs(value) < LowestTooLong)
+    return std::to_string(static_cast<std::int32_t>(value));
   const auto decimal = DecimalOf(value);
   auto text = WholePart(decimal);
   if (text.empty()) text = "0";
