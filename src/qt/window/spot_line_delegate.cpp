@@ -13,13 +13,12 @@ QPalette::ColorGroup ColorGroupOf(const QStyleOptionViewItem& option) {
   return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
 }
 
-QColor TextColor(const QStyleOptionViewItem& option, bool isMatched) {
+QColor TextColor(const QStyleOptionViewItem& option) {
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-  const auto plain = isMatched ? QPalette::Link : QPalette::Text;
-  return option.palette.color(ColorGroupOf(option), isSelected ? QPalette::HighlightedText : plain);
+  return option.palette.color(ColorGroupOf(option), isSelected ? QPalette::HighlightedText : QPalette::Text);
 }
 
-// A bar at the edge tells what colour alone might not.
+// A bar at the edge, beside bold letters: dark palettes seldom have a second colour that can be read.
 void MarkLine(QPainter& painter, const QStyleOptionViewItem& option) {
   auto edge = option.rect;
   edge.setWidth(SpotLineDelegate::Margin - 1);
@@ -40,7 +39,7 @@ void SpotLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   auto font = option.font;
   font.setBold(isMatched);
   painter->setFont(font);
-  painter->setPen(TextColor(option, isMatched));
+  painter->setPen(TextColor(option));
   const auto area = option.rect.adjusted(Margin, 0, -Margin, 0);
   painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, index.data().toString());
 }

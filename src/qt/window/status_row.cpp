@@ -34,6 +34,7 @@ QLabel* MakeDownloadPicture() {
 
 QLayout* MakeStateRow() {
   auto* row = new QHBoxLayout;
+  row->setSpacing(10);
   row->addWidget(MakeDownloadPicture());
   row->addWidget(Named("lblCheckingForSpots", new QLabel));
   for (const char* name : {"lblNoConnectionToTwitter", "lblNoSotawatchConnection", "lblNoConnectionToRBN"})

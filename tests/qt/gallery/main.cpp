@@ -36,6 +36,7 @@ std::shared_ptr<Spot> MakeSpot(int number) {
   spot->OperatorName = "Wolfgang";
   spot->Comment = "CQ CQ now, then going to the next summit";
   spot->Spotter = "K6ABC";
+  spot->IsMatchedToAlert = number % 7 == 2;
   return spot;
 }
 
@@ -48,6 +49,8 @@ void Fill(Screen& screen) {
   screen.Spots.txtSPOTList.Text = SpotListText(spots);
   screen.Spots.lblUTCTime.Caption = "Current Time: 12:34 UTC";
   screen.Spots.lblStatus.Caption = "Sotawatch answered 200 OK";
+  screen.Spots.lblSources.Caption = "Sotawatch: connected | Alerts: off | Reverse Beacon Network: off";
+  screen.Spots.lblSpotDetails.Caption = "W6XYZ/P on W6/CT-011, 145.525 MHz FM: CQ CQ now [K6ABC]";
   screen.Spots.txtSecondsBetweenChecks.Text = "30";
   screen.Spots.txtMaximumSpotsInList.Text = "200";
   screen.Filters.txtAlertSound.Text = "chimes.wav";
