@@ -3,8 +3,10 @@
 
 #include <random>
 
+#include "alert_properties.h"
 #include "alerts/modifications.h"
 #include "radio/dates.h"
+#include "random_text.h"
 #include "test_host.h"
 
 namespace brelwin {
@@ -112,6 +114,16 @@ TEST_F(ModificationsFile, AFileThatCannotBeReadOrWrittenIsLeftAlone) {
   host_.Disk.ReadOnly = true;
   EXPECT_FALSE(Load().Save(host_.World));
   EXPECT_EQ(Text(), entry);
+}
+
+TEST_F(ModificationsFile, IsCleanedOnceWhateverItHolds) {
+  const auto addition = Entry("ADD", Now(), "a");
+  const auto deletion = Entry("del", Ago(100), "b");
+  test::RandomText random(5, {addition, deletion, "||", "\r\n", "\n", " ", "\r", "\xE9"});
+  for (int round = 0; round < 1000; ++round) {
+    const auto text = random.Next(12);
+    ASSERT_TRUE(test::ModificationsReadBack(text)) << text;
+  }
 }
 
 // The same changes done one by one on the file, as a list of lines.

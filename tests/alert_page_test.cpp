@@ -1,20 +1,19 @@
 // From the text of the alerts page to alerts: markup, windows, withdrawals, what is learned and logged.
 #include <gtest/gtest.h>
 
+#include "alert_properties.h"
 #include "alerts/alert_window.h"
 #include "alerts/alerts_page.h"
-#include "alerts/alerts_page_reader.h"
-#include "alerts/alerts_report.h"
 #include "alerts_page_text.h"
 #include "base/entities.h"
 #include "radio/dates.h"
+#include "random_text.h"
 #include "test_host.h"
 
 namespace brelwin {
 namespace {
 
 using test::Heading;
-using test::PageAlert;
 using test::Table;
 
 class AlertsPageTest : public ::testing::Test {
@@ -210,6 +209,16 @@ TEST_F(AlertsPageTest, TheFetchIsTakenWithItsFaults) {
       " received.\r\n"));
 
   host_.Internet.Forget(request.Url);
+  host_.Internet.Answer(request.Url,
+                        {.Body = Heading() + Table({}) + "<table", .ErrorText = "Reset by peer"});
+  EXPECT_EQ(fetch(), -1);
+  EXPECT_TRUE(IsLogged("GetAlertsFromSotawatchHTMLPage - The page broke off: Reset by peer\r\n"));
+  host_.World.ShuttingDown = true;
+  EXPECT_NE(fetch(), -1);
+  EXPECT_EQ(alerts_.Count(), 1U);
+  host_.World.ShuttingDown = false;
+
+  host_.Internet.Forget(request.Url);
   host_.Internet.Answer(request.Url, {.Body = Heading() + "caf\xE9"});
   EXPECT_EQ(fetch(), -1);
   EXPECT_TRUE(IsLogged("(" + std::to_string(Heading().size() + 4) + " bytes)"));
@@ -230,19 +239,20 @@ TEST_F(AlertsPageTest, NewActivatorsAreLearned) {
   EXPECT_EQ(host_.Disk.Text("/brelwin/SOTAActivators.txt"), "mine\nunfinished\r\nG4ABC\r\nM0XYZ\r\n");
 }
 
-// A page may be cut anywhere: what was whole is read as it would be, and nothing else is.
 TEST_F(AlertsPageTest, ACutPageGivesTheBeginningOfTheWhole) {
   const auto page = Heading() + Table({.Comment = "a &amp; b"}) + Table({.Callsign = "G4ABC & M0XYZ"}) +
                     Heading("Wednesday 25th November 2026") + Table({.Comment = "S+2"});
-  const auto whole = ReadAlertsPage(page, {});
-  ASSERT_EQ(whole.Activations.size(), 3U);
-  for (std::size_t length = 0; length < page.size(); ++length) {
-    const auto cut = ReadAlertsPage(std::string_view(page).substr(0, length), {});
-    ASSERT_LT(cut.Activations.size(), 4U);
-    for (std::size_t i = 0; i < cut.Activations.size(); ++i) {
-      ASSERT_EQ(DelimitedData(cut.Activations[i].Alert), DelimitedData(whole.Activations[i].Alert)) << length;
-      ASSERT_EQ(cut.Activations[i].Stations, whole.Activations[i].Stations);
-    }
+  ASSERT_EQ(test::ActivationsOf(page).size(), 3U);
+  for (std::size_t length = 0; length < page.size(); ++length)
+    ASSERT_TRUE(test::CutPageAnnouncesFirstAlerts(page, length)) << length;
+
+  const auto heading = Heading();
+  const auto table = Table({});
+  test::RandomText random(3, {heading, table, "<table class=\"spots\">", "</table>", "<td>", "</td>",
+                              "<span class=\"comment\">", "</span>", "', ", "&#10;", "\n"});
+  for (int round = 0; round < 300; ++round) {
+    const auto strange = random.Next(30);
+    ASSERT_TRUE(test::CutPageAnnouncesFirstAlerts(strange, random.Below(strange.size() + 1))) << strange;
   }
 }
 

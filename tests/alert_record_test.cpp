@@ -1,12 +1,12 @@
 // The alert record, its delimited data, the collection that holds alerts, and the report of them.
 #include <gtest/gtest.h>
 
-#include <random>
-
+#include "alert_properties.h"
 #include "alerts/alert_collection.h"
 #include "alerts/alerts_report.h"
 #include "alerts/sota_alert.h"
 #include "radio/dates.h"
+#include "random_text.h"
 #include "test_host.h"
 
 namespace brelwin {
@@ -61,26 +61,11 @@ TEST(DelimitedData, TakesWhatAShortOrStrangeLineHolds) {
   EXPECT_EQ(alert.ID, "NEW");
 }
 
-// Whatever the texts are, the fields of the line are the fields of the alert.
 TEST(DelimitedData, KeepsItsFieldsApartWhateverTheyHold) {
-  std::mt19937 random(7);
-  const auto text = [&random] {
-    constexpr std::string_view Letters = "|| aZ-\r\n\t_1";
-    std::string result;
-    for (auto left = random() % 9; left > 0; --left) result.push_back(Letters[random() % Letters.size()]);
-    return result;
-  };
+  test::RandomText random(7, {"|", "||", " ", "aZ", "\r\n", std::string_view("\0", 1), "2026-11-24 10:00"});
   for (int round = 0; round < 3000; ++round) {
-    auto alert = AlertOf(text(), text());
-    alert.Comment = text();
-    alert.Spotter = text();
-    const auto line = DelimitedData(alert);
-    SOTAAlert rebuilt;
-    ASSERT_TRUE(SetDelimitedData(rebuilt, line));
-    ASSERT_EQ(DelimitedData(rebuilt), line);
-    ASSERT_EQ(rebuilt.AlertKey, DelimitedField(alert.AlertKey));
-    ASSERT_EQ(rebuilt.Comment, DelimitedField(alert.Comment));
-    ASSERT_EQ(line.find_first_of("\r\n"), std::string::npos);
+    const auto bytes = random.Next(20);
+    ASSERT_TRUE(test::DelimitedDataReadsBack(bytes)) << bytes;
   }
 }
 

@@ -1,30 +1,34 @@
 #include "alerts/alert_collection.h"
 
-#include "base/text.h"
-
 namespace brelwin {
 
 bool AlertCollection::Insert(AlertPointer alert, std::int64_t place) {
-  if (!placeOfKey_.try_emplace(UpperCase(alert->AlertKey), place).second) return false;
-  if (stations_.Add(alert->stationBaseCallsign, alert->stationBaseCallsign))
-    stationMarks_.Note(alert->stationBaseCallsign);
-  ofStation_[alert->stationBaseCallsign].emplace(place, alert);
-  alerts_.emplace(place, std::move(alert));
+  if (!placeOfKey_.try_emplace(alert->AlertKey, place).second) return false;
+  const auto& station = alert->stationBaseCallsign;
+  if (stations_.Add(station, station)) stationMarks_.Note(station);
+  InsertAtEnd(ofStation_[station], place, alert);
+  InsertAtEnd(alerts_, place, std::move(alert));
   return true;
 }
 
+// A new alert has the first or the last place of all.
+void AlertCollection::InsertAtEnd(Places& places, std::int64_t place, AlertPointer alert) {
+  places.emplace_hint(place < 0 ? places.begin() : places.end(), place, std::move(alert));
+}
+
 bool AlertCollection::Remove(std::string_view key) {
-  const auto found = placeOfKey_.find(UpperCase(key));
+  const auto found = placeOfKey_.find(key);
   if (found == placeOfKey_.end()) return false;
-  const auto alert = alerts_.find(found->second);
-  ofStation_[alert->second->stationBaseCallsign].erase(found->second);
-  alerts_.erase(alert);
+  const auto place = found->second;
   placeOfKey_.erase(found);
+  const auto alert = alerts_.find(place);
+  ofStation_[alert->second->stationBaseCallsign].erase(place);
+  alerts_.erase(alert);
   return true;
 }
 
 AlertPointer AlertCollection::Find(std::string_view key) const {
-  const auto found = placeOfKey_.find(UpperCase(key));
+  const auto found = placeOfKey_.find(key);
   return found == placeOfKey_.end() ? nullptr : alerts_.at(found->second);
 }
 

@@ -12,6 +12,7 @@
 
 #include "alerts/sota_alert.h"
 #include "base/presence_marks.h"
+#include "base/text.h"
 #include "spots/spot.h"
 
 namespace brelwin {
@@ -65,12 +66,23 @@ class AlertCollection {
   void SetRead() { wereRead_ = true; }
 
  private:
+  struct HashWithoutCase {
+    std::size_t operator()(std::string_view key) const { return HashIgnoringCase(key); }
+  };
+  struct EqualWithoutCase {
+    bool operator()(std::string_view left, std::string_view right) const {
+      return EqualsIgnoringCase(left, right);
+    }
+  };
+
   bool Insert(AlertPointer alert, std::int64_t place);
+  static void InsertAtEnd(Places& places, std::int64_t place, AlertPointer alert);
 
   std::int64_t first_ = 0;
   std::int64_t last_ = 0;
   Places alerts_;
-  std::unordered_map<std::string, std::int64_t> placeOfKey_;
+  // The keys point into the alerts, which do not change.
+  std::unordered_map<std::string_view, std::int64_t, HashWithoutCase, EqualWithoutCase> placeOfKey_;
   std::unordered_map<std::string, Places> ofStation_;
   std::unordered_map<std::string, std::vector<WithdrawnAlert>> withdrawn_;
   CallsignCollection stations_;

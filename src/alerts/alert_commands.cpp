@@ -30,7 +30,7 @@ std::string Received(const Spot& spot) {
   return "Spot of " + spot.Station + " received from trusted chaser " + spot.Spotter + comment;
 }
 
-std::string OneLine(std::string_view text) {
+std::string OneLine(const std::string& text) {
   const auto line = WithBlanks(text);
   return std::string(Trim(line));
 }

@@ -1,7 +1,8 @@
 #include "alerts/alert_key.h"
 
+#include <utility>
+
 #include "base/encoding.h"
-#include "base/text.h"
 #include "radio/dates.h"
 
 namespace brelwin {
@@ -13,7 +14,8 @@ std::string PageKey(const SOTAAlert& alert, std::string_view lastPart) {
   const auto& time = alert.UTCAlertDateAndTime;
   std::string key = time ? DateTimeText(*time) : std::string();
   key.append("_").append(alert.stationBaseCallsign).append("_").append(alert.SummitDesignator);
-  return DelimitedField(key.append("_").append(lastPart));
+  key.append("_").append(lastPart);
+  return DelimitedField(std::move(key));
 }
 
 }  // namespace
@@ -23,7 +25,8 @@ std::string CustomWindowKey(const SOTAAlert& alert) {
 }
 
 std::string CommentKey(const SOTAAlert& alert) {
-  const auto letters = Replace(alert.Comment, " ", "");
+  auto letters = alert.Comment;
+  std::erase(letters, ' ');
   return PageKey(alert, FirstCharacters(letters, CommentLength));
 }
 
@@ -32,7 +35,7 @@ std::string SpotAlertKey(const SOTAAlert& alert) {
   std::string key = "!SPOT_ALERT!_";
   key.append(time ? CompactMinutesText(*time) : std::string());
   key.append("_").append(alert.stationBaseCallsign).append("_").append(alert.SummitDesignator);
-  return DelimitedField(key);
+  return DelimitedField(std::move(key));
 }
 
 }  // namespace brelwin

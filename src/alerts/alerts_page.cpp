@@ -30,15 +30,17 @@ class Scrape {
   Scrape(Host& host, Modifications& modifications)
       : host_(host), overrides_(DurationOverrides::Load(host)), modifications_(modifications) {}
 
-  void Take(const AnnouncedActivation& activation) {
-    for (const auto& station : activation.Stations) TakeStation(activation.Alert, station);
+  void Take(AnnouncedActivation&& activation) {
+    const auto& stations = activation.Stations;
+    for (std::size_t i = 0; i + 1 < stations.size(); ++i) TakeStation(activation.Alert, stations[i]);
+    if (!stations.empty()) TakeStation(std::move(activation.Alert), stations.back());
   }
 
   AlertCollection&& Result() { return std::move(alerts_); }
 
  private:
-  void TakeStation(const SOTAAlert& announced, const std::string& station) {
-    auto alert = std::make_shared<SOTAAlert>(announced);
+  void TakeStation(SOTAAlert announced, const std::string& station) {
+    auto alert = std::make_shared<SOTAAlert>(std::move(announced));
     alert->Station = station;
     alert->stationBaseCallsign = GetBaseCallsign(station);
     const auto window = WindowOfAlert(overrides_.Of(alert->stationBaseCallsign), alert->Comment);
@@ -99,11 +101,12 @@ std::int32_t TakePage(Host& host, std::string_view text, std::size_t bodyLength,
                       const AlertsPageRequest& request, AlertCollection& alerts,
                       CallsignCollection& knownActivators) {
   const auto utcNow = UTCNow(host.Time);
-  const auto page = ReadAlertsPage(text, {utcNow, host.Time.LocalNow(), request.MaximumHoursAhead});
   auto modifications = Modifications::Load(host, "", utcNow, request.DefaultAfterWindow);
   Scrape scrape(host, modifications);
-  for (const auto& activation : page.Activations) scrape.Take(activation);
-  if (page.Activations.empty()) LogThatNothingWasParsed(host, bodyLength);
+  const auto page =
+      ReadAlertsPage(text, {utcNow, host.Time.LocalNow(), request.MaximumHoursAhead},
+                     [&scrape](AnnouncedActivation&& activation) { scrape.Take(std::move(activation)); });
+  if (page.NumberOfActivations == 0) LogThatNothingWasParsed(host, bodyLength);
   modifications.Save(host);
   if (!page.HasDays) return Success;
   alerts = scrape.Result();
@@ -125,6 +128,9 @@ std::int32_t GetAlertsFromSotawatchHTMLPage(Host& host, const AlertsPageRequest&
     errorText = transfer.LastErrorMessage();
     return NotFetched;
   }
+  if (host.ShuttingDown) return NothingRead;  // what came before the end is no whole page
+  if (!transfer.LastTransportError().empty())
+    LogMessage(host, "The page broke off: " + transfer.LastTransportError());
   return TakeAlertsFromPage(host, page, transfer.LastBodyLength(), request, alerts, knownActivators,
                             errorText);
 }

@@ -4,6 +4,7 @@
 #include <array>
 #include <limits>
 #include <optional>
+#include <utility>
 
 #include "alerts/page_markup.h"
 #include "base/text.h"
@@ -23,10 +24,26 @@ constexpr std::string_view CommentBegin = "<span class=\"comment\">";
 constexpr std::string_view PosterBegin = "<span class=\"poster\">";
 constexpr std::string_view SpanEnd = "</span>";
 
-std::string WithoutEach(std::string text, std::initializer_list<std::string_view> parts,
-                        std::string_view with = "") {
-  for (const auto part : parts) text = Replace(text, part, with);
-  return text;
+// The text without the part. Most texts do not hold it.
+std::string Without(std::string text, std::string_view part) {
+  return Contains(text, part) ? Replace(text, part, "") : text;
+}
+
+// The text with a blank in place of each of the tags.
+std::string WithoutTags(std::string_view text, std::initializer_list<std::string_view> tags) {
+  std::string result;
+  result.reserve(text.size());
+  while (!text.empty()) {
+    const auto* const tag =
+        std::ranges::find_if(tags, [text](std::string_view known) { return text.starts_with(known); });
+    const bool isTag = tag != tags.end();
+    result.append(isTag ? " " : text.substr(0, 1));
+    text.remove_prefix(isTag ? tag->size() : 1);
+    const auto plain = std::min(text.find('<'), text.size());
+    result.append(text.substr(0, plain));
+    text.remove_prefix(plain);
+  }
+  return result;
 }
 
 template <class Integer>
@@ -40,7 +57,8 @@ std::optional<DateTime> DateOfHeading(std::string_view heading) {
   const auto text = PlainText(heading);
   std::string_view rest = text;
   TakeWord(rest);
-  auto date = WithoutEach(std::string(TakeWord(rest)), {"st", "nd", "rd", "th"});
+  std::string date(TakeWord(rest));
+  for (const auto* suffix : {"st", "nd", "rd", "th"}) date = Without(std::move(date), suffix);
   date.append(" ").append(TakeWord(rest));
   date.append(" ").append(TakeWord(rest));
   return ReadDateTime(date);
@@ -59,7 +77,7 @@ void SetTime(SOTAAlert& alert, std::string_view text) {
 }
 
 void SetSummit(SOTAAlert& alert, std::string_view raw) {
-  const auto blanked = WithoutEach(WithBlanks(raw), {"points", "point"});
+  const auto blanked = Without(Without(WithBlanks(std::string(raw)), "points"), "point");
   auto text = Trim(blanked);
   if (text.ends_with('.')) text = Trim(text.substr(0, text.size() - 1));
   alert.SummitDescription = PlainText(text);
@@ -71,8 +89,7 @@ void SetSummit(SOTAAlert& alert, std::string_view raw) {
 
 void SetPopUp(SOTAAlert& alert, std::string_view raw) {
   constexpr std::string_view SummitMark = "Summit:";
-  const auto text =
-      WithoutEach(WithoutEach(std::string(raw), {"<strong>", "</strong>", "<br>"}, " "), {"Operator:"});
+  const auto text = Without(WithoutTags(raw, {"<strong>", "</strong>", "<br>"}), "Operator:");
   const auto mark = std::min(text.find(SummitMark), text.size());
   alert.OperatorName = PlainText(std::string_view(text).substr(0, mark));
   if (mark < text.size()) SetSummit(alert, std::string_view(text).substr(mark + SummitMark.size()));
@@ -96,7 +113,7 @@ void SetCells(AnnouncedActivation& activation, std::string_view cells) {
   for (auto& text : texts) {
     const auto cell = TakeCell(cells);
     if (!cell) break;
-    text = WithoutEach(WithoutEach(WithBlanks(*cell), {"&nbsp;"}), {"<strong>", "</strong>"}, " ");
+    text = WithBlanks(Without(WithoutTags(*cell, {"<strong>", "</strong>"}), "&nbsp;"));
   }
   SetTime(activation.Alert, PlainText(texts[0]));
   SetStationsAndSummit(activation, texts[1]);
@@ -105,7 +122,7 @@ void SetCells(AnnouncedActivation& activation, std::string_view cells) {
 
 // "(Posted by callsign)".
 std::string PosterOf(std::string_view raw) {
-  const auto text = PlainText(WithoutEach(std::string(raw), {"(", ")"}));
+  const auto text = PlainText(Without(Without(std::string(raw), "("), ")"));
   std::string_view rest = text;
   TakeWord(rest);
   TakeWord(rest);
@@ -135,34 +152,48 @@ bool IsTooFarAhead(const SOTAAlert& alert, const PageReadRequest& request) {
   return hours > request.MaximumHoursAhead;
 }
 
-// False when reading must stop here.
-bool ReadDay(std::string_view day, const PageReadRequest& request, AlertsPage& page) {
-  auto rest = day;
-  std::optional<DateTime> date;
-  if (const auto heading = TakeBetween(rest, "", SpanEnd)) date = DateOfHeading(*heading);
-  for (auto table = TakeBetween(rest, TableBegin, TableEnd); table && !table->empty();
-       table = TakeBetween(rest, TableBegin, TableEnd)) {
-    auto activation = ReadTable(*table, date);
-    if (!activation) continue;
-    if (IsTooFarAhead(activation->Alert, request)) return false;
-    activation->Alert.LocalDateAndTimeRetrieved = request.LocalNow;
-    page.Activations.push_back(std::move(*activation));
+class PageReader {
+ public:
+  PageReader(const PageReadRequest& request, const ActivationTaker& take) : request_(request), take_(take) {}
+
+  AlertsPageSummary Read(std::string_view page) {
+    auto heading = page.find(HeadingBegin);
+    while (heading != std::string_view::npos) {
+      summary_.HasDays = true;
+      page.remove_prefix(heading + HeadingBegin.size());
+      heading = page.find(HeadingBegin);
+      if (!ReadDay(page.substr(0, heading))) break;
+    }
+    return summary_;
   }
-  return true;
-}
+
+ private:
+  // False when reading must stop here.
+  bool ReadDay(std::string_view day) {
+    const auto heading = TakeBetween(day, "", SpanEnd);
+    const auto date = heading ? DateOfHeading(*heading) : std::nullopt;
+    while (true) {
+      const auto table = TakeBetween(day, TableBegin, TableEnd);
+      if (!table || table->empty()) return true;
+      auto activation = ReadTable(*table, date);
+      if (!activation) continue;
+      if (IsTooFarAhead(activation->Alert, request_)) return false;
+      activation->Alert.LocalDateAndTimeRetrieved = request_.LocalNow;
+      ++summary_.NumberOfActivations;
+      take_(std::move(*activation));
+    }
+  }
+
+  const PageReadRequest& request_;
+  const ActivationTaker& take_;
+  AlertsPageSummary summary_;
+};
 
 }  // namespace
 
-AlertsPage ReadAlertsPage(std::string_view text, const PageReadRequest& request) {
-  AlertsPage page;
-  auto heading = text.find(HeadingBegin);
-  while (heading != std::string_view::npos) {
-    page.HasDays = true;
-    text.remove_prefix(heading + HeadingBegin.size());
-    heading = text.find(HeadingBegin);
-    if (!ReadDay(text.substr(0, heading), request, page)) break;
-  }
-  return page;
+AlertsPageSummary ReadAlertsPage(std::string_view page, const PageReadRequest& request,
+                                 const ActivationTaker& take) {
+  return PageReader(request, take).Read(page);
 }
 
 }  // namespace brelwin

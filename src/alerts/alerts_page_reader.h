@@ -1,7 +1,9 @@
 // Reads the markup of the alerts page: days, each with tables, each table one announced activation.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,9 +19,9 @@ struct AnnouncedActivation {
   std::vector<std::string> Stations;
 };
 
-struct AlertsPage {
+struct AlertsPageSummary {
   bool HasDays = false;  // without a single day heading the page is not the alerts page
-  std::vector<AnnouncedActivation> Activations;
+  std::size_t NumberOfActivations = 0;
 };
 
 struct PageReadRequest {
@@ -28,8 +30,12 @@ struct PageReadRequest {
   std::int32_t MaximumHoursAhead = 0;  // reading stops at the first alert farther ahead; 0: nowhere
 };
 
-// Reads a page, hostile or cut as it may be, in one pass. Every text kept is plain, without line ends. A
-// heading or time that cannot be read leaves the alert without a date and time.
-AlertsPage ReadAlertsPage(std::string_view page, const PageReadRequest& request);
+using ActivationTaker = std::function<void(AnnouncedActivation&&)>;
+
+// Reads a page, hostile or cut as it may be, in one pass, and hands over its activations in their order.
+// Every text kept is plain, without line ends. A heading or time that cannot be read leaves the alert without
+// a date and time.
+AlertsPageSummary ReadAlertsPage(std::string_view page, const PageReadRequest& request,
+                                 const ActivationTaker& take);
 
 }  // namespace brelwin

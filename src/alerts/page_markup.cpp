@@ -40,16 +40,16 @@ std::string_view TakePart(std::string_view& rest, char delimiter) {
   return part;
 }
 
-std::string WithBlanks(std::string_view text) {
-  std::string result(text);
-  std::ranges::replace_if(
-      result, [](char c) { return c == '\r' || c == '\n' || c == '\t'; }, ' ');
-  return result;
+std::string WithBlanks(std::string text) {
+  for (char& c : text) c = c == '\r' || c == '\n' || c == '\t' ? ' ' : c;
+  return text;
 }
 
 std::string PlainText(std::string_view text) {
-  const auto plain = WithBlanks(DecodeEntities(text));
-  return std::string(Trim(plain));
+  auto plain = WithBlanks(DecodeEntities(text));
+  plain.erase(plain.find_last_not_of(' ') + 1);
+  plain.erase(0, plain.find_first_not_of(' '));
+  return plain;
 }
 
 }  // namespace brelwin

@@ -23,7 +23,7 @@ std::string_view TakeWord(std::string_view& rest);
 std::string_view TakePart(std::string_view& rest, char delimiter);
 
 // The text with each CR, LF and tab turned into a blank.
-std::string WithBlanks(std::string_view text);
+std::string WithBlanks(std::string text);
 
 // The text as people read it, fit for a line of a file: entities decoded once, then line ends and tabs turned
 // into blanks, then trimmed.

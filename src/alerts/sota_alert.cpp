@@ -46,14 +46,14 @@ void SetAlertDateAndTime(SOTAAlert& alert, DateTime time) {
   alert.UTCAlertTime = TimeOfDay(time);
 }
 
-std::string DelimitedField(std::string_view text) {
-  if (text.find_first_of("|\r\n") == std::string_view::npos) return std::string(text);
-  auto field = Replace(text, DataDelimiter(), "-");
-  if (field.starts_with('|')) field.front() = '-';
-  if (field.ends_with('|')) field.back() = '-';
-  std::replace(field.begin(), field.end(), '\r', ' ');
-  std::replace(field.begin(), field.end(), '\n', ' ');
-  return field;
+std::string DelimitedField(std::string text) {
+  if (text.find_first_of("|\r\n") == std::string::npos) return text;
+  text = Replace(text, DataDelimiter(), "-");
+  if (text.starts_with('|')) text.front() = '-';
+  if (text.ends_with('|')) text.back() = '-';
+  std::replace(text.begin(), text.end(), '\r', ' ');
+  std::replace(text.begin(), text.end(), '\n', ' ');
+  return text;
 }
 
 std::string DelimitedData(const SOTAAlert& alert) {

@@ -49,7 +49,7 @@ constexpr std::string_view DataDelimiter() {
 // The text in the form that it has as a field of delimited data: "||", and a "|" at either end, which would
 // join the delimiter, become "-"; line ends become blanks. A key is made with it, so that the key in a file
 // is the key in the collection.
-std::string DelimitedField(std::string_view text);
+std::string DelimitedField(std::string text);
 
 // The alert as one line of 13 fields: date and time, time text, station, base callsign, summit, operator,
 // comment, spotter, frequencies, the window's minutes before and after, self-spot flag (-1 or 0) and key.
