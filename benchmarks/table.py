@@ -71,6 +71,10 @@ def core_rows(medians: Medians) -> list[Row]:
         return Row(f'merge 100 spots into {length:,}', microseconds(medians[f'Merge/{length}']),
                    microseconds(medians[f'MergeFloor/{length}']), 'us', 'alike', None)
 
+    def ratio_row(subject: str, ours: str, floor: str, goal: float) -> Row:
+        value, least = nanoseconds_per_item(medians[ours]), nanoseconds_per_item(medians[floor])
+        return Row(subject, value, least, 'ns/line', f'{goal:g}x', value <= goal * least)
+
     return [
         row('read a feed of 50,000 items', 'ReadFeed', 'ReadFeedFloor', megabytes_per_second, 'MB/s', 150, True),
         row('filter 100,000 spots by 6 lists', 'Filter', 'FilterFloor', nanoseconds_per_item, 'ns/spot+list', 100),
@@ -78,6 +82,15 @@ def core_rows(medians: Medians) -> list[Row]:
         merge_row(1_000), merge_row(10_000), merge_row(100_000),
         row('put 10,000 lines into the window', 'PutLines', 'PaintLines', milliseconds, 'ms', 16),
         row('add 10 lines to them', 'AddLines', 'PaintLines', milliseconds, 'ms', 16),
+        row('read an alerts page of 10,000 rows', 'ReadAlertsPage/10000', 'ReadAlertsPageFloor/10000',
+            megabytes_per_second, 'MB/s', 100, True),
+        ratio_row('drop lines by type, blocks of 10', 'DropByType/10', 'DropByTypeFloor', 2),
+        ratio_row('drop lines by type', 'DropByType/1000', 'DropByTypeFloor', 2),
+        ratio_row('drop lines by type, in 10,000s', 'DropByType/10000', 'DropByTypeFloor', 2),
+        ratio_row('keep 1 line in 20, 10 alerts', 'KeepFivePercent/10', 'KeepFivePercentFloor', 4),
+        ratio_row('keep 1 line in 20, 2,000 alerts', 'KeepFivePercent/2000', 'KeepFivePercentFloor', 4),
+        ratio_row('keep 1 line in 20, 100,000 alerts', 'KeepFivePercent/100000', 'KeepFivePercentFloor', 4),
+        row('keep every line', 'KeepEveryLine', 'KeepEveryLineFloor', nanoseconds_per_item, 'ns/line', 2_500),
     ]
 
 
