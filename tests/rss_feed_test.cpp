@@ -83,6 +83,7 @@ TEST_F(RSSFeed, BuildsTheWholeSpot) {
   EXPECT_EQ(spot.Comment, "CQ CQ");
   EXPECT_EQ(spot.UTCTime, "11:59");
   EXPECT_EQ(spot.LocalDateAndTime, DateTimeFromCalendar({2026, 11, 24, 12, 59, 30}));
+  EXPECT_EQ(spot.TimeOfSpot, host_.Time.Now() - std::chrono::seconds(30));
   EXPECT_EQ(spot.OrderReceived, 1);
   EXPECT_TRUE(spot.IsKnownActivator);
   EXPECT_FALSE(spot.IsSelfSpot || spot.IsAPRSSpot || spot.IsRBNSpot || spot.HiddenFromDisplay);

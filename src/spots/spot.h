@@ -8,6 +8,7 @@
 
 #include "base/date_time.h"
 #include "base/keyed_collection.h"
+#include "platform/clock.h"
 
 namespace brelwin {
 
@@ -49,7 +50,8 @@ struct Spot {  // NOLINT(clang-analyzer-optin.performance.Padding): users know t
   std::string SummitName;
   std::int16_t SummitPoints = 0;
   std::optional<DateTime> UTCDateTime;
-  std::string UTCTime;  // "HH:MM"
+  std::string UTCTime;                // "HH:MM"
+  std::optional<Instant> TimeOfSpot;  // UTCDateTime on the clock that does not jump; empty without one
 
   // Copies all fields of the source; a null pointer changes nothing.
   void CopyMyPropertiesFromThisSpot(const struct Spot* source);

@@ -18,11 +18,12 @@ bool IsSelfSpot(const Spot& spot) {
   return spot.SpotterBaseCallsign == spot.stationBaseCallsign && !Contains(spot.Comment, "{Via Tarnlink}");
 }
 
-void SetTime(Spot& spot, std::optional<DateTime> utc, std::int32_t timeZoneOffset) {
+void SetTime(Spot& spot, std::optional<DateTime> utc, const ReadingMoment& moment) {
   if (!utc) return;
   spot.UTCDateTime = utc;
   spot.UTCTime = ClockText(*utc);
-  spot.LocalDateAndTime = AddMinutes(*utc, -timeZoneOffset);
+  spot.LocalDateAndTime = AddMinutes(*utc, -moment.TimeZoneOffset);
+  spot.TimeOfSpot = moment.Now - std::chrono::seconds(moment.UTCNow.Seconds - utc->Seconds);
 }
 
 void SetFrequencyAndMode(Spot& spot, const SpotTitle& title, NumberFormat numbers) {
@@ -43,7 +44,7 @@ void SetSpotter(Spot& spot, std::string_view spotter) {
 }  // namespace
 
 ReadingMoment ReadingMomentOf(const Host& host) {
-  return {UTCNow(host.Time), TimeZoneOffsetInMinutes(host.Time), host.Numbers};
+  return {UTCNow(host.Time), host.Time.Now(), TimeZoneOffsetInMinutes(host.Time), host.Numbers};
 }
 
 MadeSpots SpotMaker::MakeSpots(const FeedItem& item) {
@@ -64,7 +65,7 @@ SpotPointer SpotMaker::MakeFirst(const FeedItem& item, std::string& secondCallsi
   spot->SummitDesignator = title.Summit;
   spot->Comment = item.Comment;
   spot->OrderReceived = item.OrderReceived;
-  SetTime(*spot, item.UTCDateTime, moment_.TimeZoneOffset);
+  SetTime(*spot, item.UTCDateTime, moment_);
   SetFrequencyAndMode(*spot, title, moment_.Numbers);
   SetSpotter(*spot, item.Spotter);
   spot->IsSelfSpot = IsSelfSpot(*spot);
