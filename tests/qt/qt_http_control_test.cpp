@@ -1,0 +1,203 @@
+#include "qt/ports/qt_http_control.h"
+
+#include <gtest/gtest.h>
+
+#include <QElapsedTimer>
+#include <QHostAddress>
+#include <QTcpServer>
+#include <QTcpSocket>
+#include <functional>
+#include <vector>
+
+#include "qt/ports/qt_event_queue.h"
+
+namespace brelwin {
+namespace {
+
+// A server of forms on loopback: takes whole requests and answers by their path. "close" hangs up without a
+// word, an empty answer is never given.
+class FormServer {
+ public:
+  FormServer() {
+    server_.listen(QHostAddress::LocalHost);
+    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] {
+      auto* socket = server_.nextPendingConnection();
+      QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { Read(*socket); });
+      QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
+    });
+  }
+
+  std::string Url(const std::string& path, const std::string& host = "127.0.0.1") const {
+    return "http://" + host + ":" + std::to_string(server_.serverPort()) + path;
+  }
+
+  std::vector<QByteArray> Requests;  // whole ones
+  std::function<QByteArray(const QByteArray& path)> Answer;
+
+ private:
+  void Read(QTcpSocket& socket) {
+    const auto request = socket.peek(1 << 20);
+    const auto headEnd = request.indexOf("\r\n\r\n");
+    if (headEnd < 0) return;
+    const auto at = request.indexOf("Content-Length: ");
+    const auto length = at < 0 ? 0 : request.mid(at + 16, request.indexOf("\r\n", at) - at - 16).toInt();
+    if (request.size() < headEnd + 4 + length) return;
+    Requests.push_back(socket.readAll());
+    const auto answer = Answer(request.split(' ')[1]);
+    if (answer.isEmpty()) return;
+    if (answer != "close") socket.write(answer);
+    socket.disconnectFromHost();
+  }
+
+  QTcpServer server_;
+};
+
+QByteArray Page(const QByteArray& body, const QByteArray& status = "200 OK", const QByteArray& headers = {}) {
+  return "HTTP/1.1 " + status + "\r\n" + headers + "Content-Length: " + QByteArray::number(body.size()) +
+         "\r\n\r\n" + body;
+}
+
+QByteArray Redirect(const QByteArray& status, const std::string& to) {
+  return Page("", status, "Location: " + QByteArray::fromStdString(to) + "\r\n");
+}
+
+class QtHttpControlTest : public ::testing::Test {
+ protected:
+  QtHttpControlTest() {
+    control_.StateChanged = [this](std::int16_t state) {
+      if (state >= HttpStateError) ends_.push_back(state);
+    };
+  }
+
+  void Post(const std::string& url) {
+    control_.Execute({url, "POST", "a=1&password=secret", "Content-Type: application/x-www-form-urlencoded"});
+  }
+
+  // Posts and waits for the end: its state, code and words, and the answer.
+  std::string Result(const std::string& url) {
+    ends_.clear();
+    Post(url);
+    Wait([this] { return !ends_.empty(); });
+    if (ends_.empty()) return "nothing";
+    std::string body;
+    for (auto chunk = control_.GetChunk(3); !chunk.empty(); chunk = control_.GetChunk(3)) body += chunk;
+    return std::to_string(ends_[0]) + " " + std::to_string(control_.ResponseCode()) + " " + body;
+  }
+
+  void Wait(const std::function<bool()>& condition) {
+    QElapsedTimer watch;
+    for (watch.start(); !condition() && watch.elapsed() < 20000;) queue_.WaitForEvents(Milliseconds(50));
+  }
+
+  QtEventQueue queue_;
+  FormServer server_;
+  QtHttpControl control_{ProxySettings{}};
+  std::vector<std::int16_t> ends_;
+};
+
+TEST_F(QtHttpControlTest, PostsTheFormAndReadsAnyCompleteAnswer) {
+  server_.Answer = [](const QByteArray& path) -> QByteArray {
+    if (path == "/chunked")
+      return "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n3\r\nabc\r\n4\r\ndefg\r\n0\r\n\r\n";
+    if (path == "/until-close") return "HTTP/1.0 200 OK\r\n\r\nto the end";
+    return Page("body of " + path, path.mid(1) + " Word");
+  };
+  EXPECT_EQ(Result(server_.Url("/200")), "12 200 body of /200");
+  EXPECT_EQ(control_.ResponseInfo(), "Word");
+  const auto request = server_.Requests[0];
+  EXPECT_TRUE(request.startsWith("POST /200 HTTP/1.1\r\n"));
+  EXPECT_TRUE(request.contains("\r\nUser-Agent: VB OpenUrl\r\n")) << request.toStdString();
+  EXPECT_TRUE(request.contains("\r\nContent-Type: application/x-www-form-urlencoded\r\n"));
+  EXPECT_TRUE(request.endsWith("\r\n\r\na=1&password=secret"));
+  for (const std::string status :
+       {"400", "401", "403", "404", "409", "410", "418", "429", "500", "501", "503"})
+    EXPECT_EQ(Result(server_.Url("/" + status)), "12 " + status + " body of /" + status);
+  EXPECT_EQ(Result(server_.Url("/chunked")), "12 200 abcdefg");
+  EXPECT_EQ(Result(server_.Url("/until-close")), "12 200 to the end");
+}
+
+// Whatever goes wrong, the form reaches the server once at most.
+TEST_F(QtHttpControlTest, TellsWhatIsNotCompleteAndNeverSendsItAgain) {
+  server_.Answer = [](const QByteArray& path) -> QByteArray {
+    if (path == "/cut") return Page("whole").chopped(2);
+    if (path == "/cut500") return Page("whole", "500 Oops").chopped(2);
+    if (path == "/cut-chunk") return "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n9\r\nabc";
+    if (path == "/cut-head") return "HTTP/1.1 200 OK\r\nContent-Le";
+    if (path == "/nonsense") return "what?\r\n\r\n";
+    return "close";
+  };
+  for (const std::string path : {"/cut", "/cut500", "/cut-chunk", "/cut-head", "/nonsense", "/close"}) {
+    server_.Requests.clear();
+    const auto result = Result(server_.Url(path));
+    EXPECT_TRUE(result.starts_with("11 ")) << path << ": " << result;
+    EXPECT_TRUE(control_.ResponseCode() != 0 && !control_.ResponseInfo().empty()) << path;
+    EXPECT_EQ(server_.Requests.size(), 1U) << path;
+  }
+  EXPECT_TRUE(Result("http://127.0.0.1:1/").starts_with("11 "));
+  EXPECT_TRUE(Result("file:///etc/passwd").starts_with("11 "));
+  EXPECT_TRUE(Result("").starts_with("11 "));
+}
+
+TEST_F(QtHttpControlTest, FollowsRedirectsButKeepsTheFormAtHome) {
+  FormServer other;
+  other.Answer = [](const QByteArray&) { return Page("elsewhere"); };
+  server_.Answer = [&](const QByteArray& path) -> QByteArray {
+    if (path == "/see") return Redirect("303 See Other", "/end");
+    if (path == "/found") return Redirect("302 Found", other.Url("/", "localhost"));
+    if (path == "/same") return Redirect("307 Temporary Redirect", server_.Url("/end"));
+    if (path == "/away") return Redirect("308 Permanent Redirect", other.Url("/", "localhost"));
+    if (path == "/nowhere") return Page("", "302 Found");
+    if (path == "/strange") return Redirect("302 Found", "file:///etc/passwd");
+    if (path.startsWith("/round"))
+      return Redirect("301 Moved", "/round" + std::to_string(path.mid(6).toInt() + 1));
+    if (path.startsWith("/steps") && path != "/steps5")
+      return Redirect("301 Moved", "/steps" + std::to_string(path.mid(6).toInt() + 1));
+    return Page("end");
+  };
+  EXPECT_EQ(Result(server_.Url("/see")), "12 200 end");
+  EXPECT_TRUE(server_.Requests.back().startsWith("GET /end "));
+  EXPECT_FALSE(server_.Requests.back().contains("secret"));
+  EXPECT_EQ(Result(server_.Url("/same")), "12 200 end");
+  EXPECT_TRUE(server_.Requests.back().startsWith("POST /end "));
+  EXPECT_TRUE(server_.Requests.back().endsWith("secret"));
+  EXPECT_EQ(Result(server_.Url("/found")), "12 200 elsewhere");
+  EXPECT_FALSE(other.Requests.back().contains("secret"));
+  EXPECT_EQ(Result(server_.Url("/steps0")), "12 200 end");
+  for (const std::string path : {"/away", "/nowhere", "/strange", "/round0"})
+    EXPECT_TRUE(Result(server_.Url(path)).starts_with("11 ")) << path;
+  EXPECT_EQ(other.Requests.size(), 1U);
+}
+
+TEST_F(QtHttpControlTest, TellsNothingOfARequestThatWasEnded) {
+  server_.Answer = [](const QByteArray& path) -> QByteArray {
+    return path == "/never" ? QByteArray() : Page("second");
+  };
+  Post(server_.Url("/never"));
+  Wait([this] { return server_.Requests.size() == 1; });
+  EXPECT_EQ(Result(server_.Url("/second")), "12 200 second");
+  EXPECT_EQ(ends_.size(), 1U);
+
+  Post(server_.Url("/second"));
+  control_.Cancel();
+  for (int look = 0; look < 5; ++look) queue_.WaitForEvents(Milliseconds(20));
+  EXPECT_EQ(ends_.size(), 1U);
+  EXPECT_EQ(server_.Requests.size(), 2U);  // it had not left yet
+  EXPECT_EQ(control_.GetChunk(10), "");
+}
+
+// The next form may be posted from inside the telling of the last one's end.
+TEST_F(QtHttpControlTest, CanBeUsedWhileItTells) {
+  server_.Answer = [](const QByteArray& path) { return Page("body of " + path); };
+  control_.StateChanged = [this](std::int16_t state) {
+    if (state < HttpStateError) return;
+    ends_.push_back(state);
+    if (ends_.size() < 3) Post(server_.Url("/again"));
+  };
+  Post(server_.Url("/first"));
+  Wait([this] { return ends_.size() == 3; });
+  EXPECT_EQ(server_.Requests.size(), 3U);
+  EXPECT_EQ(control_.GetChunk(100), "body of /again");
+}
+
+}  // namespace
+}  // namespace brelwin
