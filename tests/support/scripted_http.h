@@ -1,6 +1,7 @@
 // The server of forms as a script: one answer per post, in order, arriving when the test says so.
 #pragma once
 
+#include <algorithm>
 #include <deque>
 #include <functional>
 #include <stdexcept>
@@ -19,8 +20,8 @@ struct ScriptedPost {
   Milliseconds Delay{10};  // a negative one: no answer ever
   int ErrorNumber = 0;     // not 0: there is no complete answer
   std::string Info = "OK";
-  std::size_t FailAtChunk = 0;                                   // the chunk with this number, from 1, throws
-  std::function<std::string(const HttpRequest&)> MakeBody = {};  // instead of Body
+  std::size_t FailAtChunk = 0;  // the chunk with this number, from 1, throws
+  std::size_t LongestChunk = std::string::npos;
 };
 
 class ScriptedHttp final : public HttpControl {
@@ -31,8 +32,7 @@ class ScriptedHttp final : public HttpControl {
 
   void Execute(const HttpRequest& request) override {
     Requests.push_back(request);
-    answer_ = TakeAnswer();
-    if (answer_.MakeBody) answer_.Body = answer_.MakeBody(request);
+    answer_ = TakeAnswer(request);
     read_ = 0;
     chunks_ = 0;
     timer_ = {};
@@ -41,7 +41,8 @@ class ScriptedHttp final : public HttpControl {
 
   std::string GetChunk(std::size_t atMost) override {
     if (++chunks_ == answer_.FailAtChunk) throw std::runtime_error("chunk lost");
-    auto chunk = answer_.Body.substr(std::min(read_, answer_.Body.size()), atMost);
+    auto chunk =
+        answer_.Body.substr(std::min(read_, answer_.Body.size()), std::min(atMost, answer_.LongestChunk));
     read_ += chunk.size();
     return chunk;
   }
@@ -57,6 +58,7 @@ class ScriptedHttp final : public HttpControl {
     answer_ = {};
   }
 
+  std::function<ScriptedPost(const HttpRequest&)> Serve;  // makes the answers that are not set one by one
   std::vector<HttpRequest> Requests;
   int Cancelled = 0;
 
@@ -68,7 +70,8 @@ class ScriptedHttp final : public HttpControl {
     if (StateChanged) StateChanged(state);
   }
 
-  ScriptedPost TakeAnswer() {
+  ScriptedPost TakeAnswer(const HttpRequest& request) {
+    if (answers_.empty() && Serve) return Serve(request);
     if (answers_.empty()) return {.ErrorNumber = 1, .Info = "Connection refused"};
     auto answer = std::move(answers_.front());
     answers_.pop_front();

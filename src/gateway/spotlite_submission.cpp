@@ -1,0 +1,136 @@
+#include "gateway/spotlite_submission.h"
+
+#include <string>
+
+#include "base/text.h"
+#include "core/data_files.h"
+#include "core/event_log.h"
+#include "core/trap.h"
+#include "gateway/gateway_log.h"
+#include "gateway/spotlite_answer.h"
+#include "gateway/spotlite_form.h"
+#include "platform/wait.h"
+#include "radio/dates.h"
+#include "settings/built_in_addresses.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::int32_t UsualTimeoutSeconds = 5;
+
+// What could not be sent as a form; only text that was refused for its characters needs a log line.
+SubmissionResult NotSent(Host& host, const FormCheck& check) {
+  SubmissionResult result;
+  result.Status = check.Refusal == FormRefusal::NoSummit ? StatusNothingDone : StatusInvalidData;
+  result.Reason = FormRefusalText(check.Refusal);
+  if (check.Refusal == FormRefusal::ForbiddenCharacter)
+    LogEvent(host, "SendSpotToSotawatch - Spot not submitted, " + result.Reason + ": " +
+                       check.Form.Activator + " " + check.Form.Association + "/" + check.Form.Summit);
+  return result;
+}
+
+void WaitForAnswer(Host& host, SpotliteTransfer& transfer, TransferState& state, std::int32_t seconds) {
+  const auto deadline = host.Time.Now() + std::chrono::seconds(seconds);
+  switch (WaitUntil(
+      host, [&] { return !state.SendInProgress; }, deadline)) {
+    case WaitResult::Done: return;
+    case WaitResult::TimedOut: state.TransferStatus = TransferTimedOut; return;
+    case WaitResult::ShuttingDown: break;
+  }
+  transfer.Cancel();
+  LogEvent(host, "SendSpotToSotawatch - The program is ending, the answer is not waited for.");
+}
+
+// The password is written as it was posted, so the file is for its owner only.
+void LogAnswer(Host& host, const TransferState& state) {
+  const auto text =
+      DateTimeText(host.Time.LocalNow()) + "\r\n" + state.LastPostedData + "\r\n" + state.LastResponseText;
+  std::string errorText;
+  AppendToFile(host, InProgramFolder(host, "GatewayServerResponseLog.txt"), text, true, errorText,
+               FileAccess::OwnerOnly);
+  if (!errorText.empty())
+    LogEvent(host, "SendSpotToSotawatch - The server's answer was not logged: " + errorText);
+}
+
+std::int32_t StatusOf(const TransferState& state, const SpotliteForm& form) {
+  switch (state.TransferStatus) {
+    case TransferTimedOut: return StatusTimedOut;
+    case TransferFailed: return StatusProtocolError;
+    case TransferHandlerFailed: return StatusHandlerError;
+    case TransferCompleted: return ClassifySpotliteAnswer(state.LastResponseText, form);
+    default: return StatusNothingDone;
+  }
+}
+
+std::string LogLineOf(const TransferState& state, std::int32_t status) {
+  switch (status) {
+    case StatusAccepted: return "Spot submission succeeded.";
+    case StatusUnrecognisedAnswer:
+      return "Spot submission finished but not all expected data in server response";
+    case StatusProtocolError:
+      return "Submission failed, protocol error. ResponseCode=" + std::to_string(state.LastResponseCode) +
+             " ResponseInfo=" + state.LastResponseInfo;
+    case StatusHandlerError:
+      return "Submission failed, protocol error, unexpected. ErrNumber=" +
+             std::to_string(state.TransferErrNumber) + " ErrString=" + state.TransferErrString;
+    case StatusNothingDone: return "Submission status unknown, the program is ending.";
+    default: return SubmissionMessage(status);
+  }
+}
+
+void Classify(Host& host, const TransferState& state, const SpotliteForm& form, SubmissionResult& result) {
+  if (state.TransferStatus == TransferCompleted) LogAnswer(host, state);
+  result.Status = StatusOf(state, form);
+  result.Message = SubmissionMessage(result.Status);
+  result.LogLine = LogLineOf(state, result.Status);
+}
+
+std::string_view FormAddress(const Configuration& configuration) {
+  const auto address = Trim(configuration.Addresses.SpotliteSpotSubmitURL);
+  return address.empty() ? SpotliteFormAddress : address;
+}
+
+SubmissionResult Submit(Host& host, SpotliteTransfer& transfer, const Configuration& configuration,
+                        const SpotliteForm& form) {
+  SubmissionResult result;
+  const auto submit = [&] {
+    const auto state = transfer.Post(FormAddress(configuration), SpotliteFormBody(form));
+    WaitForAnswer(host, transfer, *state, InternetTimeoutSeconds(configuration));
+    state->SendInProgress = false;
+    Classify(host, *state, form, result);
+    return true;
+  };
+  TrapErrors(submit, false, [&](const RuntimeError& error) {
+    transfer.Cancel();
+    if (result.LogLine.empty())
+      result.LogLine = "SendSpotToSotawatchHandler: errNumber=" + std::to_string(error.Number) +
+                       " errString$=" + error.Description;
+  });
+  return result;
+}
+
+void LogSubmission(Host& host, const Spot& spot, std::string_view logLine) {
+  auto separator = DashLine(ShortSeparatorDashes);
+  separator.pop_back();  // of all entries only this one has the line without its last blank
+  WriteGatewayLogEntry(host, {{spot, separator, logLine}});
+}
+
+}  // namespace
+
+std::int32_t InternetTimeoutSeconds(const Configuration& configuration) {
+  return configuration.RBNConnectionTimeout < 1 ? UsualTimeoutSeconds : configuration.RBNConnectionTimeout;
+}
+
+SubmissionResult SendSpotToSotawatch(Host& host, SpotliteTransfer& transfer,
+                                     const Configuration& configuration, std::string_view login,
+                                     std::string_view password, const Spot* spot) {
+  if (spot == nullptr) return {};
+  if (host.ShuttingDown) return {.Reason = "the program is ending"};
+  const auto check = CheckSpotliteForm(login, password, *spot);
+  if (check.Refusal != FormRefusal::None) return NotSent(host, check);
+  const auto result = Submit(host, transfer, configuration, check.Form);
+  TrapErrorsSilently([&] { LogSubmission(host, *spot, result.LogLine); });
+  return result;
+}
+
+}  // namespace brelwin

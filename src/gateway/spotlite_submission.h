@@ -1,0 +1,27 @@
+// Posting one spot to Sotawatch: form, request, waiting, answer and log entry.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+
+#include "gateway/spotlite_transfer.h"
+#include "gateway/submission_status.h"
+#include "platform/host.h"
+#include "settings/configuration.h"
+#include "spots/spot.h"
+
+namespace brelwin {
+
+// How long an answer, or a submission under way, is waited for, in seconds. The stream's connection and the
+// form share the setting.
+std::int32_t InternetTimeoutSeconds(const Configuration& configuration);
+
+// Posts the spot and waits for the answer, yielding to the event queue. Every call that sends the form leaves
+// an entry in the gateway's spot log, and every complete answer one, with what was posted, in
+// "GatewayServerResponseLog.txt". Quitting ends the waiting, and nothing is posted after it; the status is
+// then 0. A null pointer gives status 0.
+[[nodiscard]] SubmissionResult SendSpotToSotawatch(Host& host, SpotliteTransfer& transfer,
+                                                   const Configuration& configuration, std::string_view login,
+                                                   std::string_view password, const Spot* spot);
+
+}  // namespace brelwin

@@ -1,0 +1,82 @@
+#include "gateway/spotlite_transfer.h"
+
+#include "base/encoding.h"
+#include "core/trap.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::size_t ChunkLength = 1024;
+
+void NoteEnd(const HttpControl& control, TransferState& transfer, std::int32_t status) {
+  transfer.LastResponseCode = control.ResponseCode();
+  transfer.LastResponseInfo = control.ResponseInfo();
+  transfer.TransferStatus = status;
+  transfer.SendInProgress = false;
+}
+
+}  // namespace
+
+SpotliteTransfer::SpotliteTransfer(Host& host) : host_(host) {
+  host_.Http.StateChanged = [this](std::int16_t state) { StateChanged(state); };
+}
+
+SpotliteTransfer::~SpotliteTransfer() {
+  host_.Http.StateChanged = nullptr;
+  host_.Http.Cancel();
+}
+
+std::shared_ptr<TransferState> SpotliteTransfer::Post(std::string_view url, std::string_view body) {
+  auto transfer = std::make_shared<TransferState>();
+  transfer->SendInProgress = true;
+  transfer->LastPostedData = body;
+  latest_ = transfer;
+  underWay_ = transfer;
+  host_.Http.Execute(
+      {std::string(url), "POST", std::string(body), "Content-Type: application/x-www-form-urlencoded"});
+  return transfer;
+}
+
+void SpotliteTransfer::Cancel() {
+  underWay_ = nullptr;
+  latest_->SendInProgress = false;
+  host_.Http.Cancel();
+}
+
+void SpotliteTransfer::CancelForgotten() {
+  if (!SendInProgress()) Cancel();
+}
+
+void SpotliteTransfer::StateChanged(std::int16_t state) {
+  const auto transfer = underWay_;
+  if (!transfer) return;
+  const auto noteError = [&](const RuntimeError& error) {
+    transfer->TransferErrNumber = error.Number;
+    transfer->TransferErrString = error.Description;
+    transfer->TransferStatus = TransferHandlerFailed;  // SendInProgress stays: the time-out ends the waiting
+  };
+  const auto handle = [&] {
+    transfer->LastInternetState = state;
+    if (state == HttpStateCompleted) TakeAnswer(transfer);
+    if (state == HttpStateError) NoteEnd(host_.Http, *transfer, TransferFailed);
+    return true;
+  };
+  TrapErrors(handle, false, noteError);
+}
+
+// A request begun during one of the yields takes the control over: then the rest of this answer is gone, and
+// what the control holds is the other one's.
+void SpotliteTransfer::TakeAnswer(const std::shared_ptr<TransferState>& transfer) {
+  std::string bytes;
+  while (underWay_ == transfer) {
+    const auto chunk = host_.Http.GetChunk(ChunkLength);
+    if (chunk.empty()) {
+      transfer->LastResponseText = TextFromBytes(bytes);
+      return NoteEnd(host_.Http, *transfer, TransferCompleted);
+    }
+    bytes.append(chunk);
+    host_.Events.DoEvents();
+  }
+}
+
+}  // namespace brelwin

@@ -1,0 +1,64 @@
+// The transfer of a form and of its answer, and the fields in which its outcome is left.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "platform/host.h"
+
+namespace brelwin {
+
+// Values of TransferStatus.
+inline constexpr std::int32_t TransferPending = 0;
+inline constexpr std::int32_t TransferCompleted = -1;
+inline constexpr std::int32_t TransferTimedOut = -200;
+inline constexpr std::int32_t TransferHandlerFailed = -400;
+inline constexpr std::int32_t TransferFailed = -1000;
+
+// One transfer. Every submission has its own, so that an answer is never read as that of another one.
+struct TransferState {
+  bool SendInProgress = false;
+  std::int16_t LastInternetState = 0;
+  std::string LastPostedData;
+  std::int32_t LastResponseCode = 0;
+  std::string LastResponseInfo;
+  std::string LastResponseText;
+  std::int32_t TransferStatus = TransferPending;
+  std::int32_t TransferErrNumber = 0;
+  std::string TransferErrString;
+};
+
+class SpotliteTransfer {
+ public:
+  // Listens to the host's HTTP control for as long as it lives.
+  explicit SpotliteTransfer(Host& host);
+  ~SpotliteTransfer();
+  SpotliteTransfer(const SpotliteTransfer&) = delete;
+  SpotliteTransfer& operator=(const SpotliteTransfer&) = delete;
+
+  // The fields of the latest transfer, and whether one is waited for: then no other may be begun.
+  const TransferState& Latest() const { return *latest_; }
+  bool SendInProgress() const { return latest_->SendInProgress; }
+
+  // Posts the form. Whoever waits for it clears SendInProgress when the waiting is over.
+  std::shared_ptr<TransferState> Post(std::string_view url, std::string_view body);
+
+  // Ends the transfer; what has not been sent is not sent.
+  void Cancel();
+
+  // Ends a transfer that nobody waits for, so that nothing is posted behind a user who has asked to quit. One
+  // that is waited for ends by its own waiting, which still takes an answer that has arrived.
+  void CancelForgotten();
+
+ private:
+  void StateChanged(std::int16_t state);
+  void TakeAnswer(const std::shared_ptr<TransferState>& transfer);
+
+  Host& host_;
+  std::shared_ptr<TransferState> latest_ = std::make_shared<TransferState>();
+  std::shared_ptr<TransferState> underWay_;  // whose events may still come; null when none can
+};
+
+}  // namespace brelwin
