@@ -111,6 +111,7 @@ constexpr SettingRow Rows[] = {
     {Gateway, "GatewayPlaySoundSpotIsDupe", OnGateway<&GatewayTab::chkGatewayPlaySoundSpotIsDupe>, "0"},
     {Gateway, "GatewayMinimumSecondsBetweenSpotsOfSameStation", OnGateway<&GatewayTab::txtGatewayMinimumSecondsBetweenSpotsOfSameStation>, "600"},
     {Gateway, "SpotCommentTemplate", OnGateway<&GatewayTab::txtSpotCommentTemplate>, "", LoadedAndSaved, Empty, DefaultComment},
+    {Gateway, "DryRun", OnGateway<&GatewayTab::chkGatewayDryRun>, "0"},
     {Gateway, "SOTAWatchAlertArchivingIntervalInHours", OnRBN<&RBNTab::txtSOTAWatchAlertArchivingIntervalInHours>, "0"},
     {General, "EnableLogging1", OnLogs<&LogsTab::chkEnableLogging1>, "0"},
     {General, "LogFile1", OnLogs<&LogsTab::txtLogFile1>},

@@ -1,0 +1,38 @@
+#include "gateway/gateway_journal.h"
+
+#include <utility>
+
+#include "radio/dates.h"
+#include "ui/line_text.h"
+
+namespace brelwin {
+namespace {
+
+constexpr auto LongestAge = std::chrono::hours(12);
+constexpr std::size_t MostEntries = 500;
+
+std::string LineOf(const GatewayJournalEntry& entry) {
+  auto line = DateTimeText(entry.LocalTime) + "  ";
+  AppendPadded(line, entry.Station, 12, 13);
+  AppendAlignedRight(line, entry.Frequency, 11);
+  line.append("  ");
+  AppendPrintable(line, entry.Words);
+  return line;
+}
+
+}  // namespace
+
+void GatewayJournal::Add(GatewayJournalEntry entry) {
+  const auto oldest = entry.When - LongestAge;
+  entries_.push_front(std::move(entry));
+  while (entries_.size() > MostEntries || entries_.back().When < oldest) entries_.pop_back();
+}
+
+std::vector<std::string> GatewayJournal::Lines() const {
+  std::vector<std::string> lines;
+  lines.reserve(entries_.size());
+  for (const auto& entry : entries_) lines.push_back(LineOf(entry));
+  return lines;
+}
+
+}  // namespace brelwin

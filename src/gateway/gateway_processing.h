@@ -1,0 +1,44 @@
+// The gateway: alert-matched skimmer spots are posted to Sotawatch, unless Sotawatch has an equivalent spot
+// or the station was sent too recently.
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "controls/gateway_tab.h"
+#include "controls/rbn_tab.h"
+#include "gateway/gateway_journal.h"
+#include "gateway/gateway_values.h"
+#include "gateway/spotlite_transfer.h"
+#include "platform/host.h"
+#include "settings/configuration.h"
+#include "spots/spot.h"
+
+namespace brelwin {
+
+// What the gateway works with, for as long as the program lives. The last three are its own.
+struct Gateway {
+  Host& World;
+  GatewayTab& Tab;
+  RBNTab& RBN;
+  const Configuration& Settings;
+  const SpotCollection* RecentSotawatchSpots;  // newest first; may be null
+  const CallsignCollection& ExcludedActivators;
+  CallsignCollection& KnownActivators;
+
+  SpotliteTransfer Transfer{World};
+  KeyedCollection<Instant> SentSpotsByStation{};  // when a spot of the base callsign was last sent
+  GatewayJournal Journal{};
+};
+
+// Takes the spots of this cycle in their order through the gates and posts those that pass. Waits, yielding
+// to the event queue, for the delay, the feed and each answer; a quit ends it with nothing posted afterwards.
+// Must not be entered while it is on the stack.
+// Returns 0 when it looked at no spot (the gateway is off, something is missing, or duplicate filtering had
+// to be corrected first), -1 when it went through the spots or gave up for want of spots to compare with,
+// -200 when a submission under way did not end in time. `message` is cleared on entry and receives the words
+// of the last submission that was no success.
+std::int32_t PerformGatewayProcessing(Gateway& gateway, const SpotCollection& matchedSpots,
+                                      const GatewayValues& values, std::string& message);
+
+}  // namespace brelwin

@@ -1,0 +1,228 @@
+#include "gateway/gateway_run.h"
+
+#include <cstdlib>
+#include <utility>
+
+#include "gateway/gateway_reports.h"
+#include "gateway/rbn_spot_submission.h"
+#include "gateway/spotlite_form.h"
+#include "platform/wait.h"
+#include "radio/dates.h"
+#include "spots/rss_feed_reader.h"
+#include "ui/sounds.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::int32_t PassedThrough = -1;
+constexpr std::int32_t GaveUpWaiting = -200;
+
+bool IsRefusedByADuplicate(GatewayReason reason) {
+  return reason == GatewayReason::DuplicateInCurrentSpots || reason == GatewayReason::DuplicateInFeed ||
+         reason == GatewayReason::NearFrequencyInFeed;
+}
+
+}  // namespace
+
+std::int32_t GatewayRun::ForAll(const std::vector<SpotPointer>& spots) {
+  std::int32_t result = PassedThrough;
+  for (const auto& spot : spots) {
+    if (const auto end = ForOne(spot)) {
+      result = *end;
+      break;
+    }
+  }
+  ShowJournal();
+  return result;
+}
+
+GatewayRun::End GatewayRun::ForOne(const SpotPointer& spot) {
+  auto facts = FactsAbout(*spot);
+  if (DecideGatewaySpot(facts).Decision == GatewayDecision::PassOver) return {};
+  if (const auto end = EndedByQuitting(*spot)) return end;
+  ReportBegin(gateway_.World, *spot);
+  return Decide(spot, facts);
+}
+
+GatewayRun::End GatewayRun::Decide(const SpotPointer& spot, GatewayFacts& facts) {
+  DupeSearch search;
+  while (true) {
+    facts.SecondsSinceLastSent = SecondsSinceLastSent(*spot);
+    const auto verdict = DecideGatewaySpot(facts);
+    switch (verdict.Decision) {
+      case GatewayDecision::PassOver: return {};
+      case GatewayDecision::LookAtCurrentSpots:
+        search = LookAtCurrentSpots(*spot);
+        facts.InCurrentSpots = search.Finding;
+        break;
+      case GatewayDecision::LookAtFeed:
+        search = LookAtFeed(*spot);
+        if (const auto end = EndedByQuitting(*spot)) return end;
+        ReportSearchOfFeed(gateway_.World, search);
+        facts.InFeed = search.Finding;
+        break;
+      case GatewayDecision::Send: return Send(spot);
+      case GatewayDecision::Refuse:
+      case GatewayDecision::Abort: return Refuse(*spot, verdict, facts, search);
+    }
+  }
+}
+
+GatewayRun::End GatewayRun::Refuse(const Spot& spot, const GatewayVerdict& verdict, const GatewayFacts& facts,
+                                   const DupeSearch& search) {
+  ReportRefusal(gateway_.World, spot, verdict.Reason, search, values_);
+  Note(spot, RefusalInWords(verdict.Reason, facts, search));
+  if (verdict.Decision == GatewayDecision::Abort) return PassedThrough;
+  const bool isByInterval = verdict.Reason == GatewayReason::SentTooRecently;
+  if (isByInterval || (IsRefusedByADuplicate(verdict.Reason) && IsSentTooRecently(facts)))
+    ReportInterval(gateway_.World, facts);
+  return {};
+}
+
+GatewayRun::End GatewayRun::Send(const SpotPointer& spot) {
+  if (const auto end = WaitForSendInProgress(*spot)) return end;
+  LogGatewayEvent(gateway_.World, "About to call SendRBNSpotToSotawatch& to send the spot.");
+  if (gateway_.Tab.chkGatewayDryRun.Value) {
+    PretendToPost(*spot);
+  } else {
+    Post(spot);
+  }
+  return IsEnding() ? End(PassedThrough) : End();
+}
+
+GatewayRun::End GatewayRun::WaitForSendInProgress(const Spot& spot) {
+  const auto& transfer = gateway_.Transfer;
+  if (!transfer.SendInProgress()) return {};
+  auto& host = gateway_.World;
+  LogGatewayEvent(host, "There is already a gateway send in progresss. Waiting...");
+  const auto deadline = host.Time.Now() + std::chrono::seconds(InternetTimeoutSeconds(gateway_.Settings));
+  const auto result = WaitUntil(
+      host, [&] { return !transfer.SendInProgress(); }, deadline);
+  if (const auto end = EndedByQuitting(spot)) return end;
+  if (result == WaitResult::TimedOut) {
+    LogGatewayEvent(host, "Timed out waiting for gateway send in progress to complete");
+    Note(spot, "not sent: another submission did not end");
+    return GaveUpWaiting;
+  }
+  LogGatewayEvent(host, "The gateway send that was in progress has now completed.");
+  return {};
+}
+
+GatewayRun::End GatewayRun::EndedByQuitting(const Spot& spot) {
+  if (!IsEnding()) return {};
+  Note(spot, "not sent: the program is ending");
+  return PassedThrough;
+}
+
+bool GatewayRun::IsEnding() {
+  if (!gateway_.World.ShuttingDown) return false;
+  LogGatewayEvent(gateway_.World, "The program is ending, nothing more is sent.");
+  return true;
+}
+
+GatewayFacts GatewayRun::FactsAbout(const Spot& spot) const {
+  GatewayFacts facts;
+  facts.IsGatewaySpot = IsGatewaySpot(spot);
+  facts.IsExcluded = gateway_.ExcludedActivators.Contains(spot.stationBaseCallsign);
+  facts.IsOwnStation = spot.stationBaseCallsign == sender_.OwnBaseCallsign;
+  facts.SendsEveryone = sender_.SendsEveryone;
+  facts.MinimumSecondsBetweenSpots = values_.MinSecondsBetweenSpotsOfSameStation;
+  return facts;
+}
+
+std::optional<std::int64_t> GatewayRun::SecondsSinceLastSent(const Spot& spot) const {
+  const auto* sent = gateway_.SentSpotsByStation.Find(spot.stationBaseCallsign);
+  if (sent == nullptr) return {};
+  return std::abs(SecondsBetween(*sent, gateway_.World.Time.Now()));
+}
+
+DupeSearch GatewayRun::LookAtCurrentSpots(const Spot& spot) {
+  auto& host = gateway_.World;
+  const DupeAge age{host.Time.Now(), values_.MaxDupeAgeMinutes};
+  auto search = SearchCurrentSpots(gateway_.RecentSotawatchSpots, spot, age);
+  ReportSearchOfCurrentSpots(host, spot, search);
+  return search;
+}
+
+DupeSearch GatewayRun::LookAtFeed(const Spot& spot) {
+  ShowJournal();
+  Delay();
+  if (gateway_.World.ShuttingDown) return {};
+  const auto feed = ReadFeed();
+  return SearchFeedSpots(feed, spot, {gateway_.World.Time.Now(), values_.MaxDupeAgeMinutes});
+}
+
+void GatewayRun::Delay() {
+  if (values_.DelaySeconds <= 0) return;
+  auto& host = gateway_.World;
+  LogGatewayEvent(host, "Begin delay of " + std::to_string(values_.DelaySeconds) +
+                            " seconds before final dupe check using RSS");
+  const auto end = host.Time.Now() + std::chrono::seconds(values_.DelaySeconds);
+  if (WaitUntil(
+          host, [] { return false; }, end) == WaitResult::TimedOut)
+    LogGatewayEvent(host, "End delay before final dupe check using RSS");
+}
+
+SpotCollection GatewayRun::ReadFeed() {
+  SpotCollection feed;
+  RSSReadRequest request;
+  request.Url = gateway_.Settings.Addresses.SotawatchRSS;
+  request.MaximumAgeInMinutes = values_.MaxDupeAgeMinutes;
+  request.KeyByStationAndFrequency = true;
+  ReadSotawatchRSS(gateway_.World, request, gateway_.KnownActivators, feed);
+  return feed;
+}
+
+void GatewayRun::Post(const SpotPointer& spot) {
+  const auto result =
+      SendRBNSpotToSotawatch(gateway_.World, gateway_.Transfer, gateway_.Settings, sender_.Login,
+                             sender_.Password, sender_.CommentTemplate, spot.get());
+  LogGatewayEvent(gateway_.World, "SendRBNSpotToSotawatch& returned status " + std::to_string(result.Status));
+  if (result.Status == StatusAccepted) {
+    NoteSent(*spot);
+  } else {
+    NoteFailure(*spot, result);
+  }
+  Note(*spot, SubmissionInWords(result, *spot));
+}
+
+void GatewayRun::PretendToPost(const Spot& spot) {
+  auto copy = spot;
+  copy.Comment = GatewaySpotComment(sender_.CommentTemplate, spot);
+  auto check = CheckSpotliteForm(sender_.Login, sender_.Password, copy);
+  check.Form.Password = "(hidden)";
+  const auto words = check.Refusal == FormRefusal::None
+                         ? "would have been sent: " + SpotliteFormBody(check.Form)
+                         : "would not have been sent: " + std::string(FormRefusalText(check.Refusal));
+  LogGatewayEvent(gateway_.World, "Dry run, the spot " + words);
+  Note(spot, "dry run, " + words);
+}
+
+void GatewayRun::NoteSent(const Spot& spot) {
+  auto& host = gateway_.World;
+  auto& sent = gateway_.SentSpotsByStation;
+  sent.Remove(spot.stationBaseCallsign);
+  sent.Add(host.Time.Now(), spot.stationBaseCallsign);
+  LogGatewayEvent(host, "The spot was sent successfully!");
+  std::string errorText;
+  if (values_.PlaySoundOnSuccess) PlayWaveFile(host, values_.SoundFile, false, errorText);
+}
+
+void GatewayRun::NoteFailure(const Spot& spot, const SubmissionResult& result) {
+  message_ = GatewayStatusText(result);
+  gateway_.Tab.lblGatewayLastFailure.Caption = "Last submission without success: " + spot.Station + " at " +
+                                               ClockText(gateway_.World.Time.LocalNow()) + ": " +
+                                               SubmissionInWords(result, spot);
+}
+
+void GatewayRun::Note(const Spot& spot, std::string words) {
+  auto& host = gateway_.World;
+  gateway_.Journal.Add(
+      {host.Time.Now(), host.Time.LocalNow(), spot.Station, spot.FormattedFrequencyString, std::move(words)});
+}
+
+void GatewayRun::ShowJournal() {
+  gateway_.Tab.lstGatewayJournal.Items = gateway_.Journal.Lines();
+}
+
+}  // namespace brelwin

@@ -1,0 +1,25 @@
+// Posting a skimmer's spot: what is sent in its comment.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "gateway/spotlite_submission.h"
+
+namespace brelwin {
+
+// True for what the gateway is about: a skimmer's spot of a station calling CQ that matches an alert.
+bool IsGatewaySpot(const Spot& spot);
+
+// The template with "XXX" replaced by the speed in words per minute, "YYY" by the signal-to-noise ratio in dB
+// ("?" for what is not known) and "ZZZ" by the skimmer, cut to 60 characters.
+std::string GatewaySpotComment(std::string_view commentTemplate, const Spot& spot);
+
+// Puts the comment of the template into the spot and posts it. Anything but a gateway spot gives -500 and a
+// log line; a null pointer gives status 0.
+[[nodiscard]] SubmissionResult SendRBNSpotToSotawatch(Host& host, SpotliteTransfer& transfer,
+                                                      const Configuration& configuration,
+                                                      std::string_view login, std::string_view password,
+                                                      std::string_view commentTemplate, Spot* spot);
+
+}  // namespace brelwin

@@ -1,0 +1,118 @@
+#include "gateway/tab_rules.h"
+
+#include <algorithm>
+
+#include "base/text.h"
+
+namespace brelwin {
+namespace {
+
+bool HasCredentials(const GatewayTab& tab) {
+  return !Trim(tab.txtSotawatchLogin.Text.Get()).empty() &&
+         !Trim(tab.txtSotawatchPassword.Text.Get()).empty();
+}
+
+void RequireCredentials(Host& host, const GatewayTab& tab, CheckBox& box, std::string_view purpose) {
+  if (!box.Value || HasCredentials(tab)) return;
+  box.Value = false;
+  host.Messages.ShowMessage(
+      "You must first enter both your Sotawatch Login and your Sotawatch Password before " +
+          std::string(purpose) + ".",
+      "Gateway", MessageIcon::Exclamation);
+}
+
+bool IsPrintableAscii(char character) {
+  return character > ' ' && character <= '~';
+}
+
+bool CannotBeCarried(char character) {
+  return !IsPrintableAscii(character) || std::string_view("&=%+").find(character) != std::string_view::npos;
+}
+
+bool CannotBeCarried(std::string_view text) {
+  return std::ranges::any_of(Trim(text), [](char character) { return CannotBeCarried(character); });
+}
+
+// The host of an address, without user, port and brackets.
+std::string HostOf(std::string_view afterScheme) {
+  auto authority = afterScheme.substr(0, afterScheme.find_first_of("/?#"));
+  if (const auto at = authority.rfind('@'); at != std::string_view::npos) authority.remove_prefix(at + 1);
+  if (authority.starts_with('[')) return std::string(authority.substr(1, authority.find(']') - 1));
+  return LowerCase(authority.substr(0, authority.find(':')));
+}
+
+bool IsDottedNumber(std::string_view host) {
+  return host.find_first_not_of("0123456789.") == std::string_view::npos;
+}
+
+bool IsThisMachine(const std::string& host) {
+  return host == "localhost" || host == "::1" || (host.starts_with("127.") && IsDottedNumber(host));
+}
+
+void Keep(std::vector<Watch>& watches, auto& value, const std::function<void()>& refresh) {
+  watches.push_back(value.WhenChanged(refresh));
+}
+
+}  // namespace
+
+void chkRBNSendAllSpotsToSotawatch_Click(Host& host, GatewayTab& tab) {
+  RequireCredentials(host, tab, tab.chkRBNSendAllSpotsToSotawatch, "enabling the gateway");
+}
+
+void chkRBNSendMySpotsToSotawatch_Click(Host& host, GatewayTab& tab) {
+  RequireCredentials(host, tab, tab.chkRBNSendMySpotsToSotawatch, "your spots can be sent to the gateway");
+}
+
+bool IsGatewayOn(const GatewayTab& tab) {
+  return tab.chkRBNSendAllSpotsToSotawatch.Value || tab.chkRBNSendMySpotsToSotawatch.Value;
+}
+
+std::string GatewayStateText(const GatewayTab& tab) {
+  if (!IsGatewayOn(tab)) return "Gateway off";
+  const std::string whose = tab.chkRBNSendAllSpotsToSotawatch.Value ? "everyone's spots" : "my spots";
+  return "Gateway on: " + whose + (tab.chkGatewayDryRun.Value ? ", dry run, nothing is sent" : " are sent");
+}
+
+std::string CredentialWarning(std::string_view login, std::string_view password) {
+  const std::string why =
+      " holds a character that the form cannot carry (&, =, %, +, a blank or one outside ASCII); logging in "
+      "will fail.";
+  if (CannotBeCarried(login)) return "The login" + why;
+  if (CannotBeCarried(password)) return "The password" + why;
+  return {};
+}
+
+std::string AddressWarning(std::string_view url) {
+  constexpr std::string_view Scheme = "http://";
+  const auto address = Trim(url);
+  if (!EqualsIgnoringCase(address.substr(0, Scheme.size()), Scheme)) return {};
+  const auto host = HostOf(address.substr(Scheme.size()));
+  if (IsThisMachine(host)) return {};
+  return "The password travels to " + host + " in the clear: its address begins with http, not https.";
+}
+
+std::string TemplateWarning(std::string_view commentTemplate) {
+  if (commentTemplate.find_first_of("&<>\"'") == std::string_view::npos) return {};
+  return "The comment holds a character that the server's page shows in another form (& < > \" '): spots may "
+         "be "
+         "taken and still be reported as not recognised.";
+}
+
+GatewayTabWords::GatewayTabWords(GatewayTab& tab, const Configuration& configuration) {
+  const auto refresh = [&tab, &configuration] {
+    tab.lblGatewayState.Caption = GatewayStateText(tab);
+    tab.lblGatewayLoginWarning.Caption =
+        CredentialWarning(tab.txtSotawatchLogin.Text.Get(), tab.txtSotawatchPassword.Text.Get());
+    tab.lblGatewayAddressWarning.Caption = AddressWarning(configuration.Addresses.SpotliteSpotSubmitURL);
+    tab.lblGatewayTemplateWarning.Caption = TemplateWarning(tab.txtSpotCommentTemplate.Text.Get());
+  };
+  refresh();
+  Keep(watches_, tab.chkRBNSendAllSpotsToSotawatch.Value, refresh);
+  Keep(watches_, tab.chkRBNSendMySpotsToSotawatch.Value, refresh);
+  Keep(watches_, tab.chkGatewayDryRun.Value, refresh);
+  Keep(watches_, tab.txtSotawatchLogin.Text, refresh);
+  Keep(watches_, tab.txtSotawatchPassword.Text, refresh);
+  Keep(watches_, tab.txtSpotCommentTemplate.Text, refresh);
+}
+
+}  // namespace brelwin

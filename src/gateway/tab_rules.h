@@ -1,0 +1,45 @@
+// The rules of the Gateway tab: who may switch the gateway on, and what the user is warned of in words.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/observable.h"
+#include "controls/gateway_tab.h"
+#include "platform/host.h"
+#include "settings/configuration.h"
+
+namespace brelwin {
+
+// The switches, after the user has clicked them: without login and password the box is cleared again and the
+// user told why.
+void chkRBNSendAllSpotsToSotawatch_Click(Host& host, GatewayTab& tab);
+void chkRBNSendMySpotsToSotawatch_Click(Host& host, GatewayTab& tab);
+
+// Whether spots are sent at all.
+bool IsGatewayOn(const GatewayTab& tab);
+
+// Whether the gateway is on, for whom, and whether it only pretends; never empty.
+std::string GatewayStateText(const GatewayTab& tab);
+
+// What a login or password cannot be sent with: "&", "=", "%", "+", blanks inside and characters outside
+// ASCII. Empty when there is nothing to warn of, as the other two.
+std::string CredentialWarning(std::string_view login, std::string_view password);
+
+// That the password travels in the clear to an address of plain HTTP outside this machine.
+std::string AddressWarning(std::string_view url);
+
+// The template's characters that a page shows as entities, so that an accepted spot is not recognised.
+std::string TemplateWarning(std::string_view commentTemplate);
+
+// Keeps the tab's words up to date for as long as it lives. It begins with the settings loaded.
+class GatewayTabWords {
+ public:
+  GatewayTabWords(GatewayTab& tab, const Configuration& configuration);
+
+ private:
+  std::vector<Watch> watches_;
+};
+
+}  // namespace brelwin

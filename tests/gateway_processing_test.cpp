@@ -1,0 +1,305 @@
+// The gateway at work: what it posts, says, logs and sounds, cycle by cycle.
+#include "gateway/gateway_processing.h"
+
+#include <gtest/gtest.h>
+
+#include "gateway_story.h"
+#include "ui/spot_list.h"
+
+namespace brelwin {
+namespace {
+
+using test::GatewayStory;
+
+const std::string Short = " - - - - - - - - - - - - - - - - - - - - - - - - - - ";
+const std::string Long = Short + "- - - - - - - - - - - - - - - ";
+std::string Begin(const std::string& station) {
+  return "Begin processing alert matched spot for " + station + " (BaseCallsign=" + station + "):\n";
+}
+const std::string Sending = "About to call SendRBNSpotToSotawatch& to send the spot.\n";
+const std::string Sent =
+    Sending + "SendRBNSpotToSotawatch& returned status -1\nThe spot was sent successfully!\n";
+
+std::string LogLine(const Spot& spot) {
+  return "2026-11-24 12:00:00:  " + FixedWidthLine(spot);
+}
+
+TEST(GatewayProcessing, SendsASpotThatPassesEveryGate) {
+  GatewayStory story;
+  story.Values = {
+      .MaxDupeAgeMinutes = 30, .DelaySeconds = 10, .SoundFile = "sent.wav", .PlaySoundOnSuccess = true};
+  story.Disk.Put("/brelwin/sent.wav", "RIFF");
+  const auto spot = story.SkimmerSpot("G4ABC", "14.062");
+  const auto start = story.Time.Now();
+  EXPECT_EQ(story.Process({spot}), -1);
+  EXPECT_EQ(SecondsBetween(start, story.Time.Now()), 10);
+  EXPECT_EQ(story.GatewayEvents(), Begin("G4ABC") +
+                                       "Begin delay of 10 seconds before final dupe check using RSS\n" +
+                                       "End delay before final dupe check using RSS\n" + Sent);
+  EXPECT_NE(
+      story.EventLog().find("(BaseCallsign=G4ABC):\r\n2026-11-24 12:00:00: 2026-11-24 12:00:00|12:00|G4ABC|"),
+      std::string::npos);
+  EXPECT_EQ(spot->Comment, "CQ CQ at 22 wpm. S/N=17 dB at DL8LAS {Via Tarnlink}");
+  EXPECT_EQ(spot->LogLinePreceeding + spot->LogLineFollowing, "");
+  EXPECT_EQ(story.Posts("G4ABC"), 1U);
+  ASSERT_EQ(story.Sound.Played.size(), 1U);
+  EXPECT_FALSE(story.Sound.Played[0].second);
+  EXPECT_EQ(story.Message, "");
+  ASSERT_EQ(story.Tab.lstGatewayJournal.Items.Get().size(), 1U);
+  EXPECT_EQ(story.Tab.lstGatewayJournal.Items.Get()[0],
+            "2026-11-24 12:00:10  G4ABC             14.062  sent: " + spot->Comment);
+}
+
+TEST(GatewayProcessing, FillsTheTemplateWithQuestionMarksAndCutsIt) {
+  GatewayStory story;
+  story.Tab.txtSpotCommentTemplate.Text = " XXX YYY ZZZ XXX xxx " + std::string(70, 'e');
+  const auto spot = story.SkimmerSpot("G4ABC", "14.062");
+  spot->Speed = 0;
+  spot->SignalToNoiseRatio = -3;
+  story.Process({spot});
+  EXPECT_EQ(spot->Comment, "? ? DL8LAS ? xxx " + std::string(43, 'e'));
+}
+
+TEST(GatewayProcessing, RefusesADuplicateThatSotawatchHas) {
+  GatewayStory story;
+  story.Values.SoundFile = "dupe.wav";
+  story.Values.PlaySoundOnDupe = true;
+  story.Disk.Put("/brelwin/dupe.wav", "RIFF");
+  const auto duplicate = story.SotawatchSpot({"G4ABC", "14.0623", 10});
+  story.Recent.AddInFront(duplicate, duplicate->ID);
+  const auto spot = story.SkimmerSpot("G4ABC", "14.062");
+  EXPECT_EQ(story.Process({spot}), -1);
+  EXPECT_EQ(story.GatewayEvents(),
+            Begin("G4ABC") + "Spot not submitted because of a duplicate already in Sotawatch:\n");
+  EXPECT_TRUE(story.EventLog().ends_with(": " + DelimitedLine(*duplicate, "|") + "\r\n"));
+  EXPECT_EQ(story.GatewayLog(), Short + "\r\n" + LogLine(*spot) + "\r\n" +
+                                    "Spot not submitted because of a duplicate already in Sotawatch.\r\n" +
+                                    "This is the duplicate spot:\r\n" + LogLine(*duplicate) + "\r\n" + Short +
+                                    "\r\n");
+  EXPECT_EQ(duplicate->LogLinePreceeding, "");
+  EXPECT_EQ(story.Sound.Played.size(), 1U);
+  EXPECT_TRUE(story.Internet.Queries.empty());
+  EXPECT_TRUE(story.Http.Requests.empty());
+}
+
+struct FeedCase {
+  std::vector<test::ListedSpot> Feed;
+  std::string Preceding;  // of the entry in the gateway's log; empty: the spot is sent
+  std::string Event;
+};
+
+TEST(GatewayProcessing, LooksAtTheFreshFeedBeforeItSends) {
+  const std::string duplicate =
+      " - - - - The following spot not submitted because of a duplicate RSS spot  - - - -";
+  const std::string near =
+      " - - - - The following spot not submitted because the activator changed frequency by less than 1 kHz "
+      "as per "
+      "RSS spots  - - - -";
+  const std::string nearEvent =
+      "Spot not submitted because the activator changed frequency by less than 1 kHz as per RSS spots.\n";
+  const std::vector<FeedCase> cases{
+      {{{"G4ABC", "14.062", 3}}, duplicate, "Duplicate RSS spot found.\n"},
+      {{{"HB9XYZ", "7.032", 1}, {"G4ABC", "14.0626", 3}}, near, nearEvent},
+      {{{"G4ABC", "14.0635", 3}}, "", Sent},
+      {{{"G4ABC", "7.032", 3}, {"G4ABC", "14.0626", 5}}, "", Sent},
+      {{}, "", "No spots received from Sotawatch via RSS, so can't do final dupe check.\n" + Sent},
+  };
+  for (const auto& [feed, preceding, event] : cases) {
+    GatewayStory story;
+    story.Feed(feed);
+    const auto spot = story.SkimmerSpot("G4ABC", "14.062");
+    EXPECT_EQ(story.Process({spot}), -1);
+    EXPECT_EQ(story.GatewayEvents(), Begin("G4ABC") + event);
+    const auto entry = preceding + "\r\n" + LogLine(*spot) + "\r\n" + Long + "\r\n";
+    if (!preceding.empty()) {
+      EXPECT_EQ(story.GatewayLog(), entry);
+    }
+    EXPECT_EQ(story.Posts("G4ABC"), preceding.empty() ? 1U : 0U);
+  }
+}
+
+TEST(GatewayProcessing, GivesUpWithoutSpotsToCompareWith) {
+  GatewayStory story;
+  story.Recent.Clear();
+  story.Internet.Forget(story.Config.Addresses.SotawatchRSS);
+  const auto spot = story.SkimmerSpot("G4ABC", "14.062");
+  EXPECT_EQ(story.Process({spot, story.SkimmerSpot("HB9DEF", "7.031")}), -1);
+  EXPECT_EQ(
+      story.GatewayEvents(),
+      Begin("G4ABC") + "No current Sotawatch spots\n" +
+          "No spots received from Sotawatch via RSS, so can't do final dupe check.\n" +
+          "NO spots received from Sotawatch via RSS OR Twitter. This is a big problem. Gateway processing "
+          "aborted.\n");
+  EXPECT_EQ(story.GatewayLog(),
+            " - - - The following spot not submitted because NO Sotawatch spots are available for dupe "
+            "checking - - "
+            "-\r\n" +
+                LogLine(*spot) + "\r\n" + Long + "\r\n");
+  EXPECT_TRUE(story.Http.Requests.empty());
+
+  story.TheGateway.RecentSotawatchSpots = nullptr;
+  EXPECT_EQ(story.Process({spot}), -1);
+  EXPECT_TRUE(
+      story.EventLog().ends_with("PerformGatewayProcessing - prvColCurrentSotawatchSpots is nothing\r\n"));
+}
+
+TEST(GatewayProcessing, PassesOverWhomItDoesNotSend) {
+  GatewayStory story;
+  story.Excluded.Add("G4ABC", "G4ABC");
+  const auto excluded = story.SkimmerSpot("G4ABC", "14.062");
+  const auto unmatched = story.SkimmerSpot("G4AAA", "14.062");
+  unmatched->IsMatchedToAlert = false;
+  const auto beacon = story.SkimmerSpot("G4BBB", "14.062");
+  beacon->SpotTypeString = "BEACON";
+  EXPECT_EQ(story.Process({excluded, unmatched, beacon}), -1);
+  EXPECT_EQ(story.GatewayEvents(), Begin("G4ABC") + "Activator is an excluded activator:G4ABC\n");
+  EXPECT_EQ(story.GatewayLog(),
+            " - - - The following spot not submitted because activator is excluded from spotting - - -\r\n" +
+                LogLine(*excluded) + "\r\n" + Long + "\r\n");
+
+  story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false;
+  story.Tab.chkRBNSendMySpotsToSotawatch.Value = true;
+  story.RBN.txtRBNCallsign.Text = " q0zz/p ";
+  const auto mine = story.SkimmerSpot("Q0ZZ", "14.062");
+  mine->SpotTypeString = " cq ";
+  EXPECT_EQ(story.Process({story.SkimmerSpot("HB9DEF", "7.031"), mine}), -1);
+  EXPECT_TRUE(story.GatewayEvents().ends_with(Begin("HB9DEF") + Begin("Q0ZZ") + Sent));
+  EXPECT_EQ(story.Http.Requests.size(), 1U);
+}
+
+TEST(GatewayProcessing, KeepsTheIntervalWhateverTheWallClockDoes) {
+  GatewayStory story;
+  story.Values.MinSecondsBetweenSpotsOfSameStation = 600;
+  story.Process({story.SkimmerSpot("G4ABC", "14.062")});
+  story.Time.SetLocalTime(AddMinutes(story.Time.LocalNow(), -60));
+  story.Queue.RunFor(std::chrono::seconds(599));
+  story.Process({story.SkimmerSpot("G4ABC", "7.033")});
+  const std::string tooSoon =
+      "Spot not sent because the gateway sent a spot for the same station 599 seconds ago (min sec for "
+      "respot=600).\n";
+  EXPECT_TRUE(story.GatewayEvents().ends_with(Begin("G4ABC") + tooSoon)) << story.GatewayEvents();
+  EXPECT_EQ(story.Posts("G4ABC"), 1U);
+
+  const auto duplicate =
+      story.SotawatchSpot({"G4ABC", "7.033", 1});  // the line is written for duplicates as well
+  story.Recent.AddInFront(duplicate, "new");
+  story.Process({story.SkimmerSpot("G4ABC", "7.033")});
+  EXPECT_TRUE(story.GatewayEvents().ends_with("already in Sotawatch:\n" + tooSoon)) << story.GatewayEvents();
+
+  story.Queue.RunFor(std::chrono::seconds(2));
+  story.Process({story.SkimmerSpot("G4ABC", "21.031")});
+  EXPECT_EQ(story.Posts("G4ABC"), 2U);
+}
+
+TEST(GatewayProcessing, LooksAtNothingUnlessEverythingIsThere) {
+  const auto resultWith = [](auto change) {
+    GatewayStory story;
+    change(story);
+    const auto result = story.Process({story.SkimmerSpot("G4ABC", "14.062")});
+    EXPECT_EQ(story.EventLog(), "");
+    EXPECT_TRUE(story.Http.Requests.empty());
+    return result;
+  };
+  EXPECT_EQ(resultWith([](GatewayStory& story) { story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false; }),
+            0);
+  EXPECT_EQ(resultWith([](GatewayStory& story) { story.Tab.txtSotawatchLogin.Text = " "; }), 0);
+  EXPECT_EQ(resultWith([](GatewayStory& story) { story.Tab.txtSotawatchPassword.Text = ""; }), 0);
+  EXPECT_EQ(resultWith([](GatewayStory& story) {
+              story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false;
+              story.Tab.chkRBNSendMySpotsToSotawatch.Value = true;
+              story.RBN.txtRBNCallsign.Text = " ";
+            }),
+            0);
+  EXPECT_EQ(resultWith([](GatewayStory& story) { story.RBN.chkRBNFilterDuplicateSpots.Value = false; }), 0);
+  EXPECT_EQ(resultWith([](GatewayStory& story) { story.RBN.txtDuplicateSpotFilteringPeriod.Text = "0.5"; }),
+            0);
+  GatewayStory corrected;
+  corrected.RBN.chkRBNFilterDuplicateSpots.Value = false;
+  corrected.RBN.txtDuplicateSpotFilteringPeriod.Text = "none";
+  corrected.Process({corrected.SkimmerSpot("G4ABC", "14.062")});
+  EXPECT_TRUE(corrected.RBN.chkRBNFilterDuplicateSpots.Value);
+  EXPECT_EQ(corrected.RBN.txtDuplicateSpotFilteringPeriod.Text.Get(), "10");
+  EXPECT_EQ(corrected.Process({corrected.SkimmerSpot("G4ABC", "14.062")}), -1);
+  EXPECT_EQ(corrected.Process({}), 0);
+}
+
+TEST(GatewayProcessing, PutsEveryFailureIntoWordsAndGoesOn) {
+  GatewayStory story;
+  story.Tab.txtSotawatchPassword.Text = "wrong";
+  const auto badSummit = story.SkimmerSpot("HB9DEF", "7.031");
+  badSummit->SummitDesignator = "LD-001";
+  EXPECT_EQ(story.Process({story.SkimmerSpot("G4ABC", "14.062"), badSummit}), -1);
+  EXPECT_TRUE(story.GatewayEvents().ends_with("returned status -500\n"));
+  EXPECT_NE(story.GatewayEvents().find("returned status -600\n"), std::string::npos);
+  EXPECT_EQ(story.Message, "Submission failed, local data validation error.");
+  EXPECT_EQ(story.TheGateway.SentSpotsByStation.Count(), 0U);
+  EXPECT_EQ(story.Tab.lblGatewayLastFailure.Caption.Get(),
+            "Last submission without success: HB9DEF at 12:00: not sent: the summit is not of the form "
+            "association/region-number");
+  story.Http.Answer({.ErrorNumber = 1, .Info = "Connection refused"});
+  story.Process({story.SkimmerSpot("G4ABC", "14.062")});
+  EXPECT_EQ(story.Message,
+            "Submission failed, protocol error. ResponseCode=1 ResponseInfo=Connection refused");
+}
+
+TEST(GatewayProcessing, WaitsForASubmissionUnderWayButNotForEver) {
+  for (const bool ends : {true, false}) {
+    GatewayStory story;
+    story.Http.Answer({.Body = "late", .Delay = Milliseconds(ends ? 3000 : -1)});
+    story.TheGateway.Transfer.Post("https://form.test/", "other");
+    const auto result = story.Process({story.SkimmerSpot("G4ABC", "14.062")});
+    EXPECT_EQ(result, ends ? -1 : -200);
+    EXPECT_EQ(story.Posts("G4ABC"), ends ? 1U : 0U);
+    const std::string waiting = Begin("G4ABC") + "There is already a gateway send in progresss. Waiting...\n";
+    EXPECT_EQ(story.GatewayEvents(),
+              waiting + (ends ? "The gateway send that was in progress has now completed.\n" + Sent
+                              : "Timed out waiting for gateway send in progress to complete\n"));
+  }
+}
+
+TEST(GatewayProcessing, OnlySaysWhatItWouldSendInADryRun) {
+  GatewayStory story;
+  story.Tab.chkGatewayDryRun.Value = true;
+  const auto spot = story.SkimmerSpot("G4ABC", "14.062");
+  EXPECT_EQ(story.Process({spot}), -1);
+  EXPECT_EQ(story.GatewayEvents(),
+            Begin("G4ABC") + Sending +
+                "Dry run, the spot would have been sent: "
+                "actCallsign=G4ABC&assoc=G&summit=LD-001&freq=14.062&mode=cw"
+                "&callsign=q0zz&password=(hidden)&submit=SPOT!&comments="
+                "CQ%20CQ%20at%2022%20wpm%2E%20S%2FN%3D17%20dB%20at%20DL8LAS%20%7BVia%20Tarnlink%7D\n");
+  EXPECT_TRUE(story.Http.Requests.empty());
+  EXPECT_EQ(story.TheGateway.SentSpotsByStation.Count(), 0U);
+  EXPECT_EQ(story.GatewayLog(), "");
+}
+
+TEST(GatewayValues, AreReadFromTheScreenWithTheirFloors) {
+  GatewayStory story;
+  const auto read = [&](const std::string& text) {
+    story.Tab.txtSotawatchDupeSpotMaxAgeInMinutes.Text = text;
+    story.Tab.txtGatewayDelayBeforeFinalDupeCheckAndSend.Text = text;
+    story.Tab.txtGatewayMinimumSecondsBetweenSpotsOfSameStation.Text = text;
+    const auto values = GatewayValuesFromScreen(story.Tab, {});
+    return std::vector{values.MaxDupeAgeMinutes, values.DelaySeconds,
+                       values.MinSecondsBetweenSpotsOfSameStation};
+  };
+  EXPECT_EQ(read("-3"), (std::vector{30, 0, 5}));
+  EXPECT_EQ(read("none"), (std::vector{30, 0, 5}));
+  EXPECT_EQ(read(" 12 "), (std::vector{12, 12, 12}));
+}
+
+TEST(GatewayJournal, KeepsTheLastHoursAndNoMore) {
+  GatewayJournal journal;
+  Instant now{};
+  for (int entry = 0; entry < 600; ++entry) {
+    now += std::chrono::minutes(1);
+    journal.Add({now, {}, "G4ABC", "14.062", std::to_string(entry)});
+  }
+  EXPECT_EQ(journal.Lines().size(), 500U);
+  EXPECT_TRUE(journal.Lines()[0].ends_with("  599"));
+  journal.Add({now + std::chrono::hours(6), {}, "G4ABC", "14.062", "later"});
+  EXPECT_EQ(journal.Lines().size(), 362U);
+}
+
+}  // namespace
+}  // namespace brelwin

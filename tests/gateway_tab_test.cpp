@@ -1,0 +1,71 @@
+// The rules and words of the Gateway tab.
+#include <gtest/gtest.h>
+
+#include "gateway/tab_rules.h"
+#include "gateway_story.h"
+
+namespace brelwin {
+namespace {
+
+using test::GatewayStory;
+
+TEST(GatewayTab, LetsTheGatewayOnOnlyWithALogin) {
+  GatewayStory story;
+  story.Tab.txtSotawatchLogin.Text = " ";
+  for (auto* box : {&story.Tab.chkRBNSendAllSpotsToSotawatch, &story.Tab.chkRBNSendMySpotsToSotawatch})
+    box->Value = true;
+  chkRBNSendAllSpotsToSotawatch_Click(story.World, story.Tab);
+  chkRBNSendMySpotsToSotawatch_Click(story.World, story.Tab);
+  chkRBNSendMySpotsToSotawatch_Click(story.World, story.Tab);  // unticked, it says nothing
+  EXPECT_FALSE(story.Tab.chkRBNSendAllSpotsToSotawatch.Value || story.Tab.chkRBNSendMySpotsToSotawatch.Value);
+  ASSERT_EQ(story.Dialogs.Shown.size(), 2U);
+  EXPECT_EQ(story.Dialogs.Shown[0].Text,
+            "You must first enter both your Sotawatch Login and your Sotawatch Password before enabling the "
+            "gateway.");
+  EXPECT_EQ(story.Dialogs.Shown[1].Text,
+            "You must first enter both your Sotawatch Login and your Sotawatch Password before your spots "
+            "can be sent "
+            "to the gateway.");
+  story.Tab.txtSotawatchLogin.Text = "q0zz";
+  story.Tab.chkRBNSendAllSpotsToSotawatch.Value = true;
+  chkRBNSendAllSpotsToSotawatch_Click(story.World, story.Tab);
+  EXPECT_TRUE(story.Tab.chkRBNSendAllSpotsToSotawatch.Value);
+}
+
+TEST(GatewayTab, WarnsOfWhatTheFormCannotCarry) {
+  for (const auto* bad : {"a&b", "a=b", "50%", "a+b", "a b", "caf\xC3\xA9", "tab\t"}) {
+    EXPECT_NE(CredentialWarning(bad, "secret"), "") << bad;
+    EXPECT_NE(CredentialWarning("q0zz", bad), "") << bad;
+  }
+  EXPECT_EQ(CredentialWarning(" q0zz ", "s3cret!#?/~"), "");
+  for (const auto* bad : {"&", "<b>", "\"", "it's"}) EXPECT_NE(TemplateWarning(bad), "") << bad;
+  EXPECT_EQ(TemplateWarning("CQ CQ at XXX wpm. S/N=YYY dB at ZZZ {Via Tarnlink}"), "");
+}
+
+TEST(GatewayTab, WarnsOfAPasswordInTheClear) {
+  for (const auto* clear : {"http://example.org/x", " HTTP://127.example.org/",
+                            "http://localhost@example.org/", "http://example.org?localhost"})
+    EXPECT_NE(AddressWarning(clear), "") << clear;
+  for (const auto* safe : {"https://example.org/", "http://localhost:8080/", "http://127.0.0.1",
+                           "http://[::1]:80/", "http://LOCALHOST/", ""})
+    EXPECT_EQ(AddressWarning(safe), "") << safe;
+}
+
+TEST(GatewayTab, KeepsItsWordsUpToDate) {
+  GatewayStory story;
+  story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false;
+  const GatewayTabWords words(story.Tab, story.Config);
+  EXPECT_EQ(story.Tab.lblGatewayState.Caption.Get(), "Gateway off");
+  story.Tab.chkRBNSendMySpotsToSotawatch.Value = true;
+  EXPECT_EQ(story.Tab.lblGatewayState.Caption.Get(), "Gateway on: my spots are sent");
+  story.Tab.chkRBNSendAllSpotsToSotawatch.Value = true;
+  story.Tab.chkGatewayDryRun.Value = true;
+  EXPECT_EQ(story.Tab.lblGatewayState.Caption.Get(),
+            "Gateway on: everyone's spots, dry run, nothing is sent");
+  EXPECT_EQ(story.Tab.lblGatewayLoginWarning.Caption.Get(), "");
+  story.Tab.txtSotawatchPassword.Text = "a b";
+  EXPECT_TRUE(story.Tab.lblGatewayLoginWarning.Caption.Get().starts_with("The password"));
+}
+
+}  // namespace
+}  // namespace brelwin

@@ -1,0 +1,191 @@
+// One submission from form to log entry, whatever the server does.
+#include "gateway/spotlite_submission.h"
+
+#include <gtest/gtest.h>
+
+#include "gateway/login_test.h"
+#include "gateway_story.h"
+
+namespace brelwin {
+namespace {
+
+using test::GatewayStory;
+using test::ScriptedPost;
+
+struct SpotliteStory : GatewayStory {
+  SpotPointer TheSpot = SkimmerSpot("G4ABC", "14.062");
+
+  SpotliteStory() { TheSpot->Comment = "hello"; }
+
+  SubmissionResult Send() {
+    return SendSpotToSotawatch(World, TheGateway.Transfer, Config, "q0zz", "secret", TheSpot.get());
+  }
+  std::string AnswerLog() const { return Disk.Text("/brelwin/GatewayServerResponseLog.txt"); }
+};
+
+TEST(SpotliteSubmission, LeavesEveryOutcomeInTheLogs) {
+  struct Case {
+    ScriptedPost Answer;
+    std::int32_t Status;
+    std::string Message;
+    std::string LogLine;  // empty: the message
+    bool IsComplete = true;
+  };
+  const std::string unrecognised = "Spot submission finished but not all expected data in server response";
+  const std::vector<Case> cases{
+      {{.Body = "G4ABC 14.062 cw hello"}, -1, "", "Spot submission succeeded."},
+      {{.Status = 500, .Body = "oops"}, -400, "", unrecognised},
+      {{.Body = ""}, -400, "", unrecognised},
+      {{.Body = "submission failed"}, -300, "Spot sumission failed", ""},
+      {{.Body = "submission failed: password you gave was incorrect"},
+       -600,
+       "Spot sumission failed, bad login info",
+       ""},
+      {{.Body = "submission failed: association you gave was not valid"},
+       -601,
+       "Spot sumission failed, association not valid",
+       ""},
+      {{.Body = "submission failed: frequency you gave is not valid"},
+       -602,
+       "Spot sumission failed, frequency not valid",
+       ""},
+      {{.Delay = Milliseconds(-1)}, -200, "Spot sumission failed, timeout.", "", false},
+      {{.Delay = Milliseconds(5001)}, -200, "Spot sumission failed, timeout.", "", false},
+      {{.Body = "G4ABC 14.062 cw hello", .Delay = Milliseconds(4999)}, -1, "", "Spot submission succeeded."},
+      {{.ErrorNumber = 2, .Info = "cut"},
+       -1000,
+       "",
+       "Submission failed, protocol error. ResponseCode=2 ResponseInfo=cut",
+       false},
+      {{.Body = "G4ABC 14.062 cw hello", .FailAtChunk = 2},
+       -200,
+       "Spot sumission failed, timeout.",
+       "",
+       false},
+  };
+  for (const auto& expected : cases) {
+    SpotliteStory story;
+    story.Http.Answer(expected.Answer);
+    const auto result = story.Send();
+    const auto logLine = expected.LogLine.empty() ? expected.Message : expected.LogLine;
+    EXPECT_EQ(result.Status, expected.Status);
+    EXPECT_EQ(result.Message, expected.Message);
+    EXPECT_EQ(result.LogLine, logLine);
+    const auto log = story.GatewayLog();
+    const auto lines = SplitLines(log);
+    ASSERT_EQ(lines.size(), 3U);
+    EXPECT_EQ(lines[0], " - - - - - - - - - - - - - - - - - - - - - - - - - -");
+    EXPECT_TRUE(lines[1].find(":  12:00  G4ABC       G/LD-001") != std::string_view::npos) << lines[1];
+    EXPECT_EQ(lines[2], logLine);
+    EXPECT_EQ(story.TheSpot->LogLinePreceeding + story.TheSpot->LogLineFollowing, "");
+    EXPECT_EQ(!story.AnswerLog().empty(), expected.IsComplete);
+    EXPECT_FALSE(story.TheGateway.Transfer.SendInProgress());
+  }
+}
+
+TEST(SpotliteSubmission, KeepsAnswersForItsOwnerOnly) {
+  SpotliteStory story;
+  story.Http.Answer({.Body = "first"});
+  story.Http.Answer({.Body = "second"});
+  (void)story.Send();
+  (void)story.Send();
+  const std::string posted =
+      "actCallsign=G4ABC&assoc=G&summit=LD-001&freq=14.062&mode=cw&callsign=q0zz&password=secret&submit=SPOT!"
+      "&comments=hello\r\n";
+  const std::string time = "2026-11-24 12:00:00\r\n";
+  EXPECT_EQ(story.AnswerLog(),
+            time + posted + "first" + "\r\n" + std::string(44, '=') + "\r\n" + time + posted + "second");
+  EXPECT_TRUE(story.Disk.IsOwnerOnly("/brelwin/GatewayServerResponseLog.txt"));
+  EXPECT_EQ(story.Http.Requests[0].Url, "https://form.test/Spotlite/postSpot");
+  EXPECT_EQ(story.Http.Requests[0].Headers, "Content-Type: application/x-www-form-urlencoded");
+}
+
+TEST(SpotliteSubmission, SendsNothingForWhatTheFormCannotHold) {
+  SpotliteStory story;
+  story.TheSpot->SummitDesignator = "";
+  EXPECT_EQ(story.Send().Status, 0);
+  story.TheSpot->SummitDesignator = "GLD001";
+  EXPECT_EQ(story.Send().Status, -500);
+  EXPECT_EQ(story.EventLog(), "");
+  story.TheSpot->SummitDesignator = "G/LD&001";
+  EXPECT_EQ(story.Send().Status, -500);
+  EXPECT_NE(story.EventLog().find("holds a character other than"), std::string::npos);
+  EXPECT_EQ(
+      SendSpotToSotawatch(story.World, story.TheGateway.Transfer, story.Config, "q", "s", nullptr).Status, 0);
+  EXPECT_TRUE(story.Http.Requests.empty());
+  EXPECT_EQ(story.GatewayLog(), "");
+}
+
+// Characters cut by the edge of a chunk come together again, and old encodings are understood.
+TEST(SpotliteSubmission, ReadsAnAnswerWholeWhereverItIsCut) {
+  for (const std::size_t length : {1022U, 1023U, 1024U, 1025U, 2047U, 2048U, 5000U}) {
+    SpotliteStory story;
+    story.TheSpot->Comment = "caf\xC3\xA9";
+    story.Http.Answer({.Body = std::string(length, 'x') + "caf\xC3\xA9 G4ABC 14.062 cw"});
+    story.Http.Answer({.Body = std::string(length, 'x') + "caf\xE9 G4ABC 14.062 cw"});
+    EXPECT_EQ(story.Send().Status, -1) << length;
+    EXPECT_EQ(story.Send().Status, -1) << length;
+  }
+}
+
+// An answer that comes after its time-out, even one being read while the next submission begins, is never
+// taken for the next one's.
+TEST(SpotliteSubmission, NeverTakesALateAnswerForTheNextOnes) {
+  SpotliteStory story;
+  const std::string accepted = "G4ABC 14.062 cw hello";
+  story.Http.Answer({.Body = accepted + std::string(3000, 'x'), .Delay = Milliseconds(5001)});
+  EXPECT_EQ(story.Send().Status, -200);
+  story.Http.Answer({.Body = "submission failed"});
+  SubmissionResult second;
+  story.Queue.OnYield = [&] {  // the first yield is between two chunks of the late answer
+    story.Queue.OnYield = nullptr;
+    second = story.Send();
+  };
+  story.Queue.RunFor(Milliseconds(10));
+  EXPECT_EQ(second.Status, -300);
+  EXPECT_EQ(story.TheGateway.Transfer.Latest().LastResponseText, "submission failed");
+
+  story.Http.Answer({.Body = accepted, .Delay = Milliseconds(5001)});
+  EXPECT_EQ(story.Send().Status, -200);
+  story.Http.Answer({.Body = "submission failed"});
+  EXPECT_EQ(story.Send().Status, -300);
+}
+
+TEST(SpotliteSubmission, IsTrappedWhenTheControlFails) {
+  SpotliteStory story;
+  story.Http.Serve = [](const HttpRequest&) -> ScriptedPost { throw std::bad_alloc(); };
+  EXPECT_EQ(story.Send().LogLine, "SendSpotToSotawatchHandler: errNumber=7 errString$=Out of memory");
+  EXPECT_FALSE(story.TheGateway.Transfer.SendInProgress());
+}
+
+TEST(LoginTest, TellsTheUserWhatTheServerMadeOfIt) {
+  const std::vector<std::pair<ScriptedPost, std::string>> cases{
+      {{.Body = "submission failed: password you gave was incorrect"},
+       "The Sotawatch login information is invalid, login failed."},
+      {{.Body = "submission failed: association you gave was not valid"},
+       "Logged into Sotawatch successfully."},
+      {{.Body = "K9ZZZ 1.999 psk TESTING - Please Ignore"},
+       "The Sotawatch login information is valid and the test spot with bad data was accepted (not supposed "
+       "to "
+       "happen)!"},
+      {{.Body = ""}, "Spotlite returned an unexpected response (-400)"},
+      {{.Delay = Milliseconds(-1)},
+       "Spotlite returned an unexpected response (-200): Spot sumission failed, timeout."},
+  };
+  for (const auto& [answer, text] : cases) {
+    SpotliteStory story;
+    story.Http.Answer(answer);
+    cmdTestSotawatchLogin_Click(story.TheGateway);
+    ASSERT_EQ(story.Dialogs.Shown.size(), 1U);
+    EXPECT_EQ(story.Dialogs.Shown[0].Text, text);
+    EXPECT_EQ(story.Dialogs.Shown[0].Icon == MessageIcon::Information, text.starts_with("Logged into"));
+  }
+  SpotliteStory story;
+  story.Tab.txtSotawatchPassword.Text = "  ";
+  cmdTestSotawatchLogin_Click(story.TheGateway);
+  EXPECT_TRUE(story.Dialogs.Shown[0].Text.starts_with("You must first enter both"));
+  EXPECT_TRUE(story.Http.Requests.empty());
+}
+
+}  // namespace
+}  // namespace brelwin
