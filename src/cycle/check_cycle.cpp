@@ -37,6 +37,21 @@ void Check(MainWindow& window) {
   timer.Enabled = !window.World.ShuttingDown;
 }
 
+// While they wait, get-spots-now may ask for another check: that one leaves these steps out. So does a check
+// that finds the login being tested, since the gateway could only wait for the end of it.
+bool MayTakeStreamSteps(const MainWindow& window) {
+  return window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value && !window.StreamStepsInProgress &&
+         !window.SpotGateway.Transfer.SendInProgress();
+}
+
+void TakeStreamSteps(MainWindow& window, SpotFilter& filter) {
+  if (!MayTakeStreamSteps(window)) return;
+  window.StreamStepsInProgress = true;
+  TrapErrorsSilently([&] { RefreshAlertsWhenDue(window, filter); });
+  TrapErrorsSilently([&] { TakeSkimmerSpots(window, filter); });
+  window.StreamStepsInProgress = false;
+}
+
 }  // namespace
 
 void CheckForSpots(MainWindow& window) {
@@ -48,10 +63,7 @@ void CheckForSpots(MainWindow& window) {
     FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
   });
   TrapErrorsSilently([&] { TakeSotawatchSpots(window, filter); });
-  if (window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) {
-    TrapErrorsSilently([&] { RefreshAlertsWhenDue(window, filter); });
-    TrapErrorsSilently([&] { TakeSkimmerSpots(window, filter); });
-  }
+  TakeStreamSteps(window, filter);
   TrapErrorsSilently([&] {
     tab.picDownload.Visible = false;
     tab.lblCheckingForSpots.Visible = false;

@@ -6,12 +6,14 @@
 #include "base/text.h"
 #include "core/data_files.h"
 #include "core/trap.h"
+#include "cycle/captions.h"
 #include "cycle/check_cycle.h"
 #include "cycle/entry.h"
 #include "cycle/settings_handlers.h"
 #include "cycle/sotawatch_spots.h"
 #include "cycle/source_status.h"
 #include "cycle/spot_details.h"
+#include "gateway/login_test.h"
 #include "radio/url_encode.h"
 #include "rbn/stream.h"
 #include "ui/alerting.h"
@@ -148,6 +150,21 @@ void ConnectStream(MainWindow& window) {
   window.Watches.push_back(window.RBN.StatusChanged.WhenRaised([&window] { ShowStreamStage(window); }));
 }
 
+void SwitchGatewayForAll(MainWindow& window) {
+  auto& tab = window.Controls.Gateway;
+  chkRBNSendAllSpotsToSotawatch_Click(window.World, tab);
+  window.Controls.Window.Caption = WindowCaption(tab.chkRBNSendAllSpotsToSotawatch.Value);
+}
+
+void ConnectGateway(MainWindow& window) {
+  auto& tab = window.Controls.Gateway;
+  tab.chkRBNSendAllSpotsToSotawatch.Click = Handler(window, [&window] { SwitchGatewayForAll(window); });
+  tab.chkRBNSendMySpotsToSotawatch.Click = Handler(
+      window, [&window] { chkRBNSendMySpotsToSotawatch_Click(window.World, window.Controls.Gateway); });
+  tab.cmdTestSotawatchLogin.Click =
+      Handler(window, [&window] { cmdTestSotawatchLogin_Click(window.SpotGateway); });
+}
+
 }  // namespace
 
 void ConnectHandlers(MainWindow& window) {
@@ -156,6 +173,7 @@ void ConnectHandlers(MainWindow& window) {
   ConnectViewers(window);
   ConnectDocuments(window);
   ConnectStream(window);
+  ConnectGateway(window);
 }
 
 }  // namespace brelwin

@@ -5,18 +5,6 @@
 #include "cycle/entry.h"
 
 namespace brelwin {
-namespace {
-
-// This version sends nothing; what would switch the sending on must not pretend to.
-void DisableGateway(GatewayTab& tab) {
-  tab.lblGatewayState.Caption = std::string("This version does not send spots to Sotawatch yet.");
-  for (auto* box :
-       {&tab.chkRBNSendAllSpotsToSotawatch, &tab.chkRBNSendMySpotsToSotawatch, &tab.chkGatewayDryRun})
-    box->Enabled = false;
-  tab.cmdTestSotawatchLogin.Enabled = false;
-}
-
-}  // namespace
 
 MainWindow::MainWindow(Host& host)
     : World(host),
@@ -30,7 +18,6 @@ MainWindow::MainWindow(Host& host)
   Controls.Spots.lblNoConnectionToTwitter.Visible = false;
   Controls.Spots.lblNoSotawatchConnection.Visible = false;
   Controls.Spots.lblNoConnectionToRBN.Visible = false;
-  DisableGateway(Controls.Gateway);
 }
 
 }  // namespace brelwin

@@ -12,6 +12,8 @@
 #include "controls/screen.h"
 #include "core/websites.h"
 #include "cycle/check_timer.h"
+#include "gateway/gateway_processing.h"
+#include "gateway/tab_rules.h"
 #include "intake/spot_intake.h"
 #include "platform/host.h"
 #include "rbn/connection.h"
@@ -42,6 +44,9 @@ struct MainWindow {
   AlertCommands Commands;
   RBNConnection RBN{World, Config, RBNControls(Controls)};
   RecentRBNSpots RBNSpots;
+  Gateway SpotGateway{World,          Controls.Gateway,      Controls.RBN,
+                      Config,         &RecentSotawatchSpots, ExcludedActivators,
+                      KnownActivators};
 
   // What the feed in use is doing: since when, and how many spots it has brought in this run.
   struct FeedState {
@@ -54,6 +59,7 @@ struct MainWindow {
 
   bool FormLoading = true;
   bool CheckInProgress = false;
+  bool StreamStepsInProgress = false;       // the part of a check that concerns alerts, stream and gateway
   std::int16_t WaitingForStartupDelay = 0;  // 1 while ticks only count down the delay
   int CheckInterval = 5000;                 // milliseconds between checks, also while the countdown runs
   float StartupDelaySeconds = 0;
@@ -66,6 +72,7 @@ struct MainWindow {
   bool Unloaded = false;  // Form_Unload has begun
   CheckTimerDriver TickDriver;
   std::vector<Watch> Watches;
+  std::optional<GatewayTabWords> GatewayWords;  // from when the settings have been loaded
 };
 
 }  // namespace brelwin

@@ -10,6 +10,7 @@ namespace brelwin {
 void Form_QueryUnload(MainWindow& window) {
   if (window.World.ShuttingDown) return;
   window.World.ShuttingDown = true;
+  window.SpotGateway.Transfer.CancelForgotten();
   LogEvent(window.World, "");
   LogEvent(window.World, "Form_QueryUnload");
 }

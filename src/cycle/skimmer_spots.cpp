@@ -1,5 +1,7 @@
 #include "cycle/skimmer_spots.h"
 
+#include <string>
+
 #include "cycle/spot_details.h"
 #include "cycle/spot_list_display.h"
 #include "rbn/stream.h"
@@ -9,6 +11,13 @@
 
 namespace brelwin {
 namespace {
+
+// The values are read afresh for every check.
+void SendToSotawatch(MainWindow& window, const SpotCollection& heard) {
+  const auto values = GatewayValuesFromScreen(window.Controls.Gateway, window.World.Numbers);
+  std::string message;
+  PerformGatewayProcessing(window.SpotGateway, heard, values, message);
+}
 
 // Spots come in the order of their lines; the list has the newest on top.
 SpotCollection NewestFirst(const SpotCollection& spots) {
@@ -24,6 +33,7 @@ void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
   if (!TakeRBNSpots(window.RBN, filter, window.KnownActivators, window.Alerts, window.RBNSpots, heard))
     return;
   ShowUnmatchedSpots(window, heard, filter);
+  SendToSotawatch(window, heard);
   PerformDisplayFilteringAndSpotLogging(window.World, window.Controls.Logs, window.Config.LogRawSpots, filter,
                                         heard);
   const auto newSpots = NewestFirst(heard);

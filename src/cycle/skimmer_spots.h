@@ -1,5 +1,5 @@
-// The Reverse Beacon Network side of a check: what skimmers have heard goes into the list, the logs and the
-// ear.
+// The Reverse Beacon Network side of a check: what skimmers have heard goes to Sotawatch, into the list, the
+// logs and the ear.
 #pragma once
 
 #include "cycle/main_window.h"
@@ -7,7 +7,8 @@
 
 namespace brelwin {
 
-// Looks after the connection, takes what the stream has sent and puts the new spots in front of the list.
+// Looks after the connection, takes what the stream has sent, hands the new spots to the gateway and puts
+// them in front of the list.
 void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter);
 
 }  // namespace brelwin

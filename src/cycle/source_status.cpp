@@ -26,11 +26,17 @@ std::optional<DateTime> NextCheck(const MainWindow& window) {
   return AddSeconds(window.World.Time.LocalNow(), window.Controls.tmrCheckSpots.Interval / 1000);
 }
 
+// Nothing while the gateway is off.
+std::string GatewayText(const GatewayTab& tab) {
+  return IsGatewayOn(tab) ? " | " + GatewayStateText(tab) : std::string();
+}
+
 }  // namespace
 
 void ShowSourceStatus(MainWindow& window) {
   window.Controls.Spots.lblSources.Caption = SotawatchText(window) + " | " + AlertsText(window) + " | " +
-                                             StreamStatusText(window.RBN.Status, NextCheck(window));
+                                             StreamStatusText(window.RBN.Status, NextCheck(window)) +
+                                             GatewayText(window.Controls.Gateway);
 }
 
 void ShowStreamStage(MainWindow& window) {

@@ -10,6 +10,7 @@
 #include "cycle/check_cycle.h"
 #include "cycle/command_line.h"
 #include "cycle/sotawatch_spots.h"
+#include "cycle/source_status.h"
 #include "cycle/spot_list_display.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
@@ -46,6 +47,13 @@ void ShowWhatThereIs(MainWindow& window) {
   screen.Spots.cmdTest.Visible = window.Config.TestButton;
   screen.Spots.cmdTest.Enabled = window.Config.TestButton;
   screen.Spots.lblSpotListHeader.Caption = SpotListHeader();
+}
+
+// The warnings concern the addresses of the settings file too.
+void KeepGatewayWords(MainWindow& window) {
+  window.GatewayWords.emplace(window.Controls.Gateway, window.Config);
+  window.Watches.push_back(
+      window.Controls.Gateway.lblGatewayState.Caption.WhenChanged([&window] { ShowSourceStatus(window); }));
 }
 
 void ShowTitles(MainWindow& window) {
@@ -98,6 +106,7 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   });
   Step(window, [&] { window.CheckInterval = TimerInterval(window); });
   Step(window, [&] { ShowWhatThereIs(window); });
+  Step(window, [&] { KeepGatewayWords(window); });
   Step(window, [&] { ShowTitles(window); });
   Step(window, [&] { ShowWindow(window); });
   Step(window, [&] { LoadWebsites(window); });
