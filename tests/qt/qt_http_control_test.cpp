@@ -113,7 +113,8 @@ TEST_F(QtHttpControlTest, PostsTheFormAndReadsAnyCompleteAnswer) {
        {"400", "401", "403", "404", "409", "410", "418", "429", "500", "501", "503"})
     EXPECT_EQ(Result(server_.Url("/" + status)), "12 " + status + " body of /" + status);
   EXPECT_EQ(Result(server_.Url("/chunked")), "12 200 abcdefg");
-  EXPECT_EQ(Result(server_.Url("/until-close")), "12 200 to the end");
+  for (int round = 0; round < 20; ++round)  // the end may come with the last bytes or after them
+    ASSERT_EQ(Result(server_.Url("/until-close")), "12 200 to the end") << control_.ResponseInfo();
 }
 
 // Whatever goes wrong, the form reaches the server once at most.

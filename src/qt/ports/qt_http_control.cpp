@@ -81,6 +81,27 @@ int StatusOf(const QNetworkReply& reply) {
   return reply.attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
 }
 
+// An answer with neither length nor chunks lasts until the connection is closed.
+bool LastsUntilClosed(const QNetworkReply& reply) {
+  return !reply.header(QNetworkRequest::ContentLengthHeader).isValid() &&
+         !reply.hasRawHeader("Transfer-Encoding");
+}
+
+// When the connection is closed, and at a redirect with the form, the client turns to sending the form again.
+// This body does not allow it, and the client complains of that, whatever has come.
+QNetworkReply::NetworkError ErrorOf(const QNetworkReply& reply) {
+  if (reply.error() != QNetworkReply::ContentReSendError) return reply.error();
+  const int status = StatusOf(reply);
+  const bool isAllThere = status != 0 && (KeepsBody(status) || LastsUntilClosed(reply));
+  return isAllThere ? QNetworkReply::NoError : QNetworkReply::RemoteHostClosedError;
+}
+
+std::string WordsOf(const QNetworkReply& reply) {
+  return reply.error() == QNetworkReply::ContentReSendError
+             ? "the connection was closed before the whole answer had come"
+             : reply.errorString().toStdString();
+}
+
 bool IsCut(const QNetworkReply& reply, qsizetype received) {
   const auto length = reply.header(QNetworkRequest::ContentLengthHeader);
   return length.isValid() && received < length.toLongLong();
@@ -153,14 +174,14 @@ void QtHttpControl::TakeBytes() {
 void QtHttpControl::Finish() {
   answer_.append(reply_->readAll());
   const int status = StatusOf(*reply_);
-  const auto error = reply_->error();
+  const auto error = ErrorOf(*reply_);
   if (status == 0 || !IsOnlyTheStatus(error))
-    return Fail(error == QNetworkReply::NoError ? QNetworkReply::ProtocolFailure : error,
-                reply_->errorString().toStdString());
+    return Fail(error == QNetworkReply::NoError ? QNetworkReply::ProtocolFailure : error, WordsOf(*reply_));
+  if (IsRedirect(status)) return Follow(status);
   if (IsCut(*reply_, answer_.size()))
     return Fail(QNetworkReply::RemoteHostClosedError,
                 "the connection was closed in the middle of the answer");
-  IsRedirect(status) ? Follow(status) : Complete(status);
+  Complete(status);
 }
 
 void QtHttpControl::Follow(int status) {
