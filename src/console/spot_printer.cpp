@@ -21,12 +21,21 @@ SpotPrinter::SpotPrinter(Screen& screen, PrintLine print) : screen_(screen), pri
   FollowCaption(screen_.Spots.lblStatus);
   FollowCaption(screen_.RBN.lblRBNStatus);
   FollowCaption(screen_.RBN.lblUnmatchedSpot);
+  FollowGateway();
   FollowLabels();
   watches_.push_back(screen_.Spots.txtSPOTList.Text.WhenChanged([this] { PrintList(); }));
 }
 
 void SpotPrinter::FollowCaption(Label& label) {
   watches_.push_back(label.Caption.WhenChanged([this, &label] { PrintLines(label.Caption.Get()); }));
+}
+
+void SpotPrinter::FollowGateway() {
+  auto& tab = screen_.Gateway;
+  for (Label* label : {&tab.lblGatewayState, &tab.lblGatewayLoginWarning, &tab.lblGatewayAddressWarning,
+                       &tab.lblGatewayTemplateWarning})
+    FollowCaption(*label);
+  watches_.push_back(tab.lstGatewayJournal.Items.WhenChanged([this] { PrintDecisions(); }));
 }
 
 void SpotPrinter::FollowLabels() {
@@ -60,6 +69,14 @@ void SpotPrinter::PrintSpots(std::string_view text) {
   for (auto row = std::min(lines.size(), spots.size()); row-- > 0;)
     if (!known.contains(spots[row])) Print(lines[row]);
   shown_ = spots;
+}
+
+// The journal has the newest decision first.
+void SpotPrinter::PrintDecisions() {
+  const auto& decisions = screen_.Gateway.lstGatewayJournal.Items.Get();
+  for (auto line = std::ranges::find(decisions, lastDecision_); line != decisions.begin();)
+    Print("Gateway: " + *--line);
+  if (!decisions.empty()) lastDecision_ = decisions.front();
 }
 
 void SpotPrinter::PrintLines(std::string_view text) const {

@@ -1,5 +1,5 @@
 // Prints what the screen shows as a stream of lines, newest last: the list's header once, every spot once,
-// and what the program says of its state.
+// every decision of the gateway, and what the program says of its state.
 #pragma once
 
 #include <functional>
@@ -22,17 +22,20 @@ class SpotPrinter {
 
  private:
   void FollowLabels();
+  void FollowGateway();
   void FollowCaption(Label& label);
   void Print(std::string_view line) const;
   void PrintLines(std::string_view text) const;
   void PrintList();
   void PrintText(std::string_view text);
   void PrintSpots(std::string_view text);
+  void PrintDecisions();
 
   Screen& screen_;
   PrintLine print_;
   std::string lastText_;                            // printed last of the texts that are no spots
   std::vector<std::shared_ptr<const Spot>> shown_;  // the spots of the last list; owned, so none is mistaken
+  std::string lastDecision_;                        // the newest of the gateway's that has been printed
   std::vector<Watch> watches_;
 };
 

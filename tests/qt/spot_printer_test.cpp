@@ -81,5 +81,14 @@ TEST_F(SpotPrinterTest, StatesAreLinesOfTheirOwn) {
   EXPECT_EQ(TakePrinted(), (Lines{"Checking for spots...", "Connected", "404  [2JNot Found"}));
 }
 
+TEST_F(SpotPrinterTest, EveryDecisionOfTheGatewayIsPrintedOnceInItsOrder) {
+  auto& journal = screen_.Gateway.lstGatewayJournal.Items;
+  screen_.Gateway.lblGatewayState.Caption = "Gateway on";
+  journal = Lines{"1"};
+  journal = Lines{"3", "2", "1"};
+  journal = Lines{"4", "3"};  // the oldest are forgotten
+  EXPECT_EQ(TakePrinted(), (Lines{"Gateway on", "Gateway: 1", "Gateway: 2", "Gateway: 3", "Gateway: 4"}));
+}
+
 }  // namespace
 }  // namespace brelwin
