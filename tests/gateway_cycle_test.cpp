@@ -190,6 +190,23 @@ TEST(GatewayCycle, QuittingAtAnyWaitPostsNothingMoreAndEndsTheLog) {
   }
 }
 
+TEST(GatewayCycle, GetSpotsNowDuringAWaitTakesSotawatchsSpotsAtOnce) {
+  GatewayProgram program;
+  std::size_t readsAtOnce = 0;
+  program.Queue.OnYield = [&] {
+    if (readsAtOnce > 0 || program.World.FetchInProgress || program.LinesWith("Begin delay") == 0) return;
+    readsAtOnce = 1;  // what it yields to itself is left alone
+    const auto before = program.Internet.Queries.size();
+    program.Brelwin->Controls().Spots.cmdGetSPOTS.Click();
+    readsAtOnce = program.Internet.Queries.size() - before;
+    EXPECT_FALSE(program.Brelwin->Controls().Spots.lblCheckingForSpots.Visible);
+  };
+  program.Run();
+  EXPECT_EQ(readsAtOnce, 1U);
+  EXPECT_EQ(program.LinesWith("Begin delay"), program.LinesWith("End delay"));
+  EXPECT_EQ(program.Posts("G4ABC"), 1U);
+}
+
 // The tick finds the login being tested, leaves the stream alone and takes it up at the next one.
 TEST(GatewayCycle, ALoginTestHoldsTheStreamBackAndLosesNothing) {
   GatewayProgram program;

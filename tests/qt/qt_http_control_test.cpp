@@ -4,12 +4,17 @@
 
 #include <QElapsedTimer>
 #include <QHostAddress>
+#include <QSslCertificate>
+#include <QSslConfiguration>
+#include <QSslKey>
+#include <QSslServer>
 #include <QTcpServer>
 #include <QTcpSocket>
 #include <functional>
 #include <vector>
 
 #include "qt/ports/qt_event_queue.h"
+#include "self_signed_certificate.h"
 
 namespace brelwin {
 namespace {
@@ -167,6 +172,18 @@ TEST_F(QtHttpControlTest, FollowsRedirectsButKeepsTheFormAtHome) {
   for (const std::string path : {"/away", "/nowhere", "/strange", "/round0"})
     EXPECT_TRUE(Result(server_.Url(path)).starts_with("11 ")) << path;
   EXPECT_EQ(other.Requests.size(), 1U);
+}
+
+TEST_F(QtHttpControlTest, PostsNothingWhereNobodyVouchesForTheCertificate) {
+  QSslConfiguration configuration;
+  configuration.setLocalCertificate(QSslCertificate(test::SelfSignedCertificate));
+  configuration.setPrivateKey(QSslKey(test::KeyOfTheCertificate, QSsl::Ec));
+  QSslServer server;
+  server.setSslConfiguration(configuration);
+  ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+  const auto result = Result("https://127.0.0.1:" + std::to_string(server.serverPort()) + "/");
+  EXPECT_TRUE(result.starts_with("11 ")) << result;
+  EXPECT_NE(control_.ResponseInfo().find("certificate"), std::string::npos) << control_.ResponseInfo();
 }
 
 TEST_F(QtHttpControlTest, TellsNothingOfARequestThatWasEnded) {
