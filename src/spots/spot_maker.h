@@ -16,7 +16,7 @@ namespace brelwin {
 // What does not change while a feed is being read.
 struct ReadingMoment {
   DateTime UTCNow;
-  Instant Now;                      // the same moment on the clock that does not jump
+  Instant Now{};                    // the same moment on the clock that does not jump
   std::int32_t TimeZoneOffset = 0;  // minutes to add to local time to get UTC
   NumberFormat Numbers;
 };
