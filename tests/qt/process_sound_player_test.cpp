@@ -38,6 +38,15 @@ TEST_F(ProcessSoundPlayerTest, ThePlayerThatWorksIsFound) {
   EXPECT_EQ(Noted(), "fails /a b.wav\nplays /a b.wav\n");
 }
 
+// The program writes the file as one of its folder, and the user may have named it in other letters.
+TEST_F(ProcessSoundPlayerTest, ThePlayerIsGivenTheFileThatIsMeant) {
+  QFile sound(folder_.filePath("g4abc.wav"));
+  ASSERT_TRUE(sound.open(QIODevice::WriteOnly));
+  ProcessSoundPlayer player({MakePlayer("plays", "test -f \"$1\"")});
+  EXPECT_EQ(player.PlaySound(folder_.path().toStdString() + "\\G4ABC.WAV", true), 1);
+  EXPECT_EQ(Noted(), "plays " + sound.fileName().toUtf8() + "\n");
+}
+
 TEST_F(ProcessSoundPlayerTest, WithoutAnyPlayerTheAnswerIsZero) {
   EXPECT_EQ(ProcessSoundPlayer(QStringList{"no-such-player"}).PlaySound("/a.wav", false), 0);
 }

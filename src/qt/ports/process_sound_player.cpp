@@ -4,6 +4,7 @@
 #include <QStandardPaths>
 #include <utility>
 
+#include "platform/file_paths.h"
 #include "qt/ports/qt_text.h"
 
 namespace brelwin {
@@ -21,7 +22,7 @@ ProcessSoundPlayer::~ProcessSoundPlayer() {
 
 int ProcessSoundPlayer::PlaySound(std::string_view path, bool wait) {
   Stop();
-  file_ = ToQString(path);
+  file_ = ToQString(ResolvePath(path));
   left_ = players_;
   if (!StartNextPlayer()) return 0;
   if (wait) WaitUntilEnded();
