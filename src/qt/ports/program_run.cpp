@@ -22,13 +22,17 @@ std::string AlreadyRunning(const std::string& folder) {
          ". Close it first, or name another folder in the environment variable BRELWIN_FOLDER.";
 }
 
+std::string NotUsable(const ProgramFolder& folder) {
+  return "The folder " + folder.Path + " cannot be used: " + folder.ErrorText + ".";
+}
+
 }  // namespace
 
 TakenFolder TakeProgramFolder() {
   TakenFolder taken;
   const auto folder = FindProgramFolder();
   taken.Path = folder.Path;
-  taken.Complaint = folder.ErrorText;
+  if (!folder.ErrorText.empty()) taken.Complaint = NotUsable(folder);
   if (!taken.Complaint.empty()) return taken;
   taken.Lock = FolderLock::Take(folder.Path);
   if (!taken.Lock) taken.Complaint = AlreadyRunning(folder.Path);
