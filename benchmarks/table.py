@@ -52,6 +52,11 @@ def microseconds(result: dict) -> float:
     return time_of(result) / 1e3
 
 
+def elapsed_milliseconds(result: dict) -> float:
+    """Of the wall clock, where only a part of each run is timed."""
+    return result['real_time'] * NANOSECONDS[result['time_unit']] / 1e6
+
+
 def nanoseconds_per_item(result: dict) -> float:
     return 1e9 / result['items_per_second']
 
@@ -91,6 +96,10 @@ def core_rows(medians: Medians) -> list[Row]:
         ratio_row('keep 1 line in 20, 2,000 alerts', 'KeepFivePercent/2000', 'KeepFivePercentFloor', 4),
         ratio_row('keep 1 line in 20, 100,000 alerts', 'KeepFivePercent/100000', 'KeepFivePercentFloor', 4),
         row('keep every line', 'KeepEveryLine', 'KeepEveryLineFloor', nanoseconds_per_item, 'ns/line', 2_500),
+        row('from a line to its post', 'LineToPost/manual_time', 'LineToPostFloor/manual_time', elapsed_milliseconds,
+            'ms', 10),
+        row('refuse 200 duplicates', 'RefuseDuplicates', 'RefuseDuplicatesFloor', milliseconds, 'ms', 50),
+        row('the gates of one spot', 'Gates', 'GatesFloor', microseconds, 'us', 10),
     ]
 
 
