@@ -257,6 +257,30 @@ TEST(GatewayProcessing, WaitsForASubmissionUnderWayButNotForEver) {
   }
 }
 
+// Wherever something breaks, the procedure ends with a log line, and the next check works as always.
+TEST(GatewayProcessing, TrapsAnErrorInAnyWait) {
+  GatewayStory whole;
+  whole.Values.DelaySeconds = 1;
+  whole.Process({whole.SkimmerSpot("G4ABC", "14.062")});
+  for (int breaking = 1; breaking <= whole.Queue.Yields; ++breaking) {
+    GatewayStory story;
+    story.Values.DelaySeconds = 1;
+    story.Queue.OnYield = [&] {
+      if (story.Queue.Yields == breaking) throw std::out_of_range("broken");
+    };
+    story.Process({story.SkimmerSpot("G4ABC", "14.062")});
+    const auto log = story.EventLog() + story.GatewayLog();
+    const bool isTold = Contains(log, "PerformGatewayProcessing Error, Number=9 Error=broken") ||
+                        Contains(log, "SendSpotToSotawatchHandler: errNumber=9 errString$=broken") ||
+                        Contains(log, "No spots received from Sotawatch") ||
+                        Contains(log, "Spot sumission failed, timeout.");
+    EXPECT_TRUE(isTold) << breaking << "\n" << log;
+    EXPECT_FALSE(story.TheGateway.Transfer.SendInProgress() || story.World.FetchInProgress);
+    story.Process({story.SkimmerSpot("HB9DEF", "7.031")});
+    EXPECT_EQ(story.Posts("HB9DEF"), 1U) << breaking;
+  }
+}
+
 TEST(GatewayProcessing, OnlySaysWhatItWouldSendInADryRun) {
   GatewayStory story;
   story.Tab.chkGatewayDryRun.Value = true;
