@@ -218,6 +218,34 @@ TEST_F(RBNStream, ReconnectsWhenTextComesButNoSpots) {
   EXPECT_EQ(stream_.Attempts, 2) << "the greeting after the new login is no reason to go on so";
 }
 
+TEST_F(RBNStream, ReconnectsWhenTheTextNeverEndsItsLineButNotInTheMiddleOfASpot) {
+  struct Case {
+    const char* Piece;
+    int Attempts;
+    const char* Last;
+  };
+  for (const auto& [piece, attempts, last] :
+       {Case{"garbage ", 2, ""}, Case{"WWV\r", 2, ""}, Case{"", 1, "K1AA"}}) {
+    stream_.Attempts = 0;
+    auto peer = LetsIn();
+    for (int minute = 1; minute <= 7 && *piece != 0; ++minute) peer.Sends(piece, minutes(1));
+    const auto line = Line("K1AA");
+    if (*piece == 0) peer.Sends(line.substr(0, 40), minutes(7)).Sends(line.substr(40), minutes(1));
+    host_.Sockets.Peer(peer);
+    host_.Sockets.Peer(LetsIn());
+    std::string heard;
+    for (int minute = 0; minute <= 8; ++minute) {
+      heard += Check();
+      Pass(minutes(1));
+    }
+    heard += Check();
+    EXPECT_EQ(stream_.Attempts, attempts) << piece;
+    EXPECT_EQ(heard, last);
+    std::string errorText;
+    CloseRBNConnection(stream_, errorText);
+  }
+}
+
 TEST_F(RBNStream, AFailedReconnectIsTheOneAttemptOfItsCheck) {
   host_.Sockets.Peer(LetsIn().Sends("WWV\r\n", minutes(6)));
   Check();

@@ -168,6 +168,7 @@ void ForgetLogin(RBNConnection& connection) {
   connection.CallsignSent = false;
   connection.PromptAnswered = false;
   connection.ReceiveBuffer.clear();
+  connection.ChecksWithoutLineEnd = 0;
   connection.Lines.DropRest();
 }
 

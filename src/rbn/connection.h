@@ -50,11 +50,13 @@ struct RBNConnection {
   std::int32_t Attempts = 0;  // how often a connection was tried
   bool OpenInProgress = false;
   bool Connected = false;
-  bool CallsignSent = false;    // completely: the login is done
-  bool PromptAnswered = false;  // the callsign is on its way, or was sent
-  std::string RBNCallsign;      // what the login sends
-  std::string ReceiveBuffer;    // what came before the callsign was sent, in search of the prompt
-  LineBuffer Lines;             // what came after it
+  bool CallsignSent = false;       // completely: the login is done
+  bool PromptAnswered = false;     // the callsign is on its way, or was sent
+  std::string RBNCallsign;         // what the login sends
+  std::string ReceiveBuffer;       // what came before the callsign was sent, in search of the prompt
+  LineBuffer Lines;                // what came after it
+  bool ArrivedSinceCheck = false;  // any bytes after the login
+  int ChecksWithoutLineEnd = 0;    // in a row, of those that found bytes but no whole line
   Instant ConnectedAt;
   Instant LastArrival;         // of any bytes
   Instant LastRawRBNSpotTime;  // when a spot line was last read, or the login was completed

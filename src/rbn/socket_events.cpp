@@ -122,6 +122,7 @@ void WinsockArray_DataArrival(RBNConnection& connection, std::int32_t index) {
   const auto bytes = connection.Sockets[index].GetData();
   connection.LastArrival = connection.World.Time.Now();
   if (connection.PromptAnswered) {
+    connection.ArrivedSinceCheck = true;
     TakeLines(connection, index, bytes);
   } else {
     SearchForPrompt(connection, index, bytes);

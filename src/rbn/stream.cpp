@@ -1,6 +1,7 @@
 #include "rbn/stream.h"
 
 #include <string>
+#include <utility>
 
 #include "base/text.h"
 #include "core/event_log.h"
@@ -50,6 +51,12 @@ void WatchStream(RBNConnection& connection, std::int32_t spotLines) {
   }
 }
 
+// A line on its way may be a spot; one that goes on from check to check is none.
+void WatchUnfinishedLine(RBNConnection& connection) {
+  if (!std::exchange(connection.ArrivedSinceCheck, false)) return;
+  if (++connection.ChecksWithoutLineEnd > 1) WatchStream(connection, 0);
+}
+
 void SwitchOff(RBNConnection& connection) {
   connection.Controls.lblNoConnectionToRBN.Visible = false;
   if (connection.Connected || connection.Socket().State() == SocketState::Connecting) {
@@ -83,6 +90,8 @@ bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
   // Lines that came before a connection ended are read before the next one is tried.
   if (connection.Lines.HasLines() && !IsLoggingIn(connection)) {
     if (connection.Connected) connection.Controls.lblNoConnectionToRBN.Visible = false;
+    connection.ArrivedSinceCheck = false;
+    connection.ChecksWithoutLineEnd = 0;
     const auto text = connection.Lines.TakeLines();
     std::int32_t spotLines = 0;
     std::string errorText;
@@ -91,6 +100,8 @@ bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
                                 recentSpots, newSpots, spotLines, errorText);
     hasNewSpots = result == -1 && !newSpots.Empty();
     WatchStream(connection, spotLines);
+  } else if (connection.Connected) {
+    WatchUnfinishedLine(connection);
   }
   if (mustConnect) ConnectToRBN(connection);
   return hasNewSpots;
