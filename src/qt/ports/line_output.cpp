@@ -3,6 +3,7 @@
 #include <poll.h>
 #include <unistd.h>
 
+#include <QDeadlineTimer>
 #include <algorithm>
 #include <cerrno>
 #include <climits>
@@ -10,51 +11,73 @@
 namespace brelwin {
 namespace {
 
-constexpr std::size_t MostPending = 1024 * 1024;
+constexpr int LongestFarewell = 1000;  // milliseconds
 
 // A pipe that is ready takes at least this much without blocking.
 constexpr std::size_t SafeBytes = _POSIX_PIPE_BUF;
 
-bool IsReady(int fileDescriptor) {
+bool IsReady(int fileDescriptor, const QDeadlineTimer& deadline) {
   pollfd question{fileDescriptor, POLLOUT, 0};
-  return ::poll(&question, 1, 0) > 0;
+  return ::poll(&question, 1, static_cast<int>(deadline.remainingTime())) > 0;
 }
 
 }  // namespace
 
-LineOutput::LineOutput(int fileDescriptor)
-    : fileDescriptor_(fileDescriptor), whenWritable_(fileDescriptor, QSocketNotifier::Write) {
+LineOutput::LineOutput(int fileDescriptor, std::size_t mostWaiting)
+    : fileDescriptor_(fileDescriptor),
+      mostWaiting_(mostWaiting),
+      whenWritable_(fileDescriptor, QSocketNotifier::Write) {
   whenWritable_.setEnabled(false);
-  QObject::connect(&whenWritable_, &QSocketNotifier::activated, &whenWritable_, [this] { Flush(); });
+  QObject::connect(&whenWritable_, &QSocketNotifier::activated, &whenWritable_, [this] { Flush(0); });
+}
+
+LineOutput::~LineOutput() {
+  Flush(LongestFarewell);
 }
 
 void LineOutput::Write(std::string_view line) {
-  pending_.append(line).push_back('\n');
-  Flush();
-  if (pending_.size() > MostPending) DropOldest();
+  waiting_.emplace_back(line).push_back('\n');
+  waitingBytes_ += waiting_.back().size();
+  Flush(0);
+  DropOldest();
 }
 
-void LineOutput::Flush() {
-  while (!pending_.empty() && IsReady(fileDescriptor_) && WriteSome()) {
+// Writes until nothing is left, or the other end takes no more in the time there is.
+void LineOutput::Flush(int milliseconds) {
+  const QDeadlineTimer deadline(milliseconds);
+  while (TakeNextLine() && IsReady(fileDescriptor_, deadline) && (WriteSome() || !deadline.hasExpired())) {
   }
-  whenWritable_.setEnabled(!pending_.empty());
+  whenWritable_.setEnabled(!begun_.empty());
 }
 
-// False when the other end has to be waited for.
-bool LineOutput::WriteSome() {
-  const auto written = ::write(fileDescriptor_, pending_.data(), std::min(pending_.size(), SafeBytes));
-  if (written >= 0) {
-    pending_.erase(0, static_cast<std::size_t>(written));
+// False when nothing is left to be written.
+bool LineOutput::TakeNextLine() {
+  if (!begun_.empty()) return true;
+  if (dropped_ > 0) {
+    begun_ = "(lines missing here, nobody read them in time: " + std::to_string(dropped_) + ")\n";
+    dropped_ = 0;
     return true;
   }
-  if (errno == EAGAIN || errno == EINTR) return false;
-  pending_.clear();
+  if (waiting_.empty()) return false;
+  begun_ = std::move(waiting_.front());
+  waiting_.pop_front();
+  waitingBytes_ -= begun_.size();
+  return true;
+}
+
+// False when the other end has to be waited for after all.
+bool LineOutput::WriteSome() {
+  const auto written = ::write(fileDescriptor_, begun_.data(), std::min(begun_.size(), SafeBytes));
+  if (written < 0 && (errno == EAGAIN || errno == EINTR)) return false;
+  begun_.erase(0, written < 0 ? begun_.size() : static_cast<std::size_t>(written));
   return true;
 }
 
 void LineOutput::DropOldest() {
-  const auto end = pending_.find('\n', pending_.size() - MostPending);
-  pending_.erase(0, end + 1);
+  for (; waitingBytes_ > mostWaiting_; ++dropped_) {
+    waitingBytes_ -= waiting_.front().size();
+    waiting_.pop_front();
+  }
 }
 
 }  // namespace brelwin
