@@ -175,6 +175,17 @@ TEST_F(Story, QuittingEndsEveryWaitAndUnloadsWhenAllHasReturned) {
   EXPECT_FALSE(Window().tmrCheckSpots.Enabled);
 }
 
+TEST_F(Story, WhoQuitsBeforeTheStartIsNotStarted) {
+  const auto settings = Host.Disk.Text("/brelwin/Brelwin.INI");
+  Brelwin.Quit();
+  Start();
+  const auto log = Host.EventLog();
+  EXPECT_TRUE(log.ends_with("Form_Unload End\r\n")) << log;
+  EXPECT_FALSE(Contains(log, "launching")) << log;
+  EXPECT_FALSE(Contains(log, "not written")) << log;
+  EXPECT_EQ(Host.Disk.Text("/brelwin/Brelwin.INI"), settings);
+}
+
 TEST_F(Story, QuittingAtAnyYieldEndsTheProgramOnceAndKeepsTheSettings) {
   for (int quitAt = 1; quitAt < 40; ++quitAt) {
     test::TestHost host;

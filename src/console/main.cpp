@@ -8,6 +8,7 @@
 #include "qt/ports/application_start.h"
 #include "qt/ports/line_output.h"
 #include "qt/ports/program_run.h"
+#include "qt/ports/quit_signals.h"
 
 namespace {
 
@@ -31,6 +32,7 @@ int Run(const std::string& commandLine) {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
+  HoldQuitSignals();
   std::signal(SIGPIPE, SIG_IGN);  // a reader that is gone must not end the logs
   const auto commandLine = CommandLine(argumentCount, arguments);
   int forToolkit = 1;  // its own options are none of the program's

@@ -19,6 +19,7 @@ Screen& Program::Controls() {
 }
 
 void Program::Start(std::string_view commandLine, std::string_view passwordFromEnvironment) {
+  if (window_->Unloaded) return;
   Enter(*window_, [&] { Form_Load(*window_, commandLine, passwordFromEnvironment); });
 }
 

@@ -21,6 +21,7 @@ class Program {
 
   // Start-up, to be called once, from the event queue or before it runs. `commandLine` is everything after
   // the program's name. A non-empty password fills the password box and never reaches the settings file.
+  // After Quit there is no start any more.
   void Start(std::string_view commandLine, std::string_view passwordFromEnvironment);
 
   // The user or the system asks to quit. Every wait ends; once what is running has returned, the settings are

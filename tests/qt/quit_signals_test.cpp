@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <QProcess>
 #include <csignal>
+#include <string>
 
 #include "qt/ports/qt_event_queue.h"
 
@@ -23,6 +25,33 @@ TEST(QuitSignals, EverySignalIsToldFromTheQueueAlsoWhenInterruptsWereIgnored) {
   }
   EXPECT_EQ(asked, 3);
   EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL);
+}
+
+std::string SignalsHeldBackInAChild() {
+  QProcess child;
+  child.start("grep", {"SigBlk", "/proc/self/status"});
+  child.waitForFinished();
+  return child.readAllStandardOutput().toStdString();
+}
+
+TEST(QuitSignals, WhatComesTooEarlyOrTooLateEndsNothing) {
+  const auto heldUsually = SignalsHeldBackInAChild();
+  sigset_t usual;
+  ::pthread_sigmask(SIG_SETMASK, nullptr, &usual);
+  HoldQuitSignals();
+  for (const int signal : {SIGTERM, SIGINT, SIGHUP}) std::raise(signal);
+  QtEventQueue queue;
+  int asked = 0;
+  {
+    const QuitSignals quitSignals([&] { ++asked; });
+    for (int wait = 0; wait < 200 && asked == 0; ++wait) queue.WaitForEvents(Milliseconds(50));
+    EXPECT_EQ(SignalsHeldBackInAChild(), heldUsually);
+  }
+  EXPECT_EQ(asked, 1);
+  std::raise(SIGTERM);  // the end of the program is near
+  std::signal(SIGTERM, SIG_IGN);
+  ::pthread_sigmask(SIG_SETMASK, &usual, nullptr);
+  std::signal(SIGTERM, SIG_DFL);
 }
 
 TEST(QuitSignals, ATerminalThatMayGoIsNoReasonToQuit) {

@@ -6,13 +6,19 @@
 #include <array>
 #include <atomic>
 #include <cerrno>
-#include <csignal>
 #include <utility>
 
 namespace brelwin {
 namespace {
 
-constexpr std::array Signals{SIGINT, SIGTERM};
+constexpr std::array Signals{SIGINT, SIGTERM, SIGHUP};
+
+sigset_t SetOfSignals() {
+  sigset_t set;
+  sigemptyset(&set);
+  for (const int signal : Signals) sigaddset(&set, signal);
+  return set;
+}
 
 // A signal handler reaches nothing but statics: this is the end of the pipe that it writes to.
 std::atomic<int>& PipeOfTheHandler() {
@@ -32,6 +38,12 @@ bool IsIgnored(int signal) {
   return ::sigaction(signal, nullptr, &current) == 0 && current.sa_handler == SIG_IGN;
 }
 
+// An ignored hang-up means that the terminal may go. Interrupts are ignored in whatever a script starts in
+// the background.
+bool IsForUs(int signal) {
+  return signal != SIGHUP || !IsIgnored(SIGHUP);
+}
+
 void Handle(int signal) {
   struct sigaction action = {};
   action.sa_handler = NoteSignal;
@@ -47,11 +59,23 @@ void Drain(int readEnd) {
 
 }  // namespace
 
+void HoldQuitSignals() {
+  const auto signals = SetOfSignals();
+  ::pthread_sigmask(SIG_BLOCK, &signals, nullptr);
+}
+
 QuitSignals::QuitSignals(std::function<void()> whenAsked) {
   std::array<int, 2> ends{};
-  if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) != 0) return;
-  readEnd_ = ends[0];
-  writeEnd_ = ends[1];
+  if (::pipe2(ends.data(), O_CLOEXEC | O_NONBLOCK) == 0) {
+    readEnd_ = ends[0];
+    writeEnd_ = ends[1];
+    Listen(std::move(whenAsked));
+  }
+  const auto signals = SetOfSignals();
+  ::pthread_sigmask(SIG_UNBLOCK, &signals, &heldBefore_);
+}
+
+void QuitSignals::Listen(std::function<void()> whenAsked) {
   PipeOfTheHandler() = writeEnd_;
   notifier_ = std::make_unique<QSocketNotifier>(readEnd_, QSocketNotifier::Read);
   QObject::connect(notifier_.get(), &QSocketNotifier::activated, notifier_.get(),
@@ -59,15 +83,16 @@ QuitSignals::QuitSignals(std::function<void()> whenAsked) {
                      Drain(readEnd);
                      ask();
                    });
-  for (const int signal : Signals) Handle(signal);
-  if (!IsIgnored(SIGHUP)) Handle(SIGHUP);  // nohup means that the terminal may go
+  for (const int signal : Signals)
+    if (IsForUs(signal)) Handle(signal);
 }
 
 QuitSignals::~QuitSignals() {
+  ::pthread_sigmask(SIG_SETMASK, &heldBefore_, nullptr);
   if (!notifier_) return;
   notifier_.reset();
-  for (const int signal : Signals) ::signal(signal, SIG_DFL);
-  if (!IsIgnored(SIGHUP)) ::signal(SIGHUP, SIG_DFL);
+  for (const int signal : Signals)
+    if (IsForUs(signal)) ::signal(signal, SIG_DFL);
   PipeOfTheHandler() = -1;
   ::close(readEnd_);
   ::close(writeEnd_);

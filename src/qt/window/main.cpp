@@ -4,6 +4,7 @@
 
 #include "qt/ports/application_start.h"
 #include "qt/ports/program_run.h"
+#include "qt/ports/quit_signals.h"
 #include "qt/window/program_icon.h"
 #include "qt/window/program_window.h"
 #include "qt/window/text_viewer.h"
@@ -15,6 +16,7 @@ using namespace brelwin;
 
 // Shown when there is no program yet that could show it.
 int Refuse(const std::string& complaint) {
+  const QuitSignals signals(&QApplication::quit);
   WindowDialogs().ShowMessage(complaint, "Brelwin", MessageIcon::Exclamation);
   QApplication::exec();
   return 1;
@@ -36,6 +38,7 @@ int Run(const std::string& commandLine) {
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
+  HoldQuitSignals();
   const auto commandLine = CommandLine(argumentCount, arguments);
   int forToolkit = 1;  // its own options are none of the program's
   std::unique_ptr<QApplication> application;
