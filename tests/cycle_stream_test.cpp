@@ -2,6 +2,7 @@
 // logged.
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -131,6 +132,20 @@ TEST_F(StreamStory, ALineCutByTheEndOfAConnectionIsNoSpotAndTheNextConnectionGoe
   EXPECT_EQ(SplitLines(List().Text.Get()).size(), 2U);
   EXPECT_EQ(Host.Sockets.Tried.size(), 2U);
   EXPECT_EQ(Host.Sockets.Tried.front(), std::pair(std::string("telnet.reversebeacon.net"), 7000));
+}
+
+TEST_F(StreamStory, SpotsOfAConnectionThatEndedDoNotWaitForTheNextOne) {
+  Settings("RBNSpotsEnabled=1\r\nRBNConnectionTimeout=60\r\n");
+  Host.Sockets.Peer(LoggingIn().Sends(HeardLine, seconds(12)).Closes());
+  Host.Sockets.Peer(ScriptedPeer());
+  std::optional<bool> wasShown;
+  Host.Queue.OnYield = [&] {
+    const bool isWaiting = Host.Sockets.Tried.size() == 2;
+    if (isWaiting && !wasShown) wasShown = Contains(List().Text.Get(), "G4ABC");
+  };
+  Brelwin.Start({}, {});
+  Host.Queue.RunFor(minutes(1));
+  EXPECT_EQ(wasShown, true);
 }
 
 TEST_F(StreamStory, QuittingWhileTheConnectionIsAwaitedEndsAtOnce) {

@@ -38,8 +38,11 @@ class RBNStream : public ::testing::Test {
 
   // One check; gives the stations of the new spots.
   std::string Check() {
+    CloseSilentConnection(stream_);
+    const bool foundNoConnection = !stream_.Connected;
     SpotCollection spots;
     TakeRBNSpots(stream_, filter_, known_, alerts_, recent_, spots);
+    if (foundNoConnection) ConnectToRBN(stream_);
     std::string stations;
     for (const auto& entry : spots) stations += (stations.empty() ? "" : " ") + entry.Item->Station;
     return stations;

@@ -26,12 +26,7 @@ SpotCollection NewestFirst(const SpotCollection& spots) {
   return reversed;
 }
 
-}  // namespace
-
-void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
-  SpotCollection heard;
-  if (!TakeRBNSpots(window.RBN, filter, window.KnownActivators, window.Alerts, window.RBNSpots, heard))
-    return;
+void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filter) {
   ShowUnmatchedSpots(window, heard, filter);
   SendToSotawatch(window, heard);
   PerformDisplayFilteringAndSpotLogging(window.World, window.Controls.Logs, window.Config.LogRawSpots, filter,
@@ -39,6 +34,18 @@ void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
   const auto newSpots = NewestFirst(heard);
   MergeIntoSpotList(window, newSpots);
   AlertOnNewSpots(window.World, newSpots, filter, window.SpotList, nullptr, &window.Controls.Window, false);
+}
+
+}  // namespace
+
+// What came before a connection ended is shown, logged and heard before the next one is waited for.
+void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
+  CloseSilentConnection(window.RBN);
+  const bool foundNoConnection = !window.RBN.Connected;
+  SpotCollection heard;
+  if (TakeRBNSpots(window.RBN, filter, window.KnownActivators, window.Alerts, window.RBNSpots, heard))
+    HandleNewSpots(window, heard, filter);
+  if (foundNoConnection && !window.RBN.Connected) ConnectToRBN(window.RBN);
 }
 
 }  // namespace brelwin

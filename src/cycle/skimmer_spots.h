@@ -7,8 +7,8 @@
 
 namespace brelwin {
 
-// Looks after the connection, takes what the stream has sent, hands the new spots to the gateway and puts
-// them in front of the list.
+// Takes what the stream has sent, hands the new spots to the gateway and puts them in front of the list. A
+// connection that is stale or silent is closed, and where the check found none one attempt is made.
 void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter);
 
 }  // namespace brelwin

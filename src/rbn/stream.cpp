@@ -23,18 +23,6 @@ std::string Describe(Silence silence, std::int32_t mostMinutes) {
   return (silence == Silence::NoLogin ? "no login" : "nothing received") + time;
 }
 
-void CloseSilentConnection(RBNConnection& connection) {
-  if (!connection.Connected) return;
-  const auto mostMinutes = MostMinutesWithoutSpots(connection);
-  const auto silence = SilenceOf({connection.ConnectedAt, connection.LastArrival, connection.CallsignSent},
-                                 mostMinutes, connection.World.Time.Now());
-  if (silence == Silence::None) return;
-  const auto reason = Describe(silence, mostMinutes);
-  LogEvent(connection.World, "CloseSilentRBNConnection - Connection closed, " + reason);
-  connection.Socket().Close();
-  ShowNoConnection(connection, reason);
-}
-
 void Reconnect(RBNConnection& connection) {
   std::string errorText;
   CloseRBNConnection(connection, errorText);
@@ -74,6 +62,18 @@ bool IsLoggingIn(const RBNConnection& connection) {
 
 }  // namespace
 
+void CloseSilentConnection(RBNConnection& connection) {
+  if (!connection.Connected) return;
+  const auto mostMinutes = MostMinutesWithoutSpots(connection);
+  const auto silence = SilenceOf({connection.ConnectedAt, connection.LastArrival, connection.CallsignSent},
+                                 mostMinutes, connection.World.Time.Now());
+  if (silence == Silence::None) return;
+  const auto reason = Describe(silence, mostMinutes);
+  LogEvent(connection.World, "CloseSilentRBNConnection - Connection closed, " + reason);
+  connection.Socket().Close();
+  ShowNoConnection(connection, reason);
+}
+
 void ConnectToRBN(RBNConnection& connection) {
   connection.RBNCallsign = Trim(connection.Controls.txtRBNCallsign.Text.Get());
   if (connection.RBNCallsign.empty()) return;
@@ -84,27 +84,21 @@ void ConnectToRBN(RBNConnection& connection) {
 bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
                   const CallsignCollection& knownActivators, const AlertCollection& alerts,
                   RecentRBNSpots& recentSpots, SpotCollection& newSpots) {
-  CloseSilentConnection(connection);
-  const bool mustConnect = !connection.Connected;
-  bool hasNewSpots = false;
-  // Lines that came before a connection ended are read before the next one is tried.
-  if (connection.Lines.HasLines() && !IsLoggingIn(connection)) {
-    if (connection.Connected) connection.Controls.lblNoConnectionToRBN.Visible = false;
-    connection.ArrivedSinceCheck = false;
-    connection.ChecksWithoutLineEnd = 0;
-    const auto text = connection.Lines.TakeLines();
-    std::int32_t spotLines = 0;
-    std::string errorText;
-    const auto result =
-        ParseReverseBeaconSpots(connection.World, FromFirstSpotLine(text), filter, knownActivators, alerts,
-                                recentSpots, newSpots, spotLines, errorText);
-    hasNewSpots = result == -1 && !newSpots.Empty();
-    WatchStream(connection, spotLines);
-  } else if (connection.Connected) {
-    WatchUnfinishedLine(connection);
+  if (!connection.Lines.HasLines() || IsLoggingIn(connection)) {
+    if (connection.Connected) WatchUnfinishedLine(connection);
+    return false;
   }
-  if (mustConnect) ConnectToRBN(connection);
-  return hasNewSpots;
+  if (connection.Connected) connection.Controls.lblNoConnectionToRBN.Visible = false;
+  connection.ArrivedSinceCheck = false;
+  connection.ChecksWithoutLineEnd = 0;
+  const auto text = connection.Lines.TakeLines();
+  std::int32_t spotLines = 0;
+  std::string errorText;
+  const auto result =
+      ParseReverseBeaconSpots(connection.World, FromFirstSpotLine(text), filter, knownActivators, alerts,
+                              recentSpots, newSpots, spotLines, errorText);
+  WatchStream(connection, spotLines);
+  return result == -1 && !newSpots.Empty();
 }
 
 void chkReverseBeaconSpotsEnabled_Click(RBNConnection& connection) {

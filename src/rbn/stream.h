@@ -13,9 +13,11 @@ namespace brelwin {
 // server.
 void ConnectToRBN(RBNConnection& connection);
 
-// One check's step, to be called while the stream is switched on. What was received and waits is parsed; a
-// connection that is stale or silent is closed, and where there is none one attempt is made. True when there
-// are new spots to handle, in the order of their lines.
+// Closes a connection on which nothing has come, or no login, for too long. A check begins with it.
+void CloseSilentConnection(RBNConnection& connection);
+
+// Parses what was received and waits, also from a connection that has ended since. A connection that is stale
+// is closed and opened anew. True when there are new spots to handle, in the order of their lines.
 bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
                   const CallsignCollection& knownActivators, const AlertCollection& alerts,
                   RecentRBNSpots& recentSpots, SpotCollection& newSpots);
