@@ -148,6 +148,22 @@ TEST_F(StreamStory, SpotsOfAConnectionThatEndedDoNotWaitForTheNextOne) {
   EXPECT_EQ(wasShown, true);
 }
 
+TEST_F(StreamStory, SwitchedOffWhileTheAlertsPageIsReadTheStreamStaysOff) {
+  Host.Sockets.Peer(ScriptedPeer().Refuses());
+  Host.Internet.Forget(AlertsAddress);
+  Host.Internet.Answer(AlertsAddress, {.Body = test::Heading(), .Delay = seconds(5)});
+  Brelwin.Start({}, {});
+  Host.Queue.OnYield = [&] {
+    auto& box = Brelwin.Controls().RBN.chkReverseBeaconSpotsEnabled;
+    if (ReadsOf(AlertsAddress) == 0 || !box.Value) return;
+    box.Value = false;
+    box.Click();
+  };
+  Host.Queue.RunFor(minutes(3));
+  EXPECT_EQ(Host.Sockets.Tried.size(), 1U);
+  EXPECT_TRUE(Contains(Brelwin.Controls().Spots.lblSources.Caption.Get(), "Reverse Beacon Network: off"));
+}
+
 TEST_F(StreamStory, QuittingWhileTheConnectionIsAwaitedEndsAtOnce) {
   Host.Sockets.Peer(ScriptedPeer());
   const auto begin = Host.Time.Now();

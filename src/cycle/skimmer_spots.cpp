@@ -38,8 +38,10 @@ void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filte
 
 }  // namespace
 
-// What came before a connection ended is shown, logged and heard before the next one is waited for.
+// What came before a connection ended is shown, logged and heard before the next one is waited for. The user
+// may have switched the stream off while the check waited for something else.
 void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
+  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return;
   CloseSilentConnection(window.RBN);
   const bool foundNoConnection = !window.RBN.Connected;
   SpotCollection heard;

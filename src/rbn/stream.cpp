@@ -75,6 +75,7 @@ void CloseSilentConnection(RBNConnection& connection) {
 }
 
 void ConnectToRBN(RBNConnection& connection) {
+  if (!connection.Controls.chkReverseBeaconSpotsEnabled.Value) return;
   connection.RBNCallsign = Trim(connection.Controls.txtRBNCallsign.Text.Get());
   if (connection.RBNCallsign.empty()) return;
   std::string errorText;
