@@ -25,6 +25,8 @@ class ProgramWindowTest : public ::testing::Test {
   void SetUp() override {
     screen_.Window.Show.Raise();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window_));
+    ASSERT_TRUE(
+        QTest::qWaitFor([this] { return window_.findChild<QWidget*>("cmdViewUserGuide") != nullptr; }));
   }
 
   template <class Widget>
@@ -182,6 +184,18 @@ TEST_F(ProgramWindowTest, TheFocusIsTakenToTheBoxOnItsTab) {
   screen_.RBN.txtRBNCallsign.SetFocus.Raise();
   EXPECT_EQ(screen_.Window.CurrentTab, 3);
   EXPECT_TRUE(Get<QLineEdit>("txtRBNCallsign").hasFocus());
+}
+
+// The pages behind the first are made when the window was painted, or sooner when somebody needs one.
+TEST(NewProgramWindow, ATabThatIsTurnedToIsComplete) {
+  Screen screen;
+  ProgramWindow window(screen, [] {});
+  EXPECT_EQ(window.findChild<QWidget*>("txtRBNCallsign"), nullptr);
+  screen.RBN.txtRBNCallsign.Text = "Q0ZZ";
+  screen.Window.CurrentTab = 3;
+  const auto* box = window.findChild<QLineEdit*>("txtRBNCallsign");
+  ASSERT_NE(box, nullptr);
+  EXPECT_EQ(box->text(), "Q0ZZ");
 }
 
 TEST_F(ProgramWindowTest, TheOpenButtonOpensTheChosenWebsite) {

@@ -33,11 +33,11 @@ QString OptionName(const OptionGroup& group, int option) {
   return ToQString(group.Name) + QString::number(option);
 }
 
-ControlBindings::ControlBindings(Screen& screen, QWidget& root, std::function<void(QWidget&)> bringToView)
-    : root_(root), bringToView_(std::move(bringToView)) {
-  for (auto* group : screen.Groups()) {
-    for (const auto& any : *group) std::visit([this](auto* control) { Bind(*control); }, any);
-  }
+ControlBindings::ControlBindings(QWidget& root, std::function<void(QWidget&)> bringToView)
+    : root_(root), bringToView_(std::move(bringToView)) {}
+
+void ControlBindings::Add(const ControlList& controls) {
+  for (const auto& any : controls) std::visit([this](auto* control) { Bind(*control); }, any);
 }
 
 void ControlBindings::Bind(Label& control) {

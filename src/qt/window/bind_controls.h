@@ -1,5 +1,5 @@
-// Binds every control of the screen to the widget of the same name, in one loop: what the user enters reaches
-// the control before its handler runs, what the program sets is shown.
+// Binds controls to the widgets of the same names, in one loop: what the user enters reaches the control
+// before its handler runs, what the program sets is shown.
 #pragma once
 
 #include <QObject>
@@ -9,7 +9,8 @@
 #include <vector>
 
 #include "base/observable.h"
-#include "controls/screen.h"
+#include "controls/control.h"
+#include "controls/spot_list_box.h"
 
 class QWidget;
 
@@ -22,7 +23,10 @@ QString OptionName(const OptionGroup& group, int option);
 class ControlBindings {
  public:
   // `bringToView` makes a widget visible (its tab is turned to) before it takes the focus.
-  ControlBindings(Screen& screen, QWidget& root, std::function<void(QWidget&)> bringToView);
+  ControlBindings(QWidget& root, std::function<void(QWidget&)> bringToView);
+
+  // Binds controls whose widgets are there, each once.
+  void Add(const ControlList& controls);
 
   // Names of controls for which there was no widget of the right kind.
   const QStringList& WithoutWidget() const { return withoutWidget_; }

@@ -17,6 +17,7 @@ using namespace brelwin;
 // Shown when there is no program yet that could show it.
 int Refuse(const std::string& complaint) {
   const QuitSignals signals(&QApplication::quit);
+  QApplication::setWindowIcon(ProgramIcon());
   WindowDialogs().ShowMessage(complaint, "Brelwin", MessageIcon::Exclamation);
   QApplication::exec();
   return 1;
@@ -43,6 +44,5 @@ int main(int argumentCount, char** arguments) {
   int forToolkit = 1;  // its own options are none of the program's
   std::unique_ptr<QApplication> application;
   MakeApplication([&] { application = std::make_unique<QApplication>(forToolkit, arguments); });
-  QApplication::setWindowIcon(ProgramIcon());
   LeaveProcess(Run(commandLine));
 }

@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QScreen>
 #include <QTabWidget>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <utility>
 
@@ -32,28 +33,48 @@ WindowState StateOf(Qt::WindowStates states) {
 }  // namespace
 
 ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit)
-    : screen_(screen), quit_(std::move(quit)), tabs_(new QTabWidget) {
-  setWindowIcon(ProgramIcon());
+    : screen_(screen),
+      quit_(std::move(quit)),
+      tabs_(new QTabWidget),
+      bindings_(*this, [this](QWidget& widget) { BringToView(widget); }) {
   auto* column = new QVBoxLayout(this);
   column->addWidget(tabs_, 1);
   column->addWidget(MakeStatusRow());
+  tabs_->setObjectName("SSTab1");
   AddPages();
-  bindings_ =
-      std::make_unique<ControlBindings>(screen, *this, [this](QWidget& widget) { BringToView(widget); });
+  bindings_.Add(screen.Spots.Controls);
+  waiting_.push_back([this] {
+    QApplication::setWindowIcon(ProgramIcon());
+    ApplyHourglass();
+  });
   FollowForm();
 }
 
-ProgramWindow::~ProgramWindow() = default;
-
 void ProgramWindow::AddPages() {
-  tabs_->setObjectName("SSTab1");
   tabs_->addTab(MakeSpotsPage(), "Spots");
-  tabs_->addTab(MakeFiltersPage(screen_.Filters), "Filters and sounds");
-  tabs_->addTab(MakeLogsPage(screen_.Logs), "Logs");
-  tabs_->addTab(MakeRBNPage(), "Reverse Beacon Network");
-  tabs_->addTab(MakeGatewayPage(screen_.Gateway), "Gateway");
-  tabs_->addTab(MakeFilesPage(screen_.Files), "Websites and files");
-  tabs_->addTab(MakeAboutPage(), "About");
+  AddLater("Filters and sounds", screen_.Filters.Controls,
+           [this] { return MakeFiltersPage(screen_.Filters); });
+  AddLater("Logs", screen_.Logs.Controls, [this] { return MakeLogsPage(screen_.Logs); });
+  AddLater("Reverse Beacon Network", screen_.RBN.Controls, MakeRBNPage);
+  AddLater("Gateway", screen_.Gateway.Controls, [this] { return MakeGatewayPage(screen_.Gateway); });
+  AddLater("Websites and files", screen_.Files.Controls, [this] { return MakeFilesPage(screen_.Files); });
+  AddLater("About", screen_.About.Controls, MakeAboutPage);
+}
+
+void ProgramWindow::AddLater(const char* title, const ControlList& controls,
+                             std::function<QWidget*()> makePage) {
+  auto* page = new QWidget;
+  auto* column = new QVBoxLayout(page);
+  column->setContentsMargins({});
+  tabs_->addTab(page, title);
+  waiting_.push_back([this, column, &controls, makePage = std::move(makePage)] {
+    column->addWidget(makePage());
+    bindings_.Add(controls);
+  });
+}
+
+void ProgramWindow::MakeWhatWaits() {
+  for (const auto& make : std::exchange(waiting_, {})) make();
 }
 
 void ProgramWindow::FollowForm() {
@@ -70,7 +91,10 @@ void ProgramWindow::FollowForm() {
     raise();
     activateWindow();
   }));
-  connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) { screen_.Window.CurrentTab = tab; });
+  connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
+    MakeWhatWaits();
+    screen_.Window.CurrentTab = tab;
+  });
 }
 
 // Inside what the desktop's own bars leave free.
@@ -93,6 +117,7 @@ void ProgramWindow::ApplyState() {
 }
 
 void ProgramWindow::ApplyHourglass() {
+  if (!waiting_.empty()) return;
   if (screen_.Window.Hourglass)
     setCursor(Qt::WaitCursor);
   else
@@ -107,6 +132,11 @@ void ProgramWindow::BringToView(QWidget& widget) {
 void ProgramWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
   quit_();
+}
+
+void ProgramWindow::paintEvent(QPaintEvent* event) {
+  QWidget::paintEvent(event);
+  if (!waiting_.empty()) QTimer::singleShot(0, this, [this] { MakeWhatWaits(); });
 }
 
 void ProgramWindow::changeEvent(QEvent* event) {

@@ -3,7 +3,6 @@
 
 #include <QWidget>
 #include <functional>
-#include <memory>
 #include <vector>
 
 #include "controls/screen.h"
@@ -19,16 +18,19 @@ class ProgramWindow final : public QWidget {
  public:
   // Shown when the program asks for it. Closing it calls `quit` and leaves it open: the program ends first.
   ProgramWindow(Screen& screen, std::function<void()> quit);
-  ~ProgramWindow() override;
 
-  const ControlBindings& Bindings() const { return *bindings_; }
+  // Complete once the window was painted for the first time.
+  const ControlBindings& Bindings() const { return bindings_; }
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
 
  private:
   void AddPages();
+  void AddLater(const char* title, const ControlList& controls, std::function<QWidget*()> makePage);
+  void MakeWhatWaits();
   void FollowForm();
   void ShowFitting();
   void ApplyState();
@@ -38,7 +40,8 @@ class ProgramWindow final : public QWidget {
   Screen& screen_;
   std::function<void()> quit_;
   QTabWidget* tabs_;
-  std::unique_ptr<ControlBindings> bindings_;
+  ControlBindings bindings_;
+  std::vector<std::function<void()>> waiting_;  // for the first painting: it comes sooner without them
   std::vector<Watch> watches_;
 };
 

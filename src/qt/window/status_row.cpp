@@ -1,8 +1,10 @@
 #include "qt/window/status_row.h"
 
 #include <QHBoxLayout>
+#include <QPainter>
 #include <QPushButton>
 #include <QStyle>
+#include <QStyleOption>
 #include <QVBoxLayout>
 
 #include "qt/window/elided_label.h"
@@ -24,10 +26,24 @@ QLabel* MakeWarning(const char* name) {
   return label;
 }
 
+// Painted by the style: an icon of that name would be looked for in every icon theme of the machine.
+QPixmap ArrowDown(const QWidget& widget) {
+  const int size = widget.style()->pixelMetric(QStyle::PM_SmallIconSize);
+  const auto ratio = widget.devicePixelRatioF();
+  QPixmap picture(QSize(size, size) * ratio);
+  picture.setDevicePixelRatio(ratio);
+  picture.fill(Qt::transparent);
+  QPainter painter(&picture);
+  QStyleOption option;
+  option.initFrom(&widget);
+  option.rect = {0, 0, size, size};
+  widget.style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter);
+  return picture;
+}
+
 QLabel* MakeDownloadPicture() {
   auto* picture = Named("picDownload", new QLabel);
-  const int size = picture->style()->pixelMetric(QStyle::PM_SmallIconSize);
-  picture->setPixmap(picture->style()->standardIcon(QStyle::SP_ArrowDown).pixmap(size));
+  picture->setPixmap(ArrowDown(*picture));
   picture->setToolTip("A page is being read");
   return picture;
 }
