@@ -42,6 +42,12 @@ TEST(LineDifference, EqualLinesInEqualOrderStay) {
   EXPECT_EQ(FindLineDifference(twins, {"a", "a", "a", "b", "a"}).Added.size(), 1u);
 }
 
+TEST(LineDifference, AFirstLineThatMovedAwayDoesNotTakeTheOthersAlong) {
+  const auto difference = FindLineDifference({"d", "c", "b", "a"}, {"c", "b", "a", "d"});
+  EXPECT_EQ(difference.Removed, (std::vector<LineRun>{{0, 1}}));
+  EXPECT_EQ(difference.Added, (std::vector<LineRun>{{3, 1}}));
+}
+
 TEST(LineDifference, TheOldLinesWithTheDifferenceAreTheNewLines) {
   const Lines alphabet{"a", "b", "c", "d", "e"};
   std::mt19937 random(7);

@@ -14,9 +14,11 @@ namespace {
 
 using Position = std::vector<std::string>::difference_type;
 
+// A line has at most as many characters as bytes, so that few lines need counting.
 std::size_t LongestOf(const std::vector<std::string_view>& lines) {
   std::size_t longest = 0;
-  for (const auto line : lines) longest = std::max(longest, CharacterCount(line));
+  for (const auto line : lines)
+    if (line.size() > longest) longest = std::max(longest, CharacterCount(line));
   return longest;
 }
 
