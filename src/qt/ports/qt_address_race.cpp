@@ -27,6 +27,12 @@ QList<QHostAddress> InTurn(const QList<QHostAddress>& addresses) {
   return inTurn;
 }
 
+// An address is not looked up: the toolkit would ask for its name, which takes long where nobody answers.
+QList<QHostAddress> AddressIn(const QString& host) {
+  const QHostAddress address(host);
+  return address.isNull() ? QList<QHostAddress>() : QList{address};
+}
+
 std::int32_t NumberOf(QAbstractSocket::SocketError error) {
   switch (error) {
     case QAbstractSocket::ConnectionRefusedError: return 10061;
@@ -52,17 +58,21 @@ SocketError DescribeSocketError(QAbstractSocket::SocketError error, const QStrin
 }
 
 QtAddressRace::QtAddressRace(std::string_view host, std::int32_t port, Outcome outcome)
-    : source_(ToQString(host) + u':' + QString::number(port)),
-      port_(static_cast<quint16>(port)),
-      outcome_(std::move(outcome)),
-      lookup_(
-          QHostInfo::lookupHost(ToQString(host), this, [this](const QHostInfo& info) { Resolved(info); })) {
+    : QtAddressRace(AddressIn(ToQString(host)), port, std::move(outcome)) {
+  source_ = ToQString(host) + u':' + QString::number(port);
+  if (addresses_.isEmpty())
+    lookup_ = QHostInfo::lookupHost(ToQString(host), this, [this](const QHostInfo& info) { Resolved(info); });
+}
+
+QtAddressRace::QtAddressRace(const QList<QHostAddress>& addresses, std::int32_t port, Outcome outcome)
+    : port_(static_cast<quint16>(port)), outcome_(std::move(outcome)), addresses_(InTurn(addresses)) {
   nextTry_.setSingleShot(true);
   nextTry_.callOnTimeout([this] { TryNextAddress(); });
+  if (!addresses_.isEmpty()) nextTry_.start(0);
 }
 
 QtAddressRace::~QtAddressRace() {
-  QHostInfo::abortHostLookup(lookup_);
+  if (lookup_) QHostInfo::abortHostLookup(*lookup_);
 }
 
 void QtAddressRace::Resolved(const QHostInfo& info) {

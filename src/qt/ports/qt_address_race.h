@@ -10,6 +10,7 @@
 #include <QTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string_view>
 #include <vector>
 
@@ -33,6 +34,9 @@ class QtAddressRace final : public QObject {
   // Resolves the name in the background and starts. Exactly one outcome is called, from the event queue, and
   // may end the race. The race's end before that gives up without a word.
   QtAddressRace(std::string_view host, std::int32_t port, Outcome outcome);
+
+  // The same for addresses that are known, at least one, best first.
+  QtAddressRace(const QList<QHostAddress>& addresses, std::int32_t port, Outcome outcome);
   ~QtAddressRace() override;
 
   QtAddressRace(const QtAddressRace&) = delete;
@@ -49,8 +53,8 @@ class QtAddressRace final : public QObject {
   QString source_;
   quint16 port_;
   Outcome outcome_;
-  int lookup_;
   QList<QHostAddress> addresses_;  // not tried yet, in the order in which they will be
+  std::optional<int> lookup_;      // of a name that is being resolved
   std::vector<SocketPointer> runners_;
   QTimer nextTry_;
 };
