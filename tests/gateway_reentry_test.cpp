@@ -101,7 +101,7 @@ TEST(GatewayReentry, QuittingEndsTheWaitAndPostsNothingMore) {
     Instant quit{};
     story.RunWithIntruder(yield, [&] {
       story.World.ShuttingDown = true;
-      story.TheGateway.Transfer.CancelForgotten();
+      story.TheGateway.Transfer.CancelUnanswered();
       postsAtQuit = story.Http.Requests.size();
       quit = story.Time.Now();
     });
@@ -126,7 +126,7 @@ TEST(GatewayReentry, QuittingEndsAForgottenTransfer) {
   story.Process({story.SkimmerSpot("G4ABC", "14.062")});
   EXPECT_EQ(story.Message, "Submission timed out.");
   EXPECT_EQ(story.Http.Cancelled, 0);
-  story.TheGateway.Transfer.CancelForgotten();
+  story.TheGateway.Transfer.CancelUnanswered();
   EXPECT_EQ(story.Http.Cancelled, 1);
 }
 

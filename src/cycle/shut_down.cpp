@@ -10,7 +10,7 @@ namespace brelwin {
 void Form_QueryUnload(MainWindow& window) {
   if (window.World.ShuttingDown) return;
   window.World.ShuttingDown = true;
-  window.SpotGateway.Transfer.CancelForgotten();
+  window.SpotGateway.Transfer.CancelUnanswered();
   LogEvent(window.World, "");
   LogEvent(window.World, "Form_QueryUnload");
 }

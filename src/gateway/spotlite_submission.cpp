@@ -29,16 +29,15 @@ SubmissionResult NotSent(Host& host, const FormCheck& check) {
   return result;
 }
 
+// Quitting ends the transfer, so the waiting may be over without an outcome.
 void WaitForAnswer(Host& host, SpotliteTransfer& transfer, TransferState& state, std::int32_t seconds) {
   const auto deadline = host.Time.Now() + std::chrono::seconds(seconds);
-  switch (WaitUntil(
-      host, [&] { return !state.SendInProgress; }, deadline)) {
-    case WaitResult::Done: return;
-    case WaitResult::TimedOut: state.TransferStatus = TransferTimedOut; return;
-    case WaitResult::ShuttingDown: break;
-  }
-  transfer.Cancel();
-  LogEvent(host, "SendSpotToSotawatch - The program is ending, the answer is not waited for.");
+  const auto result = WaitUntil(
+      host, [&] { return !state.SendInProgress; }, deadline);
+  if (result == WaitResult::TimedOut) state.TransferStatus = TransferTimedOut;
+  if (result == WaitResult::ShuttingDown) transfer.Cancel();
+  if (state.TransferStatus == TransferPending && host.ShuttingDown)
+    LogEvent(host, "SendSpotToSotawatch - The program is ending, the answer is not waited for.");
 }
 
 // The password is written as it was posted, so the file is for its owner only.

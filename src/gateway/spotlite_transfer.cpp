@@ -43,8 +43,8 @@ void SpotliteTransfer::Cancel() {
   host_.Http.Cancel();
 }
 
-void SpotliteTransfer::CancelForgotten() {
-  if (!SendInProgress()) Cancel();
+void SpotliteTransfer::CancelUnanswered() {
+  if (latest_->LastInternetState != HttpStateCompleted) Cancel();
 }
 
 void SpotliteTransfer::StateChanged(std::int16_t state) {

@@ -48,9 +48,9 @@ class SpotliteTransfer {
   // Ends the transfer; what has not been sent is not sent.
   void Cancel();
 
-  // Ends a transfer that nobody waits for, so that nothing is posted behind a user who has asked to quit. One
-  // that is waited for ends by its own waiting, which still takes an answer that has arrived.
-  void CancelForgotten();
+  // Ends a transfer, waited for or not, whose answer has not arrived: nothing leaves the machine behind a
+  // user who has asked to quit. An answer that is there is still taken.
+  void CancelUnanswered();
 
  private:
   void StateChanged(std::int16_t state);
