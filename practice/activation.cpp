@@ -65,7 +65,12 @@ std::vector<ScriptedSpot> ScriptActivation(Random& random, string_view callsign,
   std::vector<ScriptedSpot> spots;
   for (auto bands = random.Between(1, 4); bands > 0; --bands) {
     MoveToAnotherBand(random, spot);
-    spots.push_back(FirstOfBand(random, spot, callsign));
+    spots.push_back(spot);
+    spots.back().IsSpotted = false;
+    if (!random.OneIn(3)) {
+      spot.Second += random.Between(0, 4 * Minute);
+      spots.push_back(FirstOfBand(random, spot, callsign));
+    }
     for (auto chasers = random.Between(0, 2); chasers > 0; --chasers) {
       spot.Second += random.Between(1 * Minute, 8 * Minute);
       spots.push_back(SpottedBy(random, spot, string(random.Pick(Chasers())), PickComment(random)));

@@ -63,7 +63,7 @@ Announcement Announce(Random& random, const ScriptedSpot& spot, const Playing& p
 void AnnounceDay(const Playing& playing, std::int64_t day, std::vector<Announcement>& announcements) {
   Random random(playing.Seed, static_cast<std::uint64_t>(day + 1000));
   std::map<std::pair<string, string>, bool> seen;  // station and summit: whether it was announced
-  for (const auto& spot : ScriptDay(playing.Seed, day)) {
+  for (const auto& spot : ScriptDay(playing.Seed, day, playing.Crowd)) {
     const auto [activation, isNew] = seen.try_emplace({spot.Station, spot.Summit}, !random.OneIn(4));
     if (!activation->second) continue;
     if (isNew)

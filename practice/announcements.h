@@ -1,6 +1,7 @@
 // Which activations of the script were announced beforehand, and the page that lists them.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <vector>
@@ -21,6 +22,7 @@ struct Playing {
   std::uint64_t Seed = 1;
   double Speed = 1;
   std::int64_t Origin = 0;
+  std::size_t Crowd = 0;  // operators beside the usual ones
 };
 
 // The announcements from an hour ago on, for today's and the coming days' activations, in the order of time.

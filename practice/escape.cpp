@@ -1,6 +1,7 @@
 #include "escape.h"
 
 #include <algorithm>
+#include <charconv>
 
 namespace practice {
 namespace {
@@ -61,6 +62,21 @@ string WithNamedEntities(string_view text) {
   return result;
 }
 
+// How many bytes the character at the front has; 0 for what is no UTF-8.
+std::size_t SequenceLength(string_view text) {
+  const auto lead = static_cast<unsigned char>(text.front());
+  if (lead < 0x80) return 1;
+  const std::size_t length = lead >= 0xc2 && lead < 0xe0   ? 2
+                             : (lead & 0xf0) == 0xe0       ? 3
+                             : lead >= 0xf0 && lead < 0xf5 ? 4
+                                                           : 0;
+  if (length == 0 || text.size() < length) return 0;
+  const auto rest = text.substr(1, length - 1);
+  return std::ranges::all_of(rest, [](char c) { return (static_cast<unsigned char>(c) & 0xc0) == 0x80; })
+             ? length
+             : 0;
+}
+
 string JsonCharacter(unsigned number) {
   if (number == '"' || number == '\\') return {'\\', static_cast<char>(number)};
   if (number >= ' ' && number < 0x7f) return {static_cast<char>(number)};
@@ -86,11 +102,33 @@ string JsonString(string_view text) {
   return result + '"';
 }
 
-string OneLine(string_view text) {
-  string result;
-  for (const char c : text) {
+bool IsUtf8(string_view text) {
+  while (!text.empty()) {
+    const auto length = SequenceLength(text);
+    if (length == 0) return false;
+    text.remove_prefix(length);
+  }
+  return true;
+}
+
+string ByteCharacters(string_view bytes) {
+  string text;
+  for (const char c : bytes) {
     const auto byte = static_cast<unsigned char>(c);
-    result += byte < ' ' || byte == 0x7f ? "\\x" + Hexadecimal(byte, 2) : string{c};
+    if (byte >= 0x80) text += static_cast<char>(0xc0 | (byte >> 6));
+    text += static_cast<char>(byte < 0x80 ? byte : 0x80 | (byte & 0x3f));
+  }
+  return text;
+}
+
+string PercentDecoded(string_view text) {
+  string result;
+  while (!text.empty()) {
+    unsigned code = 0;
+    const bool isCode = text[0] == '%' && text.size() > 2 &&
+                        std::from_chars(text.data() + 1, text.data() + 3, code, 16).ptr == text.data() + 3;
+    result += isCode ? static_cast<char>(code) : text[0] == '+' ? ' ' : text[0];
+    text.remove_prefix(isCode ? 3 : 1);
   }
   return result;
 }

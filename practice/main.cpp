@@ -45,9 +45,11 @@ int Run(const practice::Options& options) {
 
   const auto start = std::chrono::system_clock::now().time_since_epoch();
   const practice::Playing playing{options.Seed, options.Speed,
-                                  std::chrono::duration_cast<std::chrono::seconds>(start).count()};
-  practice::SharedFeed feed(practice::Feed(playing.Seed, playing.Speed, playing.Origin));
-  practice::WebServer server(feed, ledger, playing);
+                                  std::chrono::duration_cast<std::chrono::seconds>(start).count(),
+                                  options.Crowd};
+  practice::SharedFeed feed(practice::Feed(playing.Seed, playing.Speed, playing.Origin, playing.Crowd));
+  practice::Site site(feed, ledger, {playing, options.Form, options.PageTroubles});
+  practice::WebServer server(site);
   practice::TelnetServer stream(feed, ledger, options.Seed, options.Stream);
   const int port = server.Bind(options.Port);
   if (port == 0) return Fail("cannot listen on port " + std::to_string(options.Port));

@@ -1,6 +1,7 @@
 #include "options.h"
 
 #include <charconv>
+#include <utility>
 
 namespace practice {
 namespace {
@@ -23,6 +24,18 @@ bool ReadFault(string_view name, Fault& fault) {
   return known.has_value();
 }
 
+bool ReadMix(string_view text, SpotliteMix& mix) {
+  auto known = ReadSpotliteMix(text);
+  if (known) mix = std::move(*known);
+  return known.has_value();
+}
+
+bool ReadFormOption(string_view name, string_view value, SpotliteOptions& options) {
+  if (name == "--spotlite") return ReadMix(value, options.Mix);
+  if (name == "--spotlite-wait") return ReadNumber(value, 0.0, 600.0, options.SecondsOfWait);
+  return name == "--spot-lag" && ReadNumber(value, 0.0, 1e6, options.SecondsOfLag);
+}
+
 bool ReadOption(string_view name, string_view value, Options& options) {
   if (name == "--port") return ReadNumber(value, 0, 65535, options.Port);
   if (name == "--seed") return ReadNumber<std::uint64_t>(value, 0, UINT64_MAX, options.Seed);
@@ -31,6 +44,9 @@ bool ReadOption(string_view name, string_view value, Options& options) {
   if (name == "--lines") return ReadNumber(value, 0.01, 100000.0, options.Stream.LinesPerSecond);
   if (name == "--fault-after") return ReadNumber(value, 0.0, 1e6, options.Stream.SecondsUntilTrouble);
   if (name == "--fault") return ReadFault(value, options.Stream.Trouble);
+  if (name == "--crowd") return ReadNumber<std::size_t>(value, 0, 5000, options.Crowd);
+  if (name == "--page-troubles") return ReadNumber(value, 0, 1000, options.PageTroubles);
+  if (name.starts_with("--spot")) return ReadFormOption(name, value, options.Form);
   if (name != "--ledger" || value.empty()) return false;
   options.LedgerFile = value;
   return true;

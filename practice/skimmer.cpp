@@ -24,6 +24,9 @@ constexpr std::array<string_view, 3> Notices{
     "WWV de W0MU <18Z> :   SFI=150, A=8, K=2, No Storms -> No Storms\r\n",
     "To ALL de VE7CC: maintenance tonight at 0300Z\a\a\r\n", "\a\r\n"};
 
+// How far from the activator's channel skimmers hear it, in units of 100 Hz.
+constexpr std::array<std::int64_t, 14> Offsets{0, 0, 0, 0, 0, 0, 1, 1, -1, 5, 9, 10, -10, 15};
+
 struct Heard {
   string_view Skimmer;
   string Kilohertz;
@@ -65,15 +68,26 @@ std::int64_t HundredHertz(const string& megahertz) {
   return static_cast<std::int64_t>(std::strtod(megahertz.c_str(), nullptr) * 10000 + 0.5);
 }
 
+// The operator, or the one beside him where there are two.
+string StationOf(const ScriptedSpot& spot, bool second) {
+  constexpr string_view And = " AND ";
+  const auto at = spot.Station.find(And);
+  if (at == string::npos) return spot.Station;
+  return second ? spot.Station.substr(at + And.size()) : spot.Station.substr(0, at);
+}
+
 }  // namespace
 
 string Skimmers::ActivatorLine(const PublishedSpot& spot, std::int64_t now) {
   Heard heard;
   heard.Skimmer = random_.Pick(SkimmerTable);
-  heard.Kilohertz = KilohertzText(HundredHertz(spot.What.Frequency) + random_.Between(0, 1));
-  heard.Station = spot.What.Station.substr(0, spot.What.Station.find(' '));
-  heard.SignalToNoise = static_cast<int>(random_.Between(3, 40));
-  heard.Speed = static_cast<int>(random_.Between(12, 26));
+  heard.Kilohertz = KilohertzText(HundredHertz(spot.What.Frequency) + random_.Pick(Offsets));
+  if (random_.OneIn(6)) heard.Kilohertz += static_cast<char>('0' + random_.Between(0, 9));
+  heard.Station = StationOf(spot.What, random_.OneIn(3));
+  heard.SignalToNoise = random_.OneIn(40) ? 0 : static_cast<int>(random_.Between(3, 40));
+  heard.Speed = random_.OneIn(40) ? 0 : static_cast<int>(random_.Between(12, 26));
+  if (random_.OneIn(20)) heard.Type = random_.OneIn(2) ? "DX" : "BEACON";
+  if (random_.OneIn(40)) heard.Mode = "RTTY";
   return Line(heard, now);
 }
 
@@ -99,11 +113,11 @@ string Skimmers::Notice() {
   return string(random_.Pick(Notices));
 }
 
-string Skimmers::NextLine(const std::vector<PublishedSpot>& newest, std::int64_t now) {
+string Skimmers::NextLine(const std::vector<PublishedSpot>& onTheAir, std::int64_t now) {
   if (random_.OneIn(60)) return Notice();
   if (!random_.OneIn(5)) return OtherLine(now);
   std::vector<PublishedSpot> heard;
-  std::ranges::copy_if(newest, std::back_inserter(heard), [now](const PublishedSpot& spot) {
+  std::ranges::copy_if(onTheAir, std::back_inserter(heard), [now](const PublishedSpot& spot) {
     return spot.What.Mode == "CW" && now - spot.Time < LongestOnOneFrequency;
   });
   return heard.empty() ? OtherLine(now) : ActivatorLine(random_.Pick(heard), now);

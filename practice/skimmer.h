@@ -15,9 +15,9 @@ class Skimmers {
  public:
   explicit Skimmers(std::uint64_t seed) : random_(seed, 77) {}
 
-  // The next line of the stream, with its line end, given the newest spots of the feed. Most lines are of
+  // The next line of the stream, with its line end, given who has come on the air last. Most lines are of
   // stations of no interest; now and then one is not about a station at all.
-  std::string NextLine(const std::vector<PublishedSpot>& newest, std::int64_t now);
+  std::string NextLine(const std::vector<PublishedSpot>& onTheAir, std::int64_t now);
 
  private:
   std::string ActivatorLine(const PublishedSpot& spot, std::int64_t now);

@@ -105,11 +105,25 @@ struct TelnetServer::Implementation {
   std::list<int> Clients;
   std::list<std::thread> Serving;
 
+  std::int64_t Accepted = 0;
+
+  struct Client {
+    int Socket;
+    std::int64_t Number;  // of the connection, from 1
+  };
+
+  // What was sent of a line, and how the connection ended over it; empty when it goes on.
+  struct Delivery {
+    string Text;
+    string_view Ending;
+  };
+
   void Accept();
-  void Serve(int client);
-  void Converse(int client);
-  void Stream(int client, Skimmers& skimmers);
-  bool Trouble(int client, const string& line);
+  void Serve(Client client);
+  string_view Converse(Client client);
+  string_view Stream(Client client, Skimmers& skimmers);
+  static Delivery Sent(bool done, const string& text);
+  Delivery Trouble(int client, const string& line) const;
   bool Pause(double seconds) const;
 };
 
@@ -128,62 +142,74 @@ void TelnetServer::Implementation::Accept() {
     if (client < 0) continue;
     const std::scoped_lock lock(Mutex);
     Clients.push_back(client);
-    Serving.emplace_back([this, client] { Serve(client); });
+    Serving.emplace_back([this, accepted = Client{client, ++Accepted}] { Serve(accepted); });
   }
 }
 
-void TelnetServer::Implementation::Serve(int client) {
-  Book.Write("received", "telnet connection");
-  Converse(client);
-  Book.Write("served", "telnet connection ended");
+void TelnetServer::Implementation::Serve(Client client) {
+  Book.Write(Record("open").Number("connection", client.Number));
+  const auto how = Converse(client);
+  Book.Write(Record("close").Number("connection", client.Number).Text("how", how));
   const std::scoped_lock lock(Mutex);
-  Clients.remove(client);
-  close(client);
+  Clients.remove(client.Socket);
+  close(client.Socket);
 }
 
-void TelnetServer::Implementation::Converse(int client) {
+// Returns how the conversation ended.
+string_view TelnetServer::Implementation::Converse(Client client) {
   if (Options.Trouble == Fault::NoPrompt) {
-    ReceiveLine(client);
-    return;
+    ReceiveLine(client.Socket);
+    return "without login";
   }
-  if (!Send(client, "Please enter your callsign: ")) return;
-  const auto callsign = ReceiveLine(client);
-  if (callsign.empty()) return;
-  Book.Write("received", "telnet login " + callsign);
-  if (!Send(client, "\r\nHello, " + callsign + "! Connected.\r\nLocal users: 208\r\n\r\n")) return;
-  Skimmers skimmers(Seed);
-  Stream(client, skimmers);
+  if (!Send(client.Socket, "Please enter your callsign: ")) return "peer";
+  const auto callsign = ReceiveLine(client.Socket);
+  if (callsign.empty()) return "peer";
+  Book.Write(Record("login").Number("connection", client.Number).Text("callsign", callsign));
+  if (!Send(client.Socket, "\r\nHello, " + callsign + "! Connected.\r\nLocal users: 208\r\n\r\n"))
+    return "peer";
+  Skimmers skimmers(Seed + static_cast<std::uint64_t>(client.Number));
+  return Stream(client, skimmers);
 }
 
-void TelnetServer::Implementation::Stream(int client, Skimmers& skimmers) {
+string_view TelnetServer::Implementation::Stream(Client client, Skimmers& skimmers) {
   const auto trouble = Clock::now() + std::chrono::duration_cast<Clock::duration>(
                                           std::chrono::duration<double>(Options.SecondsUntilTrouble));
   double due = 0;  // lines that are owed; a fast stream sends several at a time
   const double pause = std::max(0.02, 1 / Options.LinesPerSecond);
   while (Pause(pause)) {
     for (due += Options.LinesPerSecond * pause; due >= 1; --due) {
-      const auto line = skimmers.NextLine(Spots.Newest(Now(), SpotsInTheAir), Now());
+      const auto line = skimmers.NextLine(Spots.OnTheAir(Now(), SpotsInTheAir), Now());
       const bool isTroubled = Options.Trouble != Fault::None && Clock::now() >= trouble;
-      if (isTroubled ? !Trouble(client, line) : !Send(client, line)) return;
-      Book.Write("served", "telnet " + line);
+      const auto delivery = isTroubled ? Trouble(client.Socket, line) : Sent(Send(client.Socket, line), line);
+      Book.Write(Record(delivery.Ending.empty() ? "line" : "lost")
+                     .Number("connection", client.Number)
+                     .Text("text", delivery.Ending.empty() ? delivery.Text : line));
+      if (!delivery.Ending.empty()) return delivery.Ending;
     }
   }
+  return "stop";
 }
 
-// Sends the line in the troubled way; false when the connection is to end.
-bool TelnetServer::Implementation::Trouble(int client, const string& line) {
+TelnetServer::Implementation::Delivery TelnetServer::Implementation::Sent(bool done, const string& text) {
+  return {text, done ? "" : "peer"};
+}
+
+// Sends the line in the troubled way.
+TelnetServer::Implementation::Delivery TelnetServer::Implementation::Trouble(int client,
+                                                                             const string& line) const {
   const auto half = line.size() / 2;
+  const auto garbled = "\xFF\xFB\x01\x80 DX de \x07\x1B\xC3(" + line;
   switch (Options.Trouble) {
     case Fault::None:
     case Fault::NoPrompt: break;
-    case Fault::Cut: Send(client, line.substr(0, half)); return false;
-    case Fault::Reset: ResetOnClose(client); return false;
-    case Fault::Stall: return Pause(3600) && false;
-    case Fault::Garbage: return Send(client, "\xFF\xFB\x01\x80 DX de \x07\x1B\xC3(" + line);
+    case Fault::Cut: Send(client, line.substr(0, half)); return {{}, "cut"};
+    case Fault::Reset: ResetOnClose(client); return {{}, "reset"};
+    case Fault::Stall: Pause(3600); return {{}, "stall"};
+    case Fault::Garbage: return Sent(Send(client, garbled), garbled);
     case Fault::Half:
-      return Send(client, line.substr(0, half)) && Pause(0.3) && Send(client, line.substr(half));
+      return Sent(Send(client, line.substr(0, half)) && Pause(0.3) && Send(client, line.substr(half)), line);
   }
-  return Send(client, line);
+  return Sent(Send(client, line), line);
 }
 
 TelnetServer::TelnetServer(SharedFeed& feed, Ledger& ledger, std::uint64_t seed, StreamOptions options)

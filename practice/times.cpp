@@ -1,6 +1,7 @@
 #include "times.h"
 
 #include <array>
+#include <chrono>
 #include <string_view>
 
 namespace practice {
@@ -68,14 +69,6 @@ string DayHeading(std::int64_t time) {
   return string(FullDays.at(std::chrono::weekday(day).c_encoding())) + ' ' + std::to_string(number) +
          OrdinalSuffix(number) + ' ' + string(FullMonths.at(static_cast<unsigned>(date.month()) - 1)) + ' ' +
          std::to_string(static_cast<int>(date.year()));
-}
-
-string LedgerTime(std::chrono::system_clock::time_point time) {
-  const auto rounded = std::chrono::floor<std::chrono::milliseconds>(time);
-  const std::chrono::year_month_day date(std::chrono::floor<std::chrono::days>(rounded));
-  return Padded(static_cast<int>(date.year()), 4) + '-' + Padded(static_cast<unsigned>(date.month()), 2) +
-         '-' + Padded(static_cast<unsigned>(date.day()), 2) + 'T' + TimeOfDay(rounded) + '.' +
-         Padded(rounded.time_since_epoch().count() % 1000, 3) + 'Z';
 }
 
 }  // namespace practice

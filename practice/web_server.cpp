@@ -4,11 +4,8 @@
 #include <sys/socket.h>
 
 #include <atomic>
-#include <charconv>
 #include <chrono>
 #include <thread>
-
-#include "pages.h"
 
 namespace practice {
 namespace {
@@ -17,29 +14,14 @@ using httplib::Request;
 using httplib::Response;
 using std::string;
 
-constexpr std::size_t ItemsOfAPage = 100;
-
 std::int64_t Now() {
   return std::chrono::duration_cast<std::chrono::seconds>(std::chrono::system_clock::now().time_since_epoch())
       .count();
 }
 
-std::int64_t NumberOr0(const string& text) {
-  std::int64_t number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
-
-string BaseAddress(const Request& request) {
-  return "http://" + request.get_header_value("Host");
-}
-
-void AnswerHtml(Response& response, const string& page) {
-  response.set_content(page, "text/html; charset=utf-8");
-}
-
-string Summary(const Request& request) {
-  return request.method + " " + request.target + " agent=\"" + request.get_header_value("User-Agent") + "\"";
+Asked AskedBy(const Request& request) {
+  return {request.method, request.target, request.body, request.get_header_value("User-Agent"),
+          "http://" + request.get_header_value("Host")};
 }
 
 // The library's own options would let a second network share the port.
@@ -48,65 +30,68 @@ void KeepThePortToOurselves(int socket) {
   setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
 }
 
+bool ComesAtOnce(const Reply& page) {
+  return page.PieceSize == 0 && !page.CutAt;
+}
+
 }  // namespace
 
 struct WebServer::Implementation {
-  Implementation(SharedFeed& theFeed, Ledger& theLedger, Playing thePlaying)
-      : feed(theFeed), ledger(theLedger), playing(thePlaying) {
+  explicit Implementation(Site& theSite) : site(theSite) {
     server.set_socket_options(KeepThePortToOurselves);
     server.set_keep_alive_timeout(1);
-    // Before the answer leaves, so that whoever has it finds it in the ledger.
-    server.set_post_routing_handler([this](const Request& request, Response& response) {
-      if (!request.body.empty()) ledger.Write("received", "body " + request.body);
-      ledger.Write("served", std::to_string(response.status) + " " + request.target + " " +
-                                 std::to_string(response.body.size()) + " bytes " +
-                                 response.get_header_value("X-Newest"));
-    });
-    server.set_pre_routing_handler([this](const Request& request, Response&) {
-      ledger.Write("received", Summary(request));
-      return httplib::Server::HandlerResponse::Unhandled;
-    });
-    AddPages();
+    const auto answer = [this](const Request& request, Response& response) { Answer(request, response); };
+    server.Get(".*", answer);
+    server.Post(".*", answer);
   }
 
-  void AddPages() {
-    server.Get("/RssFeed", [this](const Request& request, Response& response) {
-      const auto spots = Newest(response);
-      response.set_content(RssPage(spots, Now(), BaseAddress(request)), "application/rss+xml; charset=utf-8");
-    });
-    server.Get("/search.json", [this](const Request& request, Response& response) {
-      const auto since = NumberOr0(request.get_param_value("since_id"));
-      response.set_content(SearchPage(Newest(response), since), "application/json; charset=utf-8");
-    });
-    server.Get("/alerts.php", [this](const Request&, Response& response) {
-      AnswerHtml(response, AlertsPage(Announcements(playing, Now())));
-    });
-    server.Get("/summits.php", [](const Request& request, Response& response) {
-      AnswerHtml(response, SummitPage(request.get_param_value("summit")));
-    });
-    // What is posted to nobody is still read, and so stands in the ledger.
-    server.Post(".*", [](const Request&, Response& response) { response.status = 404; });
-    server.Get("/db/(.+)", [](const Request& request, Response& response) {
-      AnswerHtml(response, OperatorPage(request.matches[1].str()));
-    });
+  void Answer(const Request& request, Response& response) {
+    auto exchange = std::make_shared<Exchange>(site.Answer(AskedBy(request), Now()));
+    auto& page = exchange->Page;
+    if (!Pause(page.Wait)) return;
+    if (page.Status == 0) page = {.CutAt = 0};  // the nearest that the library can do to no answer
+    response.status = page.Status;
+    if (!page.Location.empty()) response.set_header("Location", page.Location);
+    if (ComesAtOnce(page)) {
+      // Before the answer leaves, so that whoever has it finds it in the ledger.
+      site.Sent(*exchange);
+      response.set_content(page.Body, page.Type);
+    } else {
+      response.set_content_provider(
+          std::max<std::size_t>(1, page.Body.size()), page.Type,
+          [this, exchange](std::size_t offset, std::size_t, httplib::DataSink& sink) {
+            return SendPiece(*exchange, offset, sink);
+          });
+    }
   }
 
-  // The newest spots; a header names the first of them, for the ledger and for a person with a browser.
-  std::vector<PublishedSpot> Newest(Response& response) {
-    auto spots = feed.Newest(Now(), ItemsOfAPage);
-    if (!spots.empty()) response.set_header("X-Newest", TitleOf(spots.front().What));
-    return spots;
+  // False ends the connection.
+  bool SendPiece(const Exchange& exchange, std::size_t offset, httplib::DataSink& sink) {
+    const auto body = exchange.Page.SentBody();
+    const auto piece = body.substr(std::min(offset, body.size()), exchange.Page.SizeOfPiece());
+    const bool isWanted = offset == 0 || Pause(exchange.Page.PieceGap);
+    const bool isLast = offset + piece.size() >= body.size();
+    if (isLast || !isWanted) site.Sent(exchange, isWanted);
+    if (!piece.empty() && !sink.write(piece.data(), piece.size())) return false;
+    return isWanted && !(isLast && exchange.Page.CutAt);
   }
 
-  SharedFeed& feed;
-  Ledger& ledger;
-  Playing playing;
+  // Waits, but not longer than until the server stops; then false.
+  bool Pause(std::int64_t milliseconds) const {
+    const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(milliseconds);
+    while (!stopping && std::chrono::steady_clock::now() < end)
+      std::this_thread::sleep_until(
+          std::min(end, std::chrono::steady_clock::now() + std::chrono::milliseconds(50)));
+    return !stopping;
+  }
+
+  Site& site;
   httplib::Server server;
+  std::atomic<bool> stopping = false;
   std::atomic<bool> ended = false;
 };
 
-WebServer::WebServer(SharedFeed& feed, Ledger& ledger, Playing playing)
-    : implementation_(std::make_unique<Implementation>(feed, ledger, playing)) {}
+WebServer::WebServer(Site& site) : implementation_(std::make_unique<Implementation>(site)) {}
 WebServer::~WebServer() = default;
 
 int WebServer::Bind(int port) {
@@ -123,6 +108,7 @@ bool WebServer::Serve() {
 
 // The library forgets a stop that comes before it has begun to serve, so it is told until it has ended.
 void WebServer::Stop() {
+  implementation_->stopping = true;
   while (!implementation_->ended) {
     implementation_->server.stop();
     std::this_thread::sleep_for(std::chrono::milliseconds(5));

@@ -1,19 +1,16 @@
 // The web side of the practice network, on the loopback interface only.
 #pragma once
 
-#include <cstdint>
 #include <memory>
 
-#include "announcements.h"
-#include "feed.h"
-#include "ledger.h"
+#include "site.h"
 
 namespace practice {
 
 class WebServer {
  public:
-  // Feed and ledger must outlive the server.
-  WebServer(SharedFeed& feed, Ledger& ledger, Playing playing);
+  // The site must outlive the server.
+  explicit WebServer(Site& site);
   ~WebServer();
   WebServer(const WebServer&) = delete;
   WebServer& operator=(const WebServer&) = delete;

@@ -27,6 +27,9 @@ constexpr std::array<string_view, 21> OperatorTable{
 constexpr std::array<string_view, 12> ChaserTable{"M0ABC",  "G0XYZ",  "DL6ABC", "ON4XYZ", "PA3ABC", "EA7XYZ",
                                                   "IK4ABC", "SM5XYZ", "N1ABC",  "W4XYZ",  "VK2ABC", "HA5XY"};
 
+constexpr std::array<string_view, 11> CrowdPrefixes{"DL", "SP", "OK", "HB", "F", "ON",
+                                                    "PA", "SM", "EA", "K",  "W"};
+
 constexpr std::array BandPlanTable{
     BandPlan{"CW", 35200, 35600, 10},       BandPlan{"CW", 70300, 70380, 5},
     BandPlan{"CW", 101160, 101230, 5},      BandPlan{"CW", 140580, 140650, 5},
@@ -88,6 +91,17 @@ std::span<const string_view> Operators() {
 std::span<const string_view> Chasers() {
   return ChaserTable;
 }
+std::vector<std::string> CrowdCallsigns(std::size_t count) {
+  std::vector<std::string> callsigns;
+  for (std::size_t number = 0; callsigns.size() < count; ++number) {
+    auto callsign = std::string(CrowdPrefixes[number % CrowdPrefixes.size()]);
+    callsign += static_cast<char>('0' + number / 7 % 10);
+    for (auto letters = number; letters > 0; letters /= 26) callsign += static_cast<char>('A' + letters % 26);
+    callsigns.push_back(callsign + "QZ");
+  }
+  return callsigns;
+}
+
 std::span<const BandPlan> BandPlans() {
   return BandPlanTable;
 }

@@ -1,9 +1,12 @@
 // The cast and the stage of the practice network: summits, operators, chasers, bands and what people say.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace practice {
 
@@ -25,6 +28,10 @@ struct BandPlan {
 std::span<const Summit> Summits();
 std::span<const std::string_view> Operators();
 std::span<const std::string_view> Chasers();
+
+// The callsigns of so many more operators, none of them among the others.
+std::vector<std::string> CrowdCallsigns(std::size_t count);
+
 std::span<const BandPlan> BandPlans();
 
 // Comments as everybody writes them, and those that are hard on a reader: markup characters, quotes, the

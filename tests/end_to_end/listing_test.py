@@ -65,7 +65,8 @@ class Listing(unittest.TestCase):
         # The feed has moved on: it begins somewhere in what is shown, and goes on where that ends.
         begins = [at for at in range(len(shown)) if shown[at:] == feed[:len(shown) - at]]
         self.assertEqual(len(begins), 1, (shown, feed))
-        self.assertIn('received GET /RssFeed agent="VB OpenUrl"', self.workshop.ledger()[0])
+        first = self.workshop.ledger()[0]
+        self.assertEqual((first['method'], first['target'], first['agent']), ('GET', '/RssFeed', 'VB OpenUrl'))
 
     def test_the_search_feed_gives_the_same_spots(self) -> None:
         base, console = self.start('--seed', '5', '--speed', '0.01', rss=0)
@@ -73,7 +74,8 @@ class Listing(unittest.TestCase):
         self.assertEqual(stations(self.wait_for_spots(console, len(expected))), expected)
         time.sleep(2.5)  # two more checks: since_id keeps what was seen from coming again
         self.assertEqual(stations(console.out.lines), expected)
-        asked = re.findall(r'received GET /search.json\?\S*since_id=(\d*)', '\n'.join(self.workshop.ledger()))
+        asked = [entry['target'].rpartition('since_id=')[2] for entry in self.workshop.ledger()
+                 if entry['kind'] == 'asked' and entry['target'].startswith('/search.json')]
         self.assertIn(json.loads(fetch(base + '/search.json'))['results'][0]['id_str'], asked)
 
     def test_a_delay_is_counted_down_before_anything_is_fetched(self) -> None:

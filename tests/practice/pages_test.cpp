@@ -3,6 +3,7 @@
 
 #include "activation.h"
 #include "escape.h"
+#include "ledger.h"
 #include "options.h"
 #include "pages.h"
 #include "times.h"
@@ -26,16 +27,26 @@ TEST(PracticePages, WriteJsonInAscii) {
             R"("a\"b\\c\u000a\u00e9\u3042\ud83d\ude00")");
 }
 
+TEST(PracticePages, TakeTextOutOfFormsAndBytesAsTheyAre) {
+  EXPECT_EQ(PercentDecoded("a%20b+c%2F%zz%4"), "a b c/%zz%4");
+  EXPECT_TRUE(IsUtf8("a\xC3\xA9\xF0\x9F\x98\x80"));
+  for (const auto* bad : {"\xFF", "\xC3", "\xE2\x82", "\x80", "\xC3("}) EXPECT_FALSE(IsUtf8(bad)) << bad;
+  EXPECT_EQ(ByteCharacters("a\xFF\x80"), "a\xC3\xBF\xC2\x80");
+}
+
 TEST(PracticePages, KeepARecordOnOneLine) {
-  EXPECT_EQ(OneLine("a\r\nb\x7f\xC3\xA9"), "a\\x0d\\x0ab\\x7f\xC3\xA9");
+  Record record("line");
+  record.Number("connection", 3).Flag("whole", false).Text("text", "a\r\n\"").Text("raw", "\xFF");
+  record.Texts("fields", {{"a", "b"}, {"c", ""}});
+  EXPECT_EQ(record.Members(),
+            R"(,"kind":"line","connection":3,"whole":false,"text":"a\u000d\u000a\"","raw_bytes":"\u00ff",)"
+            R"("fields":{"a":"b","c":""})");
 }
 
 TEST(PracticePages, WriteTimesInEnglish) {
   EXPECT_EQ(RssTime(1795514400), "Tue, 24 Nov 2026 10:00:00 GMT");
   EXPECT_EQ(RssTime(1709251199), "Thu, 29 Feb 2024 23:59:59 GMT");
   EXPECT_EQ(SearchTime(1767225605), "Thu, 01 Jan 2026 00:00:05 +0000");
-  EXPECT_EQ(LedgerTime(std::chrono::system_clock::time_point(std::chrono::milliseconds(1795514400007))),
-            "2026-11-24T10:00:00.007Z");
 }
 
 TEST(PracticePages, WriteFrequenciesInMegahertz) {
@@ -77,9 +88,11 @@ TEST(PracticeOptions, AreReadOrRefused) {
   EXPECT_EQ(options->Speed, 0.5);
   EXPECT_EQ(options->LedgerFile, "a b");
   EXPECT_TRUE(ReadOptions(Arguments{}));
-  for (const auto& bad : {Arguments{"--port"}, Arguments{"--port", "65536"}, Arguments{"--port", "-1"},
-                          Arguments{"--speed", "0"}, Arguments{"--speed", "nan"}, Arguments{"--speed", "2x"},
-                          Arguments{"--ledger", ""}, Arguments{"--help", "1"}})
+  for (const auto& bad :
+       {Arguments{"--port"}, Arguments{"--port", "65536"}, Arguments{"--port", "-1"},
+        Arguments{"--speed", "0"}, Arguments{"--speed", "nan"}, Arguments{"--speed", "2x"},
+        Arguments{"--ledger", ""}, Arguments{"--help", "1"}, Arguments{"--spotlite", "late,"},
+        Arguments{"--spotlite", "late:0"}, Arguments{"--spotlite", "lately"}, Arguments{"--crowd", "-1"}})
     EXPECT_FALSE(ReadOptions(bad)) << bad.front();
 }
 

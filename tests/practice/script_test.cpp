@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <set>
 #include <sstream>
@@ -101,6 +102,30 @@ TEST(PracticeScript, AnOperatorIsOnOneSummitAtATime) {
     EXPECT_FALSE(left[callsign].contains(spot.Summit + std::to_string(spot.Second / 10800))) << TitleOf(spot);
     last[callsign] = spot;
   }
+}
+
+TEST(PracticeScript, SkimmersHearWhoIsNotSpottedAndAPostedSpotComesAmongTheOthersInTime) {
+  Feed feed(6, 1, Origin);
+  feed.Publish({.Station = "G4ABC", .Spotter = "Q1ZZZ"}, Origin + 600);
+  const auto isPosted = [](const PublishedSpot& spot) { return spot.What.Spotter == "Q1ZZZ"; };
+  EXPECT_TRUE(std::ranges::none_of(feed.Newest(Origin + 599, All), isPosted));
+  const auto spots = feed.Newest(Origin + 660, All);
+  const auto posted = std::ranges::find_if(spots, isPosted);
+  ASSERT_NE(posted, spots.end());
+  EXPECT_GE(posted->Time, Origin + 600);
+  EXPECT_TRUE(std::ranges::is_sorted(spots, std::greater(), &PublishedSpot::Time));
+
+  const auto heard = feed.OnTheAir(Origin + 660, All);
+  EXPECT_TRUE(std::ranges::any_of(heard, [](const auto& spot) { return !spot.What.IsSpotted; }));
+  EXPECT_TRUE(std::ranges::all_of(spots, [](const auto& spot) { return spot.What.IsSpotted; }));
+}
+
+TEST(PracticeScript, ACrowdGivesHundredsOfActivatorsADay) {
+  std::set<std::string> stations;
+  for (const auto& spot : ScriptDay(1, 0, 300)) stations.insert(spot.Station);
+  EXPECT_GT(stations.size(), 250U);
+  const auto crowd = CrowdCallsigns(5000);
+  EXPECT_EQ(std::set<std::string>(crowd.begin(), crowd.end()).size(), 5000U);
 }
 
 TEST(PracticeScript, TitlesKeepTheirTokensInPlace) {

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <regex>
 #include <string>
 
 #include "announcements.h"
@@ -26,27 +27,21 @@ TEST(Announcements, AreTheSameFromTheSameSeedAndLieInOrderFromAnHourAgoOn) {
 }
 
 // DX de KM3T-2-#:  14100.0  CS3B           CW    24 dB  22 WPM  CQ      2259Z
-bool HasTheForm(const std::string& line) {
-  constexpr std::size_t FromStationOn = 51;  // characters, line end included; all columns have their widths
-  if (line.find("-#:") == std::string::npos || line.size() < FromStationOn + 4) return false;
-  const auto columns = line.substr(line.size() - FromStationOn);
-  const auto unit = columns.substr(31, 3);
-  return line[line.size() - FromStationOn - 4] == '.' && columns.substr(23, 5) == " dB  " &&
-         (unit == "WPM" || unit == "BPS") && columns.ends_with("Z\r\n");
-}
+const std::regex TheForm(
+    R"(DX de [A-Z0-9/-]+-#: *\d+\.\d{1,2}  [A-Z0-9/]+ +(CW|RTTY) +\d+ dB  [ \d]\d (WPM|BPS)  [A-Z]+ +\d{4}Z\r\n)");
 
-TEST(Skimmers, HearAnnouncedActivatorsAmongManyOthersInTheStreamsOwnForm) {
+TEST(Skimmers, HearActivatorsOnTheAirAmongManyOthersInTheStreamsOwnForm) {
   Feed feed(Today.Seed, Today.Speed, Today.Origin);
-  const auto newest = feed.Newest(Today.Origin + 900, 60);
+  const auto onTheAir = feed.OnTheAir(Today.Origin + 900, 60);
   Skimmers skimmers(Today.Seed);
   int lines = 0;
   int activators = 0;
   for (int i = 0; i < 2000; ++i) {
-    const auto line = skimmers.NextLine(newest, Today.Origin + 900);
+    const auto line = skimmers.NextLine(onTheAir, Today.Origin + 900);
     if (!line.starts_with("DX de")) continue;
     ++lines;
-    EXPECT_TRUE(HasTheForm(line)) << line;
-    activators += std::ranges::any_of(newest, [&](const PublishedSpot& spot) {
+    EXPECT_TRUE(std::regex_match(line, TheForm)) << line;
+    activators += std::ranges::any_of(onTheAir, [&](const PublishedSpot& spot) {
       return line.find("  " + spot.What.Station.substr(0, spot.What.Station.find(' ')) + " ") !=
              std::string::npos;
     });

@@ -2,6 +2,7 @@
 sockets and files; everything that can be tested without them is tested without them."""
 
 import http.server
+import json
 import os
 import pathlib
 import shutil
@@ -131,8 +132,8 @@ class Workshop:
         process = self.start([BUILD_BIN / 'brelwin-practice', '--ledger', self.root / 'ledger.txt', *options])
         return 'http://127.0.0.1:' + process.out.wait_for_line('http=').removeprefix('http=')
 
-    def ledger(self) -> list[str]:
-        return (self.root / 'ledger.txt').read_text().splitlines()
+    def ledger(self) -> list[dict]:
+        return [json.loads(line) for line in (self.root / 'ledger.txt').read_text().splitlines()]
 
     def start_server(self, handler: type[http.server.BaseHTTPRequestHandler]) -> str:
         """A web server of our own, for answers that no sane server gives."""

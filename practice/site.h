@@ -1,0 +1,70 @@
+// What the practice network answers on the web, whoever carries its requests and answers: a real server, or a
+// rehearsal in one process.
+#pragma once
+
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+#include "announcements.h"
+#include "feed.h"
+#include "ledger.h"
+#include "random.h"
+#include "reply.h"
+#include "spotlite.h"
+
+namespace practice {
+
+struct Asked {
+  std::string Method;  // "GET" or "POST"
+  std::string Target;  // path and query
+  std::string Body;
+  std::string Agent;
+  std::string BaseAddress;  // "http://127.0.0.1:8080", without a closing slash
+};
+
+struct SiteOptions {
+  Playing Play;
+  SpotliteOptions Form;
+  int TroublesInAThousand = 0;  // of pages that come late, cut, empty, with status 500 or not at all
+  std::size_t ItemsOfAPage = 100;
+};
+
+// One request and its answer, on the way.
+struct Exchange {
+  std::int64_t Number = 0;  // of the request, as in the ledger
+  std::string Method;
+  std::string Target;
+  std::string Answer;  // of a form; empty for pages
+  bool IsTaken = false;
+  Reply Page;
+};
+
+class Site {
+ public:
+  // Feed and ledger must outlive the site.
+  Site(SharedFeed& feed, Ledger& ledger, SiteOptions options);
+
+  // Writes the request into the ledger and works out the answer. `now` is in seconds since 1970. May be
+  // called from any thread, as the other one.
+  Exchange Answer(const Asked& asked, std::int64_t now);
+
+  // To be called when the last byte leaves, or when the answer is given up before that.
+  void Sent(const Exchange& exchange, bool whole = true);
+
+ private:
+  Reply PageFor(const Asked& asked, std::int64_t now);
+  void TakeForm(const Asked& asked, std::int64_t now, Exchange& exchange);
+  void Trouble(Reply& page);
+
+  SharedFeed& feed_;
+  Ledger& ledger_;
+  SiteOptions options_;
+  Spotlite spotlite_;
+  std::mutex mutex_;
+  Random random_;
+  std::int64_t requests_ = 0;
+};
+
+}  // namespace practice
