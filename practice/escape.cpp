@@ -97,8 +97,17 @@ string MarkupText(string_view text, Markup writing) {
 }
 
 string JsonString(string_view text) {
+  const auto isPlain = [](char c) { return c >= ' ' && c < 0x7f && c != '"' && c != '\\'; };
   string result = "\"";
-  ForEachCodePoint(text, [&](unsigned number, string_view) { result += JsonCharacter(number); });
+  while (!text.empty()) {
+    const auto plain = static_cast<std::size_t>(std::ranges::find_if_not(text, isPlain) - text.begin());
+    result.append(text.substr(0, plain));
+    text.remove_prefix(plain);
+    const auto special = static_cast<std::size_t>(std::ranges::find_if(text, isPlain) - text.begin());
+    ForEachCodePoint(text.substr(0, special),
+                     [&](unsigned number, string_view) { result += JsonCharacter(number); });
+    text.remove_prefix(special);
+  }
   return result + '"';
 }
 

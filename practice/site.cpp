@@ -63,13 +63,32 @@ Exchange Site::Answer(const Asked& asked, std::int64_t now) {
 }
 
 void Site::Sent(const Exchange& exchange, bool whole) {
+  const std::scoped_lock lock(mutex_);
   Record record("served");
   record.Number("request", exchange.Number).Text("method", exchange.Method).Text("target", exchange.Target);
   record.Number("status", exchange.Page.Status).Flag("whole", whole && !exchange.Page.CutAt);
   if (!exchange.Answer.empty()) record.Text("answer", exchange.Answer).Flag("taken", exchange.IsTaken);
   if (!exchange.Page.Location.empty()) record.Text("location", exchange.Page.Location);
-  record.Text("body", exchange.Page.SentBody());
+  auto& [request, body] = lastBodies_[exchange.Target];
+  if (!body.empty() && body == exchange.Page.SentBody()) {
+    record.Number("body_of", request);
+  } else {
+    record.Text("body", exchange.Page.SentBody());
+    request = exchange.Number;
+    body = exchange.Page.SentBody();
+  }
   ledger_.Write(record);
+}
+
+// The feed is built anew only when there is something new, or somebody reaches it by another address.
+string Site::Rss(const string& baseAddress, std::int64_t now) {
+  const auto spots = feed_.Newest(now, options_.ItemsOfAPage);
+  const auto newest = spots.empty() ? 0 : spots.front().Identity();
+  const auto link = "<link>" + baseAddress + "/</link>";
+  if (newest != newestInFeed_ || feedText_.find(link) == string::npos)
+    feedText_ = RssPage(spots, spots.empty() ? now : spots.front().Time, baseAddress);
+  newestInFeed_ = newest;
+  return feedText_;
 }
 
 Reply Site::PageFor(const Asked& asked, std::int64_t now) {
@@ -78,7 +97,7 @@ Reply Site::PageFor(const Asked& asked, std::int64_t now) {
   if (asked.Method != "GET") return {.Status = 404};
   if (path == "/RssFeed") {
     page.Type = "application/rss+xml; charset=utf-8";
-    page.Body = RssPage(feed_.Newest(now, options_.ItemsOfAPage), now, asked.BaseAddress);
+    page.Body = Rss(asked.BaseAddress, now);
   } else if (path == "/search.json") {
     page.Type = "application/json; charset=utf-8";
     page.Body =

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <cstdint>
+#include <map>
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "announcements.h"
 #include "feed.h"
@@ -50,11 +52,13 @@ class Site {
   // called from any thread, as the other one.
   Exchange Answer(const Asked& asked, std::int64_t now);
 
-  // To be called when the last byte leaves, or when the answer is given up before that.
+  // To be called when the last byte leaves, or when the answer is given up before that. A body that is the
+  // same as the one before of its address is named by the request that had it.
   void Sent(const Exchange& exchange, bool whole = true);
 
  private:
   Reply PageFor(const Asked& asked, std::int64_t now);
+  std::string Rss(const std::string& baseAddress, std::int64_t now);
   void TakeForm(const Asked& asked, std::int64_t now, Exchange& exchange);
   void Trouble(Reply& page);
 
@@ -65,6 +69,10 @@ class Site {
   std::mutex mutex_;
   Random random_;
   std::int64_t requests_ = 0;
+  std::int64_t newestInFeed_ = 0;  // identity of the first spot of the feed as it was built last
+  std::string feedText_;
+  std::map<std::string, std::pair<std::int64_t, std::string>>
+      lastBodies_;  // by target: the request that had it
 };
 
 }  // namespace practice

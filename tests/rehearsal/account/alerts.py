@@ -1,0 +1,256 @@
+"""Announced activations: the page, the modifications that outlive it, commands by spots, and matching."""
+
+import calendar
+import dataclasses
+import functools
+import html
+import re
+import time
+
+from account import feed, radio
+from account.settings import Settings
+
+HEADING = re.compile(r'<span class="alertDate">(.*?)</span>', re.DOTALL)
+TABLE = re.compile(r'<table class="spots">(.*?)</table>', re.DOTALL)
+POP_UP = re.compile(r"<tr onMouseOver=\"return overlib\('(.*?)',", re.DOTALL)
+CELL = re.compile(r'<td(?:[^>]*)>(.*?)</td>', re.DOTALL)
+
+
+@dataclasses.dataclass
+class Alert:
+    key: str
+    utc: int | None  # seconds
+    base: str
+    summit: str
+    before: int  # minutes; 0: the user's
+    after: int
+
+
+@dataclasses.dataclass
+class Entry:
+    """A line of the modifications file."""
+    adds: bool
+    alert: Alert
+    is_live: bool = True
+
+
+def _plain(text: str) -> str:
+    return re.sub(r'[\r\n\t]', ' ', html.unescape(text)).strip(' ')
+
+
+def _field(text: str) -> str:
+    text = re.sub(r'[\r\n]', ' ', text.replace('||', '-'))
+    return re.sub(r'^\||\|$', '-', text)
+
+
+def _date(heading: str) -> int | None:
+    words = _plain(heading).split()[1:4]
+    try:
+        day = re.sub('st|nd|rd|th', '', words[0])
+        return calendar.timegm(time.strptime(' '.join([day, *words[1:]]), '%d %B %Y'))
+    except (ValueError, IndexError):
+        return None
+
+
+def hours_after(marker: str, comment: str) -> int:
+    """Minutes of the hours that follow the marker; 0 without any."""
+    found = re.search(re.escape(marker) + r'([0-9. ]*)', comment, re.IGNORECASE)
+    hours = radio.single(radio.number(found.group(1))) if found else 0
+    return round(hours * 60) if hours > 0 else 0
+
+
+@dataclasses.dataclass(frozen=True)
+class Activation:
+    """One table of the page: who, when and where."""
+    second: int | None  # of the day
+    stations: tuple[str, ...]
+    summit: str
+    comment: str
+
+
+@functools.lru_cache(maxsize=20000)
+def _activation(table: str) -> Activation | None:
+    pop_up = POP_UP.search(table)
+    if not pop_up:
+        return None
+    cells = [re.sub(r'</?strong>', ' ', cell).replace('&nbsp;', '')
+             for cell in CELL.findall(table, pop_up.end())[:3]]
+    cells = [re.sub(r'[\r\n\t]', ' ', cell) for cell in cells] + [''] * 3
+    clock = re.fullmatch(r'(\d\d):(\d\d)', _plain(cells[0]))
+    callsigns, on, link = cells[1].partition(' on ')
+    stations = dict.fromkeys(filter(None, radio.base_callsigns(_plain(callsigns))))
+    summit = re.search(r'>(.*?)<', link)
+    comment = re.search(r'<span class="comment">(.*?)</span>', table, re.DOTALL)
+    return Activation(int(clock[1]) * 3600 + int(clock[2]) * 60 if clock else None, tuple(stations),
+                      _plain(summit.group(1)) if on and summit else '', _plain(comment.group(1)) if comment else '')
+
+
+def activations(page: str):
+    """Date and activation of every table, in the order of the page."""
+    headings = list(HEADING.finditer(page))
+    for heading, following in zip(headings, headings[1:] + [None]):
+        date = _date(heading.group(1))
+        for table in TABLE.findall(page, heading.end(), following.start() if following else len(page)):
+            if not table:
+                break
+            found = _activation(table)
+            if found:
+                yield date, found
+
+
+def opts_out(comment: str) -> bool:
+    letters = radio.upper(comment).replace(' ', '')
+    return 'RBNN' in letters or 'NOTARNLINK' in letters
+
+
+def is_withdrawn(comment: str) -> bool:
+    return 'CANCELLED' in radio.upper(comment) or 'CANCELED' in radio.upper(comment) or opts_out(comment)
+
+
+def is_command(spot: feed.Spot, settings: Settings) -> bool:
+    return (spot.is_self_spot or spot.spotter_base in settings.trusted) and feed.VIA_GATEWAY not in spot.comment
+
+
+def _stamp(utc: int | None, form: str) -> str:
+    return time.strftime(form, time.gmtime(utc)) if utc is not None else ''
+
+
+class Alerts:
+    def __init__(self, settings: Settings) -> None:
+        self.settings = settings
+        self.were_read = False
+        self.alerts: dict[str, Alert] = {}  # by key in capitals, in order
+        self.entries: list[Entry] = []
+        self.waiting: list[feed.Spot] = []  # opt-outs that came before any alerts were read
+        self.by_station: dict[str, list[Alert]] | None = None  # none: to be made again
+
+    # The page.
+
+    def take_page(self, page: str, now: int) -> bool:
+        """False when the reading did not succeed."""
+        if not page:
+            return False
+        utc = now // 1000
+        self._prune(utc)
+        has_days = HEADING.search(page) or '<span class="alertDate">' in page
+        scraped: dict[str, Alert] = {}
+        for date, found in activations(page):
+            time_of_day = None if date is None or found.second is None else date + found.second
+            if time_of_day is not None and 0 < self.settings.hours_ahead < int((time_of_day - utc) / 60) // 60:
+                break
+            for base in found.stations:
+                self._take(base, time_of_day, found, utc, scraped)
+        if has_days:
+            self.alerts, self.were_read = scraped, True
+            self._apply()
+            self.by_station = None
+        return True
+
+    def _take(self, base: str, utc: int | None, found: Activation, now: int, scraped: dict[str, Alert]) -> None:
+        base = radio.base_callsign(base)
+        before, after = self.settings.overrides.get(radio.upper(base), (0, 0))
+        is_custom = before != 0 or after != 0
+        by_hours = hours_after('S-', found.comment), hours_after('S+', found.comment)
+        before, after = by_hours[0] or before, by_hours[1] or after
+        is_custom = is_custom or any(by_hours)
+        start = f'{_stamp(utc, "%Y-%m-%d %H:%M:%S")}_{base}_{found.summit}_'
+        custom_key = _field(start + '!CUSTOM_WINDOW!')
+        key = custom_key if is_custom else _field(start + found.comment.replace(' ', '')[:10])
+        alert = Alert(key, utc, base, found.summit, before, after)
+        if is_withdrawn(found.comment):
+            self._remove_entries(custom_key)
+        elif radio.upper(key) not in scraped:
+            scraped[radio.upper(key)] = alert
+            if is_custom and not any(not entry.adds and self._same(entry, key) for entry in self.entries):
+                self._remove_entries(key)
+                self._add_entry(True, alert, now)
+
+    # The modifications.
+
+    @staticmethod
+    def _same(entry: Entry, key: str) -> bool:
+        return radio.upper(entry.alert.key) == radio.upper(key)
+
+    def _remove_entries(self, key: str) -> None:
+        self.entries = [entry for entry in self.entries if not (entry.is_live and self._same(entry, key))]
+
+    def _is_kept(self, entry: Entry, utc: int) -> bool:
+        if entry.alert.utc is None:
+            return False
+        age = int((utc - entry.alert.utc) / 60)
+        entry.is_live = age < (entry.alert.after or self.settings.minutes_after)
+        return entry.is_live or (not entry.adds and age < 24 * 60)
+
+    def _prune(self, utc: int) -> None:
+        self.entries = [entry for entry in self.entries if self._is_kept(entry, utc)]
+
+    def _add_entry(self, adds: bool, alert: Alert, utc: int) -> None:
+        entry = Entry(adds, alert)
+        if self._is_kept(entry, utc):
+            self.entries.append(entry)
+
+    def _apply(self) -> None:
+        for entry in self.entries:
+            if entry.adds:
+                self._add_in_front(entry.alert)
+            else:
+                self.alerts.pop(radio.upper(entry.alert.key), None)
+
+    def _add_in_front(self, alert: Alert) -> bool:
+        key = radio.upper(alert.key)
+        if key in self.alerts:
+            return False
+        self.alerts = {key: alert, **self.alerts}
+        self.by_station = None
+        return True
+
+    # Commands by spots.
+
+    def take_command(self, spot: feed.Spot) -> None:
+        self.waiting = [other for other in self.waiting if other.base != spot.base]
+        if opts_out(spot.comment) and not self.were_read:
+            self.waiting.append(spot)
+        self._change(spot, not opts_out(spot.comment))
+
+    def take_waiting(self) -> None:
+        waiting, self.waiting = self.waiting, []
+        for spot in waiting:
+            self._change(spot, False)
+
+    def _change(self, spot: feed.Spot, adds: bool) -> None:
+        for alert in self.matching(spot.base, spot.utc):
+            del self.alerts[radio.upper(alert.key)]
+            self.by_station = None
+            self.entries.append(Entry(False, alert))
+        if adds:
+            before, after = self.settings.overrides.get(radio.upper(spot.base), (0, 0))
+            key = _field(f'!SPOT_ALERT!_{_stamp(spot.utc, "%Y%m%d%H%M")}_{spot.base}_{spot.summit}')
+            alert = Alert(key, spot.utc, spot.base, spot.summit, before, after)
+            if self._add_in_front(alert):
+                self.entries.append(Entry(True, alert))
+
+    # Matching.
+
+    def matching(self, base: str, utc: int) -> list[Alert]:
+        return [alert for alert in self.of_station(base) if self._distance(alert, utc) is not None]
+
+    def of_station(self, base: str) -> list[Alert]:
+        if self.by_station is None:
+            self.by_station = {}
+            for alert in self.alerts.values():
+                self.by_station.setdefault(alert.base, []).append(alert)
+        return self.by_station.get(radio.upper(base), [])
+
+    def best(self, base: str, utc: int) -> Alert | None:
+        matches = self.matching(base, utc)
+        return min(matches, key=lambda alert: self._distance(alert, utc) or 0) if matches else None
+
+    def _distance(self, alert: Alert, utc: int) -> int | None:
+        """Whole minutes, where the window holds the time."""
+        if alert.utc is None:
+            return None
+        minutes = int((utc - alert.utc) / 60)
+        before = alert.before if alert.before >= 1 else self.settings.minutes_before
+        after = alert.after if alert.after >= 1 else self.settings.minutes_after
+        limit = after if minutes >= 0 else before
+        return abs(minutes) if abs(minutes) <= limit else None

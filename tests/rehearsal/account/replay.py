@@ -1,0 +1,305 @@
+"""Goes through the ledger as the program did, check by check, and compares what it posted with what the rules
+ask for."""
+
+import dataclasses
+
+from account import feed, gates, ledger, outcomes
+from account.alerts import Alerts, is_command
+from account.gates import TimedSpot
+from account.items import Fate, Item, Tally
+from account.settings import Settings
+from account.stream import Heard, Parser, form_body
+
+MOST_CURRENT_SPOTS = 200
+FEED, ALERTS = '/RssFeed', '/alerts.php'
+AT_ONCE = 1000  # milliseconds in which a page follows that the same step asks for
+DAY = 86_400_000
+
+
+@dataclasses.dataclass
+class Tolerance:
+    """How exactly the ledger's clock shows the program's, in milliseconds."""
+    margin: int  # this near to a boundary the verdict is open
+    haste: int   # what follows at once follows within this
+
+
+EXACT = Tolerance(margin=0, haste=200)
+REAL_TIME = Tolerance(margin=2000, haste=1500)
+
+
+class Replay:
+    def __init__(self, events: list[ledger.Event], settings: Settings, tolerance: Tolerance) -> None:
+        self.events = events
+        self.at = 0
+        self.settings = settings
+        self.tolerance = tolerance
+        self.tally = Tally()
+        self.intake = feed.Intake()
+        self.alerts = Alerts(settings)
+        self.known = set(settings.known)
+        self.parser = Parser(settings, self.alerts, self.known, tolerance.margin)
+        self.current: list[TimedSpot] = []
+        self.sent: dict[str, int] = {}
+        self.waiting: list[ledger.Line] = []
+        self.connection = 0  # the latest that was opened
+        self.is_connected = False
+        self.unknown: dict[str, int] = {}  # keys of posts that were taken without the program knowing
+
+    def run(self) -> Tally:
+        page = self._next_page()
+        if page is not None:
+            self._take_feed(page, is_first_load=True)
+        while (page := self._next_page()) is not None:
+            if page.path == FEED:
+                self._check(page)
+            elif page.path == ALERTS:
+                self._take_alerts(page)
+        return self.tally
+
+    # The ledger, event by event.
+
+    def _next(self) -> ledger.Event:
+        event = self.events[self.at]
+        self.at += 1
+        return event
+
+    def _next_page(self) -> ledger.Page | None:
+        while self.at < len(self.events):
+            event = self._next()
+            if isinstance(event, ledger.Page):
+                return event
+            self._note(event)
+        return None
+
+    def _note(self, event: ledger.Event) -> None:
+        if isinstance(event, ledger.Line):
+            if event.connection == self.connection:
+                self.waiting.append(event)
+            else:
+                self.tally.lost += 1
+        elif isinstance(event, ledger.Lost):
+            self.tally.lost += 1
+        elif isinstance(event, ledger.Connection):
+            self._note_connection(event)
+        elif isinstance(event, ledger.Post):
+            self._note_unexpected(event)
+
+    def _note_connection(self, event: ledger.Connection) -> None:
+        if event.kind == 'open':
+            self.connection = event.number
+        if event.number == self.connection:
+            self.is_connected = event.kind != 'close'
+
+    def _peek(self, *kinds: type) -> ledger.Event | None:
+        return next((event for event in self.events[self.at:self.at + 5000] if isinstance(event, kinds)), None)
+
+    def _take_what_came_until(self, t: int) -> None:
+        """Lines that came in the same moment as the page before."""
+        while self.at < len(self.events):
+            event = self.events[self.at]
+            if isinstance(event, (ledger.Page, ledger.Post)) or event.t > t:
+                return
+            self._note(self._next())
+
+    # One check.
+
+    def _check(self, page: ledger.Page) -> None:
+        self._take_feed(page)
+        now = page.t
+        following = self._peek(ledger.Page)
+        if following is not None and following.path == ALERTS and following.asked - now < AT_ONCE:
+            now = self._take_alerts(self._next_page())
+        self._take_what_came_until(now)
+        self._decide_about_late_lines(now)
+        lines, self.waiting = self.waiting, []
+        heard, about_stations = self.parser.parse(lines, now)
+        self.tally.lines += about_stations
+        if self.settings.sends:
+            self._pass_gates(heard, now)
+
+    def _take_feed(self, page: ledger.Page, is_first_load: bool = False) -> None:
+        if page.status == 0:
+            return
+        self._learn_from_feed(page)
+        new = self.intake.read(page.body, page.t, is_first_load)
+        if new is None:
+            return
+        for spot in reversed(new):
+            if is_command(spot, self.settings):
+                self._read_alerts_for_command(page)
+                self.alerts.take_command(spot)
+        ids = {spot.id for spot in new}
+        kept = [held for held in self.current if held.spot.id not in ids]
+        self.current = ([TimedSpot(spot, page.t) for spot in new] + kept)[:MOST_CURRENT_SPOTS]
+
+    def _learn_from_feed(self, page: ledger.Page) -> None:
+        self.known.update(spot.base for item in feed.spots(page.body)[0] for spot in item)
+
+    def _read_alerts_for_command(self, page: ledger.Page) -> None:
+        following = self._peek(ledger.Page)
+        if self.alerts.were_read or following is None:
+            return
+        if following.path == ALERTS and following.asked - page.t < AT_ONCE:
+            self._read_alerts(self._next_page())
+
+    def _read_alerts(self, page: ledger.Page) -> bool:
+        succeeded = page.status != 0 and self.alerts.take_page(page.body, page.t)
+        self.known.update(alert.base for alert in self.alerts.alerts.values() if len(alert.base) > 2)
+        return succeeded
+
+    def _take_alerts(self, page: ledger.Page) -> int:
+        if self._read_alerts(page) and self.alerts.were_read:
+            self.alerts.take_waiting()
+        return page.t
+
+    def _decide_about_late_lines(self, now: int) -> None:
+        """In real time a line that comes just after the page may still be taken in this check: then a final check
+        follows in its time."""
+        if self.tolerance is EXACT or not self._final_check_follows(now):
+            return
+        recent = dict(self.parser.recent)
+        heard, _ = self.parser.parse(self.waiting, now)
+        self.parser.recent = recent
+        if not any(not self._first_refusal(spot, now) for spot in heard):
+            self._take_what_came_until(now + self.tolerance.haste)
+
+    # The gates.
+
+    def _pass_gates(self, heard: list[Heard], now: int) -> None:
+        if heard and not self.is_connected:
+            now = self._after_reconnection(now)
+        for place, spot in enumerate(heard, 1):
+            ended = self._pass_gates_with(spot, now, place == len(heard))
+            if ended is None:
+                return
+            now = ended
+
+    def _after_reconnection(self, now: int) -> int:
+        """Before the gateway comes into play, the program tries to connect again, and waits for that."""
+        opened = self._peek(ledger.Connection, ledger.Page)
+        if isinstance(opened, ledger.Connection) and opened.t - now < self.settings.time_out * 1000:
+            return opened.t
+        following = self._peek(ledger.Page)
+        late = following.asked - now - self.settings.delay * 1000 if following else 0
+        return now + late if 0 < late <= self.settings.time_out * 1000 + self.tolerance.haste else now
+
+    def _first_refusal(self, spot: Heard, now: int) -> str:
+        return gates.by_station(spot, self.settings) or \
+            gates.by_current_spots(spot, self.current, now, self.settings)
+
+    def _final_refusal(self, spot: Heard, page: ledger.Page, now: int) -> str:
+        fresh = feed.fresh(page.body, page.t, self.settings.dupe_minutes) if page.status else {}
+        if not fresh and not self.current:
+            return 'there are no spots to compare with'
+        return gates.by_fresh_spots(spot, fresh, page.t, now, self.settings) or \
+            gates.by_interval(spot, self.sent, now, self.settings)
+
+    def _is_open(self, judge, now: int) -> bool:
+        """Whether the verdict would be another one a little sooner or later."""
+        margin = self.tolerance.margin
+        return len({bool(judge(moment)) for moment in (now - margin, now, now + margin)}) > 1
+
+    def _pass_gates_with(self, spot: Heard, now: int, is_last: bool) -> int | None:
+        """When the gateway is through with the spot; nothing when it ends with it."""
+        refusal = self._first_refusal(spot, now)
+        spot.is_near = spot.is_near or self._is_open(lambda moment: self._first_refusal(spot, moment), now)
+        body = form_body(spot, self.settings)
+        if spot.is_near and not self._was_looked_at(body, now, is_last):
+            self.tally.add(Item(Fate.UNDECIDABLE, 'near a boundary of the stream or of the first check', now, spot, body))
+            return now
+        if refusal and not spot.is_near:
+            self.tally.add(Item(Fate.REFUSED, refusal, now, spot, body))
+            return now
+        if not self._final_check_follows(now):
+            return self._miss_final_check(spot, body, now)
+        return self._decide_finally(spot, body, self._next_page())
+
+    def _was_looked_at(self, body: str | None, now: int, is_last: bool) -> bool:
+        """Whether the program took a spot that it might as well have left aside."""
+        if not self._final_check_follows(now):
+            return False
+        after_page = self.events.index(self._peek(ledger.Page), self.at) + 1
+        following = next((event for event in self.events[after_page:after_page + 5000]
+                          if isinstance(event, (ledger.Page, ledger.Post))), None)
+        return following.body == body if isinstance(following, ledger.Post) else is_last
+
+    def _final_check_follows(self, now: int) -> bool:
+        page = self._peek(ledger.Page)
+        expected = now + self.settings.delay * 1000
+        return page is not None and page.path == FEED and \
+            expected - 100 <= page.asked <= expected + self.tolerance.haste
+
+    def _miss_final_check(self, spot: Heard, body: str | None, now: int) -> int:
+        fate, reason = Fate.MISSED, 'no final check was made'
+        if self._peek(ledger.Page) is None:
+            fate, reason = Fate.UNFINISHED, 'the ledger ends before the final check'
+        self.tally.add(Item(fate, reason, now, spot, body))
+        return now
+
+    def _decide_finally(self, spot: Heard, body: str | None, page: ledger.Page) -> int | None:
+        now = page.t
+        self._learn_from_feed(page)
+        refusal = self._final_refusal(spot, page, now)
+        if body is None and not refusal:
+            refusal = 'the form cannot carry it'
+        spot.is_near = spot.is_near or self._is_open(lambda moment: self._final_refusal(spot, page, moment), now)
+        post = self._post_that_follows(now)
+        if refusal and not (spot.is_near and post is not None):
+            self.tally.add(Item(Fate.REFUSED, refusal, now, spot, body))
+            return None if refusal.startswith('there are no spots') else now
+        if post is None:
+            return self._miss_post(spot, body, now)
+        self._take_post()
+        return self._compare(spot, body, post)
+
+    def _post_that_follows(self, now: int) -> ledger.Post | None:
+        event = self._peek(ledger.Page, ledger.Post)
+        return event if isinstance(event, ledger.Post) and event.t <= now + self.tolerance.haste else None
+
+    def _take_post(self) -> None:
+        while not isinstance(event := self._next(), ledger.Post):
+            self._note(event)
+
+    def _miss_post(self, spot: Heard, body: str | None, now: int) -> int:
+        fate, reason = Fate.MISSED, 'it passes every check'
+        if self._peek(ledger.Page) is None:
+            fate, reason = Fate.UNFINISHED, 'the ledger ends before the post'
+        elif spot.is_near:
+            fate, reason = Fate.UNDECIDABLE, 'near a boundary of the final check'
+        self.tally.add(Item(fate, reason, now, spot, body))
+        return now
+
+    # Posts.
+
+    def _compare(self, spot: Heard, body: str | None, post: ledger.Post) -> int:
+        fate, reason = (Fate.UNDECIDABLE, 'near a boundary, and posted') if spot.is_near else (Fate.POSTED, '')
+        if body != post.body:
+            fate, reason = Fate.WRONGLY, 'other values: ' + outcomes.differences(body or '', post.body)
+        self.tally.add(Item(fate, reason, post.t, spot, body, post))
+        if spot.key in self.unknown and post.t - self.unknown[spot.key] < DAY:
+            self.tally.repeats += 1
+        return self._take_outcome(spot.base, spot.key, post)
+
+    def _take_outcome(self, base: str, key: str, post: ledger.Post) -> int:
+        status, now = outcomes.of_post(post, self.settings.time_out)
+        self.unknown.pop(key, None)
+        if status == outcomes.ACCEPTED:
+            self.sent[base] = now
+        else:
+            self.tally.failures[outcomes.WORDS[status]] += 1
+        if status in outcomes.UNKNOWN and post.answer is not None and post.answer.taken:
+            self.unknown[key] = post.t
+        return now
+
+    def _note_unexpected(self, post: ledger.Post) -> None:
+        """A post that nothing asked for."""
+        item = next((item for item in reversed(self.tally.items[-200:])
+                     if item.body == post.body and item.heard is not None), None)
+        fate, reason = Fate.WRONGLY, 'no skimmer line asks for it'
+        if item is not None and item.post is not None:
+            fate, reason = Fate.TWICE, 'the same line was posted before'
+        elif item is not None:
+            reason = f'{item.fate.value}: {item.reason}'
+        self.tally.add(Item(fate, reason, post.t, None, None, post))
+        if item is not None and item.heard is not None:
+            self._take_outcome(item.heard.base, item.heard.key, post)

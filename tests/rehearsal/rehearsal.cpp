@@ -1,0 +1,96 @@
+#include "rehearsal.h"
+
+#include <fstream>
+
+#include "cycle/program.h"
+#include "rehearsal_folder.h"
+#include "rehearsed_stream.h"
+#include "rehearsed_web.h"
+#include "test_host.h"
+
+namespace rehearsal {
+namespace {
+
+using brelwin::Milliseconds;
+
+constexpr std::int64_t FirstDay = 1'767'260'000;  // 1 January 2026, about half past nine
+constexpr std::int64_t SecondsOfDay = 86'400;
+constexpr std::size_t ItemsOfAPage = 60;  // more than the longest time of a duplicate needs
+
+constexpr auto Faulty =
+    "honest:60,wrong-password:2,unknown-association:2,bad-frequency:2,failed:2,without-echo:3,server-error:3,"
+    "redirect:8,pieces:8,slow:3,cut:4,late:4";
+
+practice::SiteOptions SiteOptionsOf(const Plan& plan, std::int64_t begin) {
+  practice::Random random(plan.Seed, 604);
+  practice::SiteOptions options;
+  options.Play = {plan.Seed, 1, begin, plan.Crowd};
+  options.ItemsOfAPage = ItemsOfAPage;
+  options.Form.SecondsOfLag = static_cast<double>(random.Between(0, 60));
+  options.Form.SecondsOfWait = static_cast<double>(random.Between(7, 20));
+  if (plan.HasFaults) {
+    options.Form.Mix = *practice::ReadSpotliteMix(Faulty);
+    options.TroublesInAThousand = 40;
+  }
+  return options;
+}
+
+void Save(const std::filesystem::path& file, const std::string& text) {
+  std::ofstream(file, std::ios::binary) << text;
+}
+
+// The practice network and the program, side by side.
+class Stage {
+ public:
+  Stage(const Plan& plan, const std::string& ledgerFile)
+      : begin_(FirstDay + static_cast<std::int64_t>(plan.Seed % 365) * SecondsOfDay),
+        ledger_(ledgerFile, [this] { return clock_.Milliseconds(); }),
+        feed_(practice::Feed(plan.Seed, 1, begin_, plan.Crowd)),
+        site_(feed_, ledger_, SiteOptionsOf(plan, begin_)),
+        way_(site_, clock_, plan.Seed),
+        stream_(host_.Queue, clock_, feed_, ledger_, {plan.Seed, plan.LinesAnHour, plan.HasFaults}) {
+    host_.Time.SetLocalTime({begin_});
+  }
+
+  void Put(const std::string& name, const std::string& text) { host_.Disk.Put("/brelwin/" + name, text); }
+  std::string Text(const std::string& name) const { return host_.Disk.Text("/brelwin/" + name); }
+
+  void Play(double hours) {
+    brelwin::Program program(world_);
+    program.Start({}, Password);
+    host_.Queue.RunFor(Milliseconds(static_cast<std::int64_t>(hours * 3'600'000)));
+    program.Quit();
+  }
+
+ private:
+  std::int64_t begin_;
+  brelwin::test::TestHost host_;
+  RehearsalClock clock_{host_.Time, begin_};
+  practice::Ledger ledger_;
+  practice::SharedFeed feed_;
+  practice::Site site_;
+  Way way_;
+  RehearsedInternet internet_{host_.Queue, way_};
+  RehearsedHttp http_{host_.Queue, way_};
+  RehearsedStream stream_;
+  brelwin::Host world_{host_.Time, host_.Queue, host_.Disk,  internet_,     http_,
+                       stream_,    host_.Sound, host_.Shell, host_.Dialogs, brelwin::NumberFormat{},
+                       "/brelwin", false,       false};
+};
+
+}  // namespace
+
+void Rehearse(const Plan& plan, const std::filesystem::path& folder) {
+  std::filesystem::remove_all(folder);
+  std::filesystem::create_directories(folder);
+  Stage stage(plan, (folder / "ledger.txt").string());
+  for (const auto& [name, text] : FolderOf(plan.Seed, plan.Crowd)) {
+    stage.Put(name, text);
+    Save(folder / name, text);
+  }
+  stage.Play(plan.Hours);
+  Save(folder / "BrelwinEventLog.txt", stage.Text("BrelwinEventLog.txt"));
+  Save(folder / "GatewaySpotLog.txt", stage.Text("GatewaySpotLog.txt"));
+}
+
+}  // namespace rehearsal
