@@ -12,6 +12,7 @@ using brelwin::SocketState;
 constexpr std::size_t SpotsInTheAir = 60;
 constexpr std::int64_t Minute = 60'000;
 constexpr int LinesOfABurst = 6;
+constexpr int LinesOfAFate = 40;  // so long, about, does a troubled connection stay as it is
 
 constexpr std::array<Fate, 11> Fates{Fate::None,    Fate::Refused, Fate::Refused, Fate::NoPrompt,
                                      Fate::Cut,     Fate::Cut,     Fate::Reset,   Fate::Stall,
@@ -40,9 +41,13 @@ Fate RehearsedStream::DrawFate() {
   return plan_.HasFaults ? random_.Pick(Fates) : Fate::None;
 }
 
-void RehearsedStream::Connecting(RehearsedSocket& socket) {
+void RehearsedStream::MeetNewFate() {
   fate_ = DrawFate();
-  fateAt_ = clock_.Milliseconds() + random_.Between(1, 90) * Minute;
+  fateAt_ = clock_.Milliseconds() + random_.Between(Minute, 60 * Minute);
+}
+
+void RehearsedStream::Connecting(RehearsedSocket& socket) {
+  MeetNewFate();
   socket.After(Milliseconds(random_.Between(1, 400)), [this, &socket] {
     if (fate_ == Fate::Refused) return socket.Refuse();
     ledger_.Write(practice::Record("open").Number("connection", ++connections_));
@@ -78,6 +83,7 @@ void RehearsedStream::Tick() {
 
 void RehearsedStream::Broadcast(const std::string& line) {
   DeliverRest();
+  if (clock_.Milliseconds() >= fateAt_ && random_.OneIn(LinesOfAFate)) MeetNewFate();
   const auto fate = clock_.Milliseconds() >= fateAt_ ? fate_ : Fate::None;
   if (listener_ == nullptr) return Write("lost", line);
   switch (fate) {

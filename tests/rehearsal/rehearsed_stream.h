@@ -49,6 +49,7 @@ class RehearsedStream final : public brelwin::SocketControls {
   void EndWith(std::string_view how, const std::string& lostLine);
   void Write(std::string_view kind, const std::string& line);
   Fate DrawFate();
+  void MeetNewFate();
 
   brelwin::EventQueue& queue_;
   const RehearsalClock& clock_;

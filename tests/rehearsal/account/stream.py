@@ -75,7 +75,7 @@ class Parser:
         if settings.known_activators_only and base not in self.known:
             return None
         alert, is_near = self._best(base, now)
-        if alert is None and settings.matched_only and not is_near:
+        if alert is None and settings.matched_only:
             return None
         mhz = radio.single(radio.single(radio.number(fields[1])) / 1000)
         key = radio.duplicate_key(base, mhz)
@@ -85,21 +85,20 @@ class Parser:
         skimmer = fields[0].replace('-#:', '').strip(' ')
         if not self._is_wanted(base, mhz, fields[3], skimmer):
             return None
-        if alert is not None or not settings.matched_only:
-            self.recent.setdefault(key, now)
+        self.recent.setdefault(key, now)
         if alert is None or not is_cq:
             return None
         return Heard(line, fields[2], base, mhz, key, radio.band(mhz), fields[3],
                      self._whole(fields[4], 'dB'), self._whole(fields[5], 'WPM'), skimmer, alert.summit, is_near)
 
     def _best(self, base: str, now: int) -> tuple[Alert | None, bool]:
-        """The matching alert, and whether it would be another one within the margin."""
+        """The alert that matches, or would within the margin, and whether that margin decides."""
         if not self.alerts.of_station(base):
             return None, False
         best = self.alerts.best(base, now // 1000)
         others = [self.alerts.best(base, (now + shift) // 1000) for shift in (-self.margin, self.margin)]
-        summit = best.summit if best else None
-        return best, any((other.summit if other else None) != summit for other in others)
+        summits = {other.summit if other else None for other in [best, *others]}
+        return next((alert for alert in [best, *others] if alert), None), len(summits) > 1
 
     def _is_wanted(self, base: str, mhz: float, mode: str, skimmer: str) -> bool:
         spotter = radio.base_callsign(skimmer)
