@@ -65,6 +65,9 @@ TEST(GatewayTab, KeepsItsWordsUpToDate) {
   EXPECT_EQ(story.Tab.lblGatewayLoginWarning.Caption.Get(), "");
   story.Tab.txtSotawatchPassword.Text = "a b";
   EXPECT_TRUE(story.Tab.lblGatewayLoginWarning.Caption.Get().starts_with("The password"));
+  story.Tab.txtSotawatchPassword.Text = " ";
+  EXPECT_EQ(story.Tab.lblGatewayState.Caption.Get(),
+            "Gateway on, but nothing is sent: login or password is missing");
 }
 
 }  // namespace

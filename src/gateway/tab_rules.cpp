@@ -69,6 +69,7 @@ bool IsGatewayOn(const GatewayTab& tab) {
 
 std::string GatewayStateText(const GatewayTab& tab) {
   if (!IsGatewayOn(tab)) return "Gateway off";
+  if (!HasCredentials(tab)) return "Gateway on, but nothing is sent: login or password is missing";
   const std::string whose = tab.chkRBNSendAllSpotsToSotawatch.Value ? "everyone's spots" : "my spots";
   return "Gateway on: " + whose + (tab.chkGatewayDryRun.Value ? ", dry run, nothing is sent" : " are sent");
 }

@@ -20,7 +20,7 @@ void chkRBNSendMySpotsToSotawatch_Click(Host& host, GatewayTab& tab);
 // Whether spots are sent at all.
 bool IsGatewayOn(const GatewayTab& tab);
 
-// Whether the gateway is on, for whom, and whether it only pretends; never empty.
+// Whether the gateway is on, for whom, and whether it only pretends or cannot send; never empty.
 std::string GatewayStateText(const GatewayTab& tab);
 
 // What a login or password cannot be sent with: "&", "=", "%", "+", blanks inside and characters outside
