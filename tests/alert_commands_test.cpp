@@ -28,10 +28,7 @@ class ProgramRun {
   }
 
   void ReadPage() {
-    ++PagesRead;
-    std::string errorText;
-    if (Page.empty()) return;
-    TakeAlertsFromPage(host_, Page, Page.size(), {"", 60, 0}, Alerts, known_, errorText);
+    TakePage();
     commands_.CarryOutWaiting(Scene());
   }
 
@@ -56,8 +53,14 @@ class ProgramRun {
   bool LogAlerts = false;
 
  private:
+  void TakePage() {
+    ++PagesRead;
+    std::string errorText;
+    if (!Page.empty()) TakeAlertsFromPage(host_, Page, Page.size(), {"", 60, 0}, Alerts, known_, errorText);
+  }
+
   AlertCommandScene Scene() {
-    return {Alerts, filter_, [this] { ReadPage(); }, LogAlerts};
+    return {Alerts, filter_, [this] { TakePage(); }, LogAlerts};
   }
 
   void MakeSettingsFile() {
@@ -197,6 +200,47 @@ TEST(AlertCommands, AnOptOutWaitsForThePageThatCouldNotBeRead) {
   EXPECT_EQ(run.Keys(),
             "!SPOT_ALERT!_202611241150_M0XYZ_G/LD-003\n2026-11-24 20:00:00_G4ABC_G/LD-001_\n"
             "2026-11-24 12:00:00_M0XYZ_G/LD-001_\n");
+}
+
+TEST(AlertCommands, AnOptOutThatWaitsOutlivesTheRunAndIsDoneByAnyReading) {
+  test::TestHost host;
+  const auto optOut = SpotOf("G4ABC", "11:45", "RBNN");
+  const auto later = SpotOf("M0XYZ", "11:50", "qrv");
+  const std::string announced = "2026-11-24 20:00:00_G4ABC_G/LD-001_\n";
+  const std::string added = "!SPOT_ALERT!_202611241150_M0XYZ_G/LD-003\n";
+  {
+    ProgramRun run(host.World);
+    run.Take({optOut, later});
+    EXPECT_FALSE(Contains(host.Disk.Text(SettingsPath), "LastAlertCommand"));
+  }
+  {
+    ProgramRun run(host.World);
+    run.Page = PageOfTwo;
+    run.Take({optOut, later});
+    EXPECT_EQ(run.Keys(), added + announced);
+  }
+  test::TestHost other;
+  ProgramRun run(other.World);
+  run.Take({optOut});
+  run.Page = PageOfTwo;
+  run.Take({later});
+  EXPECT_EQ(run.Keys(), added + announced) << "a page read for a later command";
+  EXPECT_TRUE(Contains(other.Disk.Text(SettingsPath), "LastAlertCommand=2026-11-24 11:50:00 "));
+}
+
+TEST(AlertCommands, WhatCannotBeWrittenIsTriedAgain) {
+  test::TestHost host;
+  ProgramRun run(host.World);
+  run.Page = PageOfTwo;
+  host.Disk.Unwritable.insert(test::MemoryFiles::Name(ModificationsPath));
+  run.Take({SpotOf("G4ABC", "11:45", "moved"), SpotOf("K1AA", "11:50", "RBNN")});
+  EXPECT_FALSE(Contains(host.Disk.Text(SettingsPath), "LastAlertCommand"));
+  host.Disk.Unwritable.clear();
+  const auto keys = run.Keys();
+  run.ReadPage();
+  EXPECT_EQ(run.Keys(), keys);
+  EXPECT_TRUE(Contains(host.Disk.Text(ModificationsPath), "ADD||"));
+  EXPECT_TRUE(Contains(host.Disk.Text(SettingsPath), "LastAlertCommand=2026-11-24 11:50:00 "));
 }
 
 TEST(AlertCommands, QuittingLeavesTheRestForTheNextStart) {

@@ -81,20 +81,19 @@ class AlertCommands::Batch {
     std::erase_if(commands_.waiting_, [&](const auto& waiting) {
       return waiting->stationBaseCallsign == spot->stationBaseCallsign;
     });
-    const bool optsOut = HoldsOptOutWord(spot->Comment);
-    if (optsOut && !scene_.Alerts.WereRead()) commands_.waiting_.push_back(spot);
-    if (Change(*spot, !optsOut)) commands_.memory_.Remember(*spot);
+    if (HoldsOptOutWord(spot->Comment) && !scene_.Alerts.WereRead()) {
+      commands_.waiting_.push_back(spot);
+      commands_.memory_.Remember(*spot);
+    } else {
+      Do(spot);
+    }
+    SaveMemory();
   }
 
-  // Removes the station's alerts around the time of the spot and adds one for it. False when the
-  // modifications file could not be written.
-  bool Change(const Spot& spot, bool addsAlert) {
-    std::vector<std::string> entries;
-    Remove(spot, entries);
-    if (addsAlert) Add(spot, entries);
-    if (AppendModifications(host_, "", entries)) return true;
-    LogMessage(host_, "The alert modifications could not be written to SOTAAlertModifications.txt.");
-    return false;
+  void TakeWaiting() {
+    if (commands_.waiting_.empty() || !scene_.Alerts.WereRead()) return;
+    for (const auto& spot : std::exchange(commands_.waiting_, {})) Do(spot);
+    SaveMemory();
   }
 
   bool HasAdded() const { return hasAdded_; }
@@ -104,6 +103,32 @@ class AlertCommands::Batch {
     if (scene_.Alerts.WereRead() || hasTriedToRead_) return;
     hasTriedToRead_ = true;
     scene_.ReadAlertsPage();
+    TakeWaiting();
+  }
+
+  // What cannot be written waits for the next reading of the page, which undoes it.
+  void Do(const SpotPointer& spot) {
+    if (LogErrors(host_, Procedure, false, [&] { return Change(*spot); })) {
+      commands_.memory_.Remember(*spot);
+    } else {
+      commands_.waiting_.push_back(spot);
+    }
+  }
+
+  // Removes the station's alerts around the time of the spot and adds one for it. False when the
+  // modifications file could not be written.
+  bool Change(const Spot& spot) {
+    std::vector<std::string> entries;
+    Remove(spot, entries);
+    if (!HoldsOptOutWord(spot.Comment)) Add(spot, entries);
+    if (AppendModifications(host_, "", entries)) return true;
+    LogMessage(host_, "The alert modifications could not be written to SOTAAlertModifications.txt.");
+    return false;
+  }
+
+  // The file knows the newest command only, so while one waits it would be lost by the next start.
+  void SaveMemory() {
+    if (commands_.waiting_.empty()) commands_.memory_.Save();
   }
 
   void Remove(const Spot& spot, std::vector<std::string>& entries) {
@@ -160,10 +185,10 @@ void AlertCommands::CarryOut(const SpotCollection& newSpots, const AlertCommandS
 
 void AlertCommands::CarryOutWaiting(const AlertCommandScene& scene) {
   if (waiting_.empty() || !scene.Alerts.WereRead()) return;
-  const auto waiting = std::exchange(waiting_, {});
-  Batch batch(*this, scene);
-  for (const auto& spot : waiting)
-    LogErrors(host_, Procedure, false, [&] { return batch.Change(*spot, false); });
+  LogErrors(host_, Procedure, false, [&] {
+    Batch(*this, scene).TakeWaiting();
+    return true;
+  });
 }
 
 }  // namespace brelwin

@@ -29,11 +29,11 @@ class AlertCommands {
   // Acts on the commands among the new spots (which are the newest first, their trust already known), the
   // oldest first, each once in the life of the settings file. The page is read first when it has not been
   // read in this run, at most once a call. Removals and additions are written to the modifications file,
-  // those of one command at once, before the command is remembered. Quitting leaves the rest for the next
-  // start.
+  // those of one command at once, before the command is remembered. Opt-outs for which there is no page yet,
+  // and commands that could not be written, wait. Quitting leaves the rest for the next start.
   void CarryOut(const SpotCollection& newSpots, const AlertCommandScene& scene);
 
-  // Acts on opt-outs that came while the page could not be read. To be called whenever it has been read.
+  // Acts on the commands that wait. To be called whenever the page has been read.
   void CarryOutWaiting(const AlertCommandScene& scene);
 
  private:

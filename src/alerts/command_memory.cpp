@@ -1,6 +1,7 @@
 #include "alerts/command_memory.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/encoding.h"
 #include "base/text.h"
@@ -43,7 +44,7 @@ void CommandMemory::LoadOnce() {
   if (!time) return;
   ofEarlierRuns_ = {std::min(*time, UTCNow(host_.Time)),
                     StoredID(std::string_view(value).substr(TimeLength))};
-  newestTime_ = ofEarlierRuns_->Time;
+  newest_ = ofEarlierRuns_;
 }
 
 DateTime CommandMemory::TimeOf(const Spot& command) const {
@@ -69,11 +70,16 @@ void CommandMemory::Remember(const Spot& command) {
   ofThisRun_.AddInFront(true, command.ID);
   ofThisRun_.Trim(MostRemembered);
   const auto time = TimeOf(command);
-  if (newestTime_ && time < *newestTime_) return;
-  newestTime_ = time;
+  if (newest_ && time < newest_->Time) return;
+  newest_ = {time, StoredID(command.ID)};
+  isSaved_ = false;
+}
+
+void CommandMemory::Save() {
+  if (std::exchange(isSaved_, true)) return;
   if (!FileExists(host_, settingsPath_)) createSettingsFile_();
   SettingsFile(host_, settingsPath_)
-      .WriteStringKey(Section, Key, DateTimeText(time) + " " + StoredID(command.ID));
+      .WriteStringKey(Section, Key, DateTimeText(newest_->Time) + " " + newest_->ID);
 }
 
 }  // namespace brelwin

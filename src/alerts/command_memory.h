@@ -21,8 +21,11 @@ class CommandMemory {
   // newest one of earlier runs, before. To be asked in the order of the commands, the oldest first.
   bool IsNew(const Spot& command);
 
-  // Writes the settings file at once when no newer command has been remembered.
+  // For this run.
   void Remember(const Spot& command);
+
+  // For the runs to come: writes the newest of the remembered commands to the settings file.
+  void Save();
 
  private:
   struct Newest {
@@ -39,7 +42,8 @@ class CommandMemory {
   bool isLoaded_ = false;
   std::optional<Newest> ofEarlierRuns_;
   bool hasPassedNewest_ = false;
-  std::optional<DateTime> newestTime_;
+  std::optional<Newest> newest_;
+  bool isSaved_ = true;
   KeyedCollection<bool> ofThisRun_;  // keyed by the spots' IDs, the newest first
 };
 
