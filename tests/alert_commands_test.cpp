@@ -180,12 +180,25 @@ TEST(AlertCommands, ARememberedTimeInTheFutureSilencesNobody) {
   test::TestHost host;
   host.Disk.Put(SettingsPath, "[General]\r\nLastAlertCommand=2031-01-01 00:00:00 x\r\n");
   ProgramRun run(host.World);
-  run.Take({SpotOf("G4ABC", "12:30", "ahead of the clock")});
+  run.Take({SpotOf("G4ABC", "11:59", "before the start")});
   EXPECT_EQ(run.Alerts.Count(), 0U);
   host.Time.MoveTo(host.Time.Now() + std::chrono::hours(1));
   run.Take({SpotOf("G4ABC", "12:45", "later")});
   EXPECT_EQ(run.Alerts.Count(), 1U);
   EXPECT_TRUE(Contains(host.Disk.Text(SettingsPath), "LastAlertCommand=2026-11-24 12:45:00 "));
+}
+
+TEST(AlertCommands, ASlowClockMakesNoOldCommandNew) {
+  test::TestHost host;
+  const std::vector<SpotPointer> spots = {SpotOf("G4ABC", "12:03", "moved"),
+                                          SpotOf("G4ABC", "12:04", "RBNN")};
+  for (int run = 0; run < 2; ++run) {
+    ProgramRun program(host.World);
+    program.Page = PageOfTwo;
+    program.Take(spots);
+    host.Time.MoveTo(host.Time.Now() + std::chrono::seconds(30));
+  }
+  EXPECT_EQ(Split(host.EventLog(), "{moved}").size(), 2U) << "received once";
 }
 
 TEST(AlertCommands, AnOptOutWaitsForThePageThatCouldNotBeRead) {

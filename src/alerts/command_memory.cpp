@@ -1,6 +1,5 @@
 #include "alerts/command_memory.h"
 
-#include <algorithm>
 #include <utility>
 
 #include "base/encoding.h"
@@ -17,9 +16,17 @@ constexpr std::string_view Key = "LastAlertCommand";
 constexpr std::size_t TimeLength = 19;
 constexpr std::size_t LongestStoredID = 100;  // with the time, less than a value can hold
 constexpr std::size_t MostRemembered = 10000;
+constexpr std::int64_t MinutesPerDay = 1440;
 
 std::string StoredID(std::string_view id) {
   return std::string(Trim(FirstCharacters(id, LongestStoredID)));
+}
+
+// A time far in the future, from a clock that was wrong, must not silence every command until then. One in
+// the near future stands, since the same command must have the same time in the next run.
+DateTime Believable(DateTime time, const Clock& clock) {
+  const auto now = UTCNow(clock);
+  return time < AddMinutes(now, MinutesPerDay) ? time : now;
 }
 
 clsINIUtilities SettingsFile(Host& host, const std::string& path) {
@@ -35,21 +42,18 @@ CommandMemory::CommandMemory(Host& host, std::string settingsPath, std::function
       settingsPath_(std::move(settingsPath)),
       createSettingsFile_(std::move(createSettingsFile)) {}
 
-// A time in the future, from a clock that was wrong, must not silence every command until then.
 void CommandMemory::LoadOnce() {
   if (isLoaded_) return;
   isLoaded_ = true;
   const auto value = SettingsFile(host_, settingsPath_).ReadStringKey(Section, Key);
   const auto time = ReadDateTime(std::string_view(value).substr(0, TimeLength));
   if (!time) return;
-  ofEarlierRuns_ = {std::min(*time, UTCNow(host_.Time)),
-                    StoredID(std::string_view(value).substr(TimeLength))};
+  ofEarlierRuns_ = {Believable(*time, host_.Time), StoredID(std::string_view(value).substr(TimeLength))};
   newest_ = ofEarlierRuns_;
 }
 
 DateTime CommandMemory::TimeOf(const Spot& command) const {
-  const auto now = UTCNow(host_.Time);
-  return std::min(command.UTCDateTime.value_or(now), now);
+  return Believable(command.UTCDateTime.value_or(UTCNow(host_.Time)), host_.Time);
 }
 
 bool CommandMemory::IsNew(const Spot& command) {
