@@ -11,7 +11,8 @@ std::string TimeOfDay(DateTime time) {
 
 std::string ReceivingText(const StreamStatus& status) {
   const auto lines = std::to_string(status.Lines) + (status.Lines == 1 ? " line" : " lines");
-  return "receiving from " + status.Peer + " since " + TimeOfDay(status.Since) + ", " + lines +
+  return "receiving from " + status.Peer + " since " + TimeOfDay(status.Since) +
+         (status.Lines > 0 ? ", " + lines : "") +
          (status.LastLine ? ", the last at " + TimeOfDay(*status.LastLine) : "");
 }
 

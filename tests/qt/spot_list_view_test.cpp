@@ -6,6 +6,7 @@
 #include <QClipboard>
 #include <QKeyEvent>
 #include <QScrollBar>
+#include <QTest>
 #include <string>
 
 #include "qt/ports/qt_event_queue.h"
@@ -132,6 +133,16 @@ TEST_F(SpotListViewTest, OnlyTheReaderChoosesASpot) {
   view_.setCurrentIndex(view_.model()->index(4, 0));
   Receive(3, 5);  // the chosen line is trimmed
   EXPECT_EQ(chosen, std::vector<std::string>{"spot 1"});
+}
+
+TEST_F(SpotListViewTest, KeysAndTheMouseChooseALineOnce) {
+  std::vector<std::string> chosen;
+  control_.Select = [&](const Spot& spot) { chosen.push_back(spot.ID); };
+  Receive(5);
+  const auto second = view_.visualRect(view_.model()->index(1, 0));
+  QTest::mouseClick(view_.viewport(), Qt::LeftButton, {}, {10, second.center().y()});
+  QTest::keyClick(&view_, Qt::Key_Down);
+  EXPECT_EQ(chosen, (std::vector<std::string>{"spot 4", "spot 3"}));
 }
 
 TEST_F(SpotListViewTest, CopiesTheSelectedLinesInTheOrderOfTheList) {

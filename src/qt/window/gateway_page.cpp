@@ -103,7 +103,9 @@ QWidget* MakeGatewayPage(GatewayTab& controls) {
   auto* sending = MakeSending();
   auto* sound = MakeSound(controls);
   auto* logging = MakeLogging();
-  return MakePage({MakeColumn({sending}), MakeColumn({sound, logging})});
+  auto* right = MakeColumn({sound, logging});
+  right->setStretchFactor(logging, 1);  // as much room as there is for the journal
+  return MakePage({MakeColumn({sending}), right});
 }
 
 }  // namespace brelwin

@@ -75,6 +75,7 @@ void ProgramWindow::AddLater(const char* title, const ControlList& controls,
 
 void ProgramWindow::MakeWhatWaits() {
   for (const auto& make : std::exchange(waiting_, {})) make();
+  if (auto* save = findChild<QWidget*>("cmdSaveSettings")) setTabOrder(previousInFocusChain(), save);
 }
 
 void ProgramWindow::FollowForm() {

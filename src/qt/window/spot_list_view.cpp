@@ -80,15 +80,18 @@ Watch SpotListView::Follow(SpotListBox& control) {
     const auto spot = model_.SpotAt(index.row());  // kept: the list may change meanwhile
     if (spot && control.DoubleClick) control.DoubleClick(*spot);
   });
-  connect(selectionModel(), &QItemSelectionModel::currentChanged, this,
-          [this, &control](const QModelIndex& current) {
-            // The toolkit marks a line by itself when the list takes the focus or loses the marked one.
-            if (refreshing_ || !selectionModel()->isSelected(current)) return;
-            const auto spot = model_.SpotAt(current.row());
-            if (spot && control.Select) control.Select(*spot);
-          });
+  // Not when the current line changes: the mouse selects it only afterwards.
+  connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
+          [this, &control] { TellChoice(control); });
   TakeText(control);
   return control.Text.WhenChanged([this, &control] { TakeText(control); });
+}
+
+void SpotListView::TellChoice(const SpotListBox& control) const {
+  // The toolkit marks a line by itself when the list takes the focus or loses the marked one.
+  if (refreshing_ || !selectionModel()->isSelected(currentIndex())) return;
+  const auto spot = model_.SpotAt(currentIndex().row());
+  if (spot && control.Select) control.Select(*spot);
 }
 
 void SpotListView::TakeText(const SpotListBox& control) {

@@ -29,6 +29,7 @@ class SpotListView final : public QListView {
 
  private:
   void AddActions();
+  void TellChoice(const SpotListBox& control) const;
   void TakeText(const SpotListBox& control);
   void Show(const SpotListBox& control);
   void CopySelection() const;

@@ -37,6 +37,7 @@ QPixmap ArrowDown(const QWidget& widget) {
   QStyleOption option;
   option.initFrom(&widget);
   option.rect = {0, 0, size, size};
+  option.palette.setColor(QPalette::ButtonText, option.palette.color(QPalette::Highlight));  // on any ground
   widget.style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &option, &painter);
   return picture;
 }
