@@ -1,6 +1,7 @@
 #include "qt/window/gateway_page.h"
 
 #include <QCheckBox>
+#include <QFontDatabase>
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -84,11 +85,21 @@ QLayout* MakeViewers() {
   return row;
 }
 
-QGroupBox* MakeLogging() {
-  auto* frame = MakeFrame("fraGatewayLogging", "Gateway logging");
+// Its lines have columns and are as long as the reason that they give.
+QListWidget* MakeJournal() {
   auto* journal = new QListWidget;
   journal->setObjectName("lstGatewayJournal");
   journal->setToolTip("What was sent and what was refused, newest first");
+  journal->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
+  journal->setWordWrap(true);
+  journal->setResizeMode(QListView::Adjust);
+  journal->setAlternatingRowColors(true);
+  return journal;
+}
+
+QGroupBox* MakeLogging() {
+  auto* frame = MakeFrame("fraGatewayLogging", "Gateway logging");
+  auto* journal = MakeJournal();
   auto* column = new QVBoxLayout(frame);
   column->addWidget(MakeWords("lblGatewayLastFailure"));
   column->addWidget(MakeCaption("&Journal", journal));
