@@ -12,6 +12,8 @@ from account.replay import EXACT, REAL_TIME, Replay
 
 NOON = 1_795_521_600  # 24 November 2026, 12:00 UTC, in seconds
 INI = """\
+[General]
+SecondsBetweenChecks=8
 [ReverseBeaconNetwork]
 FilterDuplicateSpots=1
 DuplicateSpotFilteringPeriod=10

@@ -20,11 +20,14 @@ DAY = 86_400_000
 class Tolerance:
     """How exactly the ledger's clock shows the program's, in milliseconds."""
     margin: int  # this near to a boundary the verdict is open
+    jitter: int  # what comes this near to a check may come before or after it
     haste: int   # what follows at once follows within this
+    is_real_time: bool = False
 
 
-EXACT = Tolerance(margin=0, haste=200)
-REAL_TIME = Tolerance(margin=2000, haste=1500)
+EXACT = Tolerance(margin=0, jitter=0, haste=200)
+# A busy machine may take its time, but what follows at once comes before the next check.
+REAL_TIME = Tolerance(margin=1000, jitter=1000, haste=10_000, is_real_time=True)
 
 
 class Replay:
@@ -43,6 +46,8 @@ class Replay:
         self.waiting: list[ledger.Line] = []
         self.connection = 0  # the latest that was opened
         self.is_connected = False
+        self.parsed_at = 0    # when the lines of this check were taken
+        self.quiet_since = 0  # the end of the last check
         self.unknown: dict[str, int] = {}  # keys of posts that were taken without the program knowing
 
     def run(self) -> Tally:
@@ -50,7 +55,9 @@ class Replay:
         if page is not None:
             self._take_feed(page, is_first_load=True)
         while (page := self._next_page()) is not None:
-            if page.path == FEED:
+            if page.path == FEED and self._is_final_check_of_nothing(page):
+                self.quiet_since = page.t
+            elif page.path == FEED:
                 self._check(page)
             elif page.path == ALERTS:
                 self._take_alerts(page)
@@ -110,12 +117,19 @@ class Replay:
         if following is not None and following.path == ALERTS and following.asked - now < AT_ONCE:
             now = self._take_alerts(self._next_page())
         self._take_what_came_until(now)
-        self._decide_about_late_lines(now)
+        now = self._after_late_lines(now)
         lines, self.waiting = self.waiting, []
         heard, about_stations = self.parser.parse(lines, now)
+        for spot in heard:
+            spot.is_late = now - spot.line.t < self.tolerance.jitter
+        self.parsed_at = now
         self.tally.lines += about_stations
-        if self.settings.sends:
-            self._pass_gates(heard, now)
+        self.quiet_since = self._pass_gates(heard, now) if self.settings.sends else now
+
+    def _is_final_check_of_nothing(self, page: ledger.Page) -> bool:
+        """The feed was read sooner than the next check can come: the program looked at a spot that was not thought
+        to come so far."""
+        return page.asked < self.quiet_since + self.settings.interval * 1000 - AT_ONCE
 
     def _take_feed(self, page: ledger.Page, is_first_load: bool = False) -> None:
         if page.status == 0:
@@ -152,27 +166,31 @@ class Replay:
             self.alerts.take_waiting()
         return page.t
 
-    def _decide_about_late_lines(self, now: int) -> None:
-        """In real time a line that comes just after the page may still be taken in this check: then a final check
-        follows in its time."""
-        if self.tolerance is EXACT or not self._final_check_follows(now):
-            return
-        recent = dict(self.parser.recent)
-        heard, _ = self.parser.parse(self.waiting, now)
-        self.parser.recent = recent
-        if not any(not self._first_refusal(spot, now) for spot in heard):
-            self._take_what_came_until(now + self.tolerance.haste)
+    def _after_late_lines(self, now: int) -> int:
+        """In real time the program takes the lines a little after the page: the final check, if one follows, shows
+        when that was."""
+        gate = self._gate_time(now)
+        self._take_what_came_until(gate)
+        return gate
+
+    def _gate_time(self, now: int) -> int:
+        """When the program had the spot at its gates, if a final check follows."""
+        if not self.tolerance.is_real_time or not self._final_check_follows(now):
+            return now
+        return max(now, self._peek(ledger.Page).asked - self.settings.delay * 1000)
 
     # The gates.
 
-    def _pass_gates(self, heard: list[Heard], now: int) -> None:
+    def _pass_gates(self, heard: list[Heard], now: int) -> int:
+        """When the gateway is through with all of them."""
         if heard and not self.is_connected:
             now = self._after_reconnection(now)
         for place, spot in enumerate(heard, 1):
-            ended = self._pass_gates_with(spot, now, place == len(heard))
+            ended = self._pass_gates_with(spot, now, heard[place:])
             if ended is None:
-                return
+                break
             now = ended
+        return now
 
     def _after_reconnection(self, now: int) -> int:
         """Before the gateway comes into play, the program tries to connect again, and waits for that."""
@@ -199,12 +217,20 @@ class Replay:
         margin = self.tolerance.margin
         return len({bool(judge(moment)) for moment in (now - margin, now, now + margin)}) > 1
 
-    def _pass_gates_with(self, spot: Heard, now: int, is_last: bool) -> int | None:
+    def _pass_gates_with(self, spot: Heard, now: int, rest: list[Heard]) -> int | None:
         """When the gateway is through with the spot; nothing when it ends with it."""
+        now = self._gate_time(now)
         refusal = self._first_refusal(spot, now)
         spot.is_near = spot.is_near or self._is_open(lambda moment: self._first_refusal(spot, moment), now)
         body = form_body(spot, self.settings)
-        if spot.is_near and not self._was_looked_at(body, now, is_last):
+        if spot.is_late and not refusal:
+            if not self._was_looked_at(body, now, rest):
+                self.parser.forget(spot, self.parsed_at)
+                self.waiting.append(spot.line)
+                self.waiting.sort(key=lambda line: line.t)
+                return now
+            spot.is_near = True
+        if spot.is_near and not self._was_looked_at(body, now, rest):
             self.tally.add(Item(Fate.UNDECIDABLE, 'near a boundary of the stream or of the first check', now, spot, body))
             return now
         if refusal and not spot.is_near:
@@ -214,14 +240,22 @@ class Replay:
             return self._miss_final_check(spot, body, now)
         return self._decide_finally(spot, body, self._next_page())
 
-    def _was_looked_at(self, body: str | None, now: int, is_last: bool) -> bool:
-        """Whether the program took a spot that it might as well have left aside."""
+    def _was_looked_at(self, body: str | None, now: int, rest: list[Heard]) -> bool:
+        """Whether the program took a spot that it might as well have left aside: it is posted next, or the feed is
+        read more often than the spots behind it need."""
         if not self._final_check_follows(now):
             return False
-        after_page = self.events.index(self._peek(ledger.Page), self.at) + 1
-        following = next((event for event in self.events[after_page:after_page + 5000]
-                          if isinstance(event, (ledger.Page, ledger.Post))), None)
-        return following.body == body if isinstance(following, ledger.Post) else is_last
+        readings, end = 0, now
+        for event in self.events[self.at:]:
+            if isinstance(event, ledger.Post) and readings == 1 and event.body == body:
+                return True
+            if isinstance(event, ledger.Page):
+                if readings and event.asked >= end + self.settings.interval * 1000 - AT_ONCE:
+                    break
+                readings += 1
+            if isinstance(event, (ledger.Page, ledger.Post)):
+                end = event.t
+        return readings > sum(not self._first_refusal(spot, now) for spot in rest)
 
     def _final_check_follows(self, now: int) -> bool:
         page = self._peek(ledger.Page)
@@ -295,6 +329,10 @@ class Replay:
         """A post that nothing asked for."""
         item = next((item for item in reversed(self.tally.items[-200:])
                      if item.body == post.body and item.heard is not None), None)
+        if item is not None and item.fate is Fate.UNDECIDABLE and item.post is None:
+            item.post = post
+            self._take_outcome(item.heard.base, item.heard.key, post)
+            return
         fate, reason = Fate.WRONGLY, 'no skimmer line asks for it'
         if item is not None and item.post is not None:
             fate, reason = Fate.TWICE, 'the same line was posted before'

@@ -46,6 +46,7 @@ class Settings:
     login: str
     password: str
     template: str
+    interval: int  # seconds between checks
     dupe_minutes: int
     delay: int
     respot_seconds: int
@@ -75,6 +76,7 @@ def read(folder: pathlib.Path, password: str | None = None) -> Settings:
         return round(radio.number(section.get(key.upper(), '')))
 
     age = whole(gateway, 'SotawatchDupeSpotMaxAgeInMinutes')
+    interval = whole(profile.get('GENERAL', {}), 'SecondsBetweenChecks')
     hours = profile.get('GENERAL', {}).get('MAXALERTAGEINHOURS', '')
     time_out = whole(stream, 'RBNConnectionTimeout')
     stored = gateway.get('SOTAWATCHPASSWORD', '')
@@ -94,6 +96,7 @@ def read(folder: pathlib.Path, password: str | None = None) -> Settings:
         login=gateway.get('SOTAWATCHLOGIN', '').strip(),
         password=(password if password is not None else _unscrambled(stored)).strip(),
         template=(gateway.get('SPOTCOMMENTTEMPLATE', '') or TEMPLATE).strip(),
+        interval=interval if 1 <= interval <= 64 else 5,
         dupe_minutes=age if age >= 1 else 30,
         delay=max(0, whole(gateway, 'GatewayDelayBeforeFinalDupeCheckAndSendInSeconds')),
         respot_seconds=max(5, whole(gateway, 'GatewayMinimumSecondsBetweenSpotsOfSameStation')),

@@ -25,6 +25,7 @@ class Heard:
     skimmer: str
     summit: str
     is_near: bool  # within the margin of a boundary: it might as well not have come this far
+    is_late: bool = False  # came so shortly before the check that it may belong to the next one
 
 
 def fields_of(text: str) -> list[str]:
@@ -65,6 +66,11 @@ class Parser:
             if spot is not None:
                 heard.append(spot)
         return heard, len(found)
+
+    def forget(self, heard: Heard, now: int) -> None:
+        """Undoes what was remembered of a spot that was heard just now."""
+        if self.recent.get(heard.key) == now:
+            del self.recent[heard.key]
 
     def _spot(self, line: ledger.Line, fields: list[str], now: int, about_to_go: set[str]) -> Heard | None:
         settings = self.settings
