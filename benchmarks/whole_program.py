@@ -5,17 +5,15 @@ paint, the memory they hold, and the processor time they use while they only loo
 Usage: whole_program.py [seconds to watch, 120 when left out]. The executables are those of the folder that
 BRELWIN_BIN names. Needs Xvfb."""
 
-import mmap
-import os
 import pathlib
 import statistics
-import subprocess
 import sys
 import time
 from typing import NamedTuple
 
 sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / 'tests' / 'support'))
 from processes import BUILD_BIN, Process, Workshop  # noqa: E402
+from virtual_screen import VirtualScreen  # noqa: E402
 
 STARTS = 11
 SETTLING_SECONDS = 15.0
@@ -28,28 +26,6 @@ class Figure(NamedTuple):
     value: float
     unit: str
     goal: float
-
-
-class VirtualScreen:
-    """A screen without a monitor whose picture is a file: what is in there is what a person would see."""
-
-    def __init__(self, folder: pathlib.Path) -> None:
-        read_end, write_end = os.pipe()
-        self.server = subprocess.Popen(
-            ['Xvfb', '-displayfd', str(write_end), '-screen', '0', '1280x1024x24', '-fbdir', folder],
-            pass_fds=[write_end], stderr=subprocess.DEVNULL)
-        os.close(write_end)
-        with os.fdopen(read_end) as numbers:
-            self.name = ':' + numbers.readline().strip()
-        with open(folder / 'Xvfb_screen0', 'rb') as picture:
-            self._picture = mmap.mmap(picture.fileno(), 0, prot=mmap.PROT_READ)
-
-    def picture(self) -> bytes:
-        return self._picture[:]
-
-    def close(self) -> None:
-        self.server.terminate()
-        self.server.wait()
 
 
 def write_settings(workshop: Workshop, network: str) -> None:

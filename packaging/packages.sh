@@ -18,7 +18,7 @@ full_packages=(clang-16 clang-tidy-16 libclang-rt-16-dev)
 bench_packages=(xvfb)
 
 # To try the program against web servers and a proxy that others wrote: tests/real_servers/run.
-server_packages=(nginx-light libnginx-mod-http-echo tinyproxy openssl)
+server_packages=(nginx-light libnginx-mod-http-echo tinyproxy openssl xvfb xdotool)
 
 # Installs the named packages that are missing, as root or with sudo. Does nothing when all are there.
 install_missing() {

@@ -10,11 +10,13 @@ import urllib.request
 from typing import Callable, Iterator
 
 from feeds import first_items, long_feed, pad_to, without_newest_items
-from processes import Process, Workshop, expected_stations, is_spot_line, stations
+from processes import BUILD_BIN, Process, Workshop, expected_stations, is_spot_line, stations
 from servers import PLAIN, Nginx, Tinyproxy, free_port
+from virtual_screen import VirtualScreen
 
 MEGABYTE = 1 << 20
 SECONDS_TO_QUIT = 2.0
+SECONDS_TO_REACT = 2.0
 
 
 class Wrong(Exception):
@@ -33,12 +35,15 @@ class Case:
         self.workshop = Workshop()
         self.servers: list[Nginx | Tinyproxy] = []
         self.console: Process | None = None
+        self.screen: VirtualScreen | None = None
         self.good: list[str] = []
         base = self.workshop.start_practice_network('--speed', '0.001')
         self.feed = fetch(base + '/RssFeed')
 
     def close(self) -> None:
         self.workshop.close()
+        if self.screen:
+            self.screen.close()
         for server in self.servers:
             server.stop()
 
@@ -58,6 +63,29 @@ class Case:
     def watch(self, base: str, **environment: str) -> None:
         self.workshop.write_settings(base)
         self.console = self.workshop.start_console(**environment)
+
+    def watch_in_a_window(self, base: str) -> str:
+        """Returns the window's number once it is there."""
+        self.workshop.write_settings(base)
+        self.screen = VirtualScreen(self.workshop.root)
+        self.console = self.workshop.start([BUILD_BIN / 'brelwin'], DISPLAY=self.screen.name, QT_QPA_PLATFORM='xcb')
+        return self.screen.do('search', '--sync', '--onlyvisible', '--name', 'Brelwin v').split()[0]
+
+    def reacts(self, what: str, *command: str) -> None:
+        """What the hands do shows on the screen soon."""
+        seconds = self.screen.seconds_until_it_changes(*command)
+        must(seconds < SECONDS_TO_REACT, f'{what}: nothing to be seen for {seconds:.1f} s')
+        self.good.append(f'{what} within {seconds:.2f} s')
+
+    def window_is_alive(self, window: str, list_is_there: bool = False) -> None:
+        """It turns to other tabs and back, paints, scrolls and lets a line be chosen."""
+        tabs = {'Logs': '230', 'Gateway': '465', 'Spots': '40'}
+        for tab, x in tabs.items():
+            self.reacts(tab, 'mousemove', '--window', window, x, '25', 'click', '1')
+        if not list_is_there:
+            return
+        self.reacts('scrolls', 'mousemove', '--window', window, '300', '200', 'click', '5')
+        self.reacts('chooses', 'mousemove', '--window', window, '300', '120', 'click', '1')
 
     def shown(self) -> list[tuple[str, str, str]]:
         return stations(self.console.out.lines)
@@ -343,6 +371,27 @@ def of_40_megabytes_from_a_small_file(case: Case) -> None:
     case.checks_go_on(2, patience=60)
 
 
+def a_window_while_a_page_is_slow(case: Case) -> None:
+    nginx = case.nginx(PLAIN)
+    window = case.watch_in_a_window(nginx.base)
+    time.sleep(3)  # the list is there
+    nginx.serve('limit_rate_after 400; limit_rate 1;' + PLAIN)
+    time.sleep(3)  # the next check is reading
+    case.window_is_alive(window, list_is_there=True)
+
+
+def a_window_while_no_answer_comes(case: Case) -> None:
+    window = case.watch_in_a_window(case.nginx('limit_rate 1;' + PLAIN).base)
+    time.sleep(2)
+    case.window_is_alive(window)
+
+
+def a_window_without_a_server(case: Case) -> None:
+    window = case.watch_in_a_window(f'http://127.0.0.1:{free_port()}')
+    time.sleep(2)
+    case.window_is_alive(window)
+
+
 def no_server(case: Case) -> None:
     nginx = Nginx(case.workshop.root / 'nginx')
     nginx.put('feed.xml', case.feed)
@@ -362,7 +411,7 @@ CASES: dict[str, Callable[[Case], None]] = {
         through_a_proxy_without_scheme, past_a_proxy, a_proxy_that_is_gone, a_bad_certificate,
         a_bad_certificate_behind_a_proxy, slow, slow_to_begin, cut_in_the_middle, cut_while_compressed, not_found,
         a_server_in_trouble, an_empty_page, of_2048_bytes, of_40_megabytes, of_40_megabytes_from_a_small_file,
-        no_server)}
+        no_server, a_window_while_a_page_is_slow, a_window_while_no_answer_comes, a_window_without_a_server)}
 
 
 def run_case(name: str) -> bool:
