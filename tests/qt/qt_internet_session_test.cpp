@@ -100,6 +100,35 @@ TEST_F(QtInternetSessionTest, ReadsEveryKindOfBody) {
   }
 }
 
+// On one connection that is kept, as most servers do it.
+TEST_F(QtInternetSessionTest, AsksEveryAddressOfAChainOfRedirectsOnce) {
+  TinyServer server([](const QByteArray& line) {
+    if (line.contains("/first")) return Page("moved", "302 Found", "Location: /second?x=1%202\r\n");
+    if (line.contains("/second")) return Page("moved", "301 Moved", "Location: third\r\n");
+    return Page("here");
+  });
+  server.KeepsConnections = true;
+  const auto request = Fetch(server.Url("/first"));
+  EXPECT_EQ(request->Body(), "here");
+  EXPECT_EQ(request->StatusCode(), 200);
+  std::vector<std::string> asked;
+  for (const auto& head : server.Heads) asked.push_back(head.left(head.indexOf(" HTTP")).toStdString());
+  EXPECT_EQ(asked, (std::vector<std::string>{"GET /first", "GET /second?x=1%202", "GET /third"}));
+}
+
+TEST_F(QtInternetSessionTest, RedirectsThatLeadNowhereEnd) {
+  TinyServer server([](const QByteArray& line) {
+    const QByteArray target = line.contains("/file") ? "file:///etc/passwd" : "/circle";
+    return Page("moved", "302 Found", "Location: " + target + "\r\n");
+  });
+  for (const auto* path : {"/file", "/circle"}) {
+    const auto request = Fetch(server.Url(path));
+    EXPECT_EQ(request->Body(), "") << path;
+    EXPECT_NE(request->ErrorText(), "") << path;
+  }
+  EXPECT_LT(server.Heads.size(), 20u);
+}
+
 TEST_F(QtInternetSessionTest, KeepsNoMoreThanAskedFor) {
   TinyServer server([](const QByteArray& line) {
     return line.contains("/packed") ? Page(PackedLetters(), "200 OK", "Content-Encoding: deflate\r\n")

@@ -15,7 +15,7 @@ namespace brelwin::test {
 class TinyServer {
  public:
   // Answers every request, once its head is there, with what the function gives for its first line; an empty
-  // answer is never sent. The connection is closed after the answer.
+  // answer is never sent. The connection is closed after the answer, unless told otherwise.
   using Answer = std::function<QByteArray(const QByteArray& requestLine)>;
 
   explicit TinyServer(Answer answer) : answer_(std::move(answer)) {
@@ -30,6 +30,7 @@ class TinyServer {
 
   std::vector<QByteArray> Heads;  // of the requests so far
   int OpenConnections = 0;
+  bool KeepsConnections = false;  // after an answer
 
  private:
   void Accept() {
@@ -48,7 +49,7 @@ class TinyServer {
     const auto answer = answer_(Heads.back().left(Heads.back().indexOf("\r\n")));
     if (answer.isEmpty()) return;
     socket.write(answer);
-    socket.disconnectFromHost();
+    if (!KeepsConnections) socket.disconnectFromHost();
   }
 
   Answer answer_;

@@ -1,12 +1,11 @@
 #include "qt/ports/qt_internet_session.h"
 
 #include "qt/ports/qt_page_request.h"
-#include "qt/ports/toolkit_proxy.h"
 
 namespace brelwin {
 
 std::unique_ptr<PageRequest> QtInternetSession::OpenUrl(const PageQuery& query) {
-  return std::make_unique<QtPageRequest>(query, ToolkitProxy(ProxyForUrl(proxies_, query.Url)));
+  return std::make_unique<QtPageRequest>(query, proxies_);
 }
 
 }  // namespace brelwin

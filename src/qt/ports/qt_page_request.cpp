@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "qt/ports/qt_text.h"
+#include "qt/ports/toolkit_proxy.h"
 
 namespace brelwin {
 namespace {
@@ -24,29 +25,34 @@ bool IsOnlyTheStatus(QNetworkReply::NetworkError error) {
          error > QNetworkReply::ProtocolFailure;
 }
 
-QNetworkRequest RequestFor(const PageQuery& query) {
-  QNetworkRequest request(QUrl(ToQString(query.Url)));
-  request.setRawHeader("User-Agent", QByteArray::fromStdString(query.UserAgent));
+// Redirects are followed here and not by the toolkit: it would ask twice on a connection that is kept, and
+// would take the first address's proxy for all of them.
+QNetworkRequest RequestFor(const QUrl& url, const std::string& userAgent) {
+  QNetworkRequest request(url);
+  request.setRawHeader("User-Agent", QByteArray::fromStdString(userAgent));
   request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
   request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
   request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
   request.setAttribute(QNetworkRequest::Http2AllowedAttribute, false);
-  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::NoLessSafeRedirectPolicy);
-  request.setMaximumRedirectsAllowed(MaximumRedirects);
+  request.setAttribute(QNetworkRequest::RedirectPolicyAttribute, QNetworkRequest::ManualRedirectPolicy);
   request.setDecompressedSafetyCheckThreshold(-1);  // MaximumBytes is the limit
   return request;
 }
 
+QUrl RedirectionOf(const QNetworkReply& reply) {
+  return reply.attribute(QNetworkRequest::RedirectionTargetAttribute).toUrl();
+}
+
 }  // namespace
 
-QtPageRequest::QtPageRequest(const PageQuery& query, const QNetworkProxy& proxy)
-    : maximumBytes_(query.MaximumBytes) {
+QtPageRequest::QtPageRequest(const PageQuery& query, const ProxySettings& proxies)
+    : userAgent_(query.UserAgent), maximumBytes_(query.MaximumBytes), proxies_(proxies) {
   nextSlice_.setSingleShot(true);
   nextSlice_.setInterval(0);
   nextSlice_.callOnTimeout([this] { TakeSlice(); });
-  manager_.setProxy(proxy);
-  if (IsWebAddress(QUrl(ToQString(query.Url))))
-    Start(query);
+  const QUrl url(ToQString(query.Url));
+  if (IsWebAddress(url))
+    Start(url);
   else
     Finish("\"" + query.Url + "\" is no web address");
 }
@@ -61,10 +67,11 @@ int QtPageRequest::StatusCode() const {
   return reply_ ? reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() : 0;
 }
 
-void QtPageRequest::Start(const PageQuery& query) {
-  reply_.reset(manager_.get(RequestFor(query)));
+void QtPageRequest::Start(const QUrl& url) {
+  manager_.setProxy(ToolkitProxy(ProxyForUrl(proxies_, url.toString().toStdString())));
+  reply_.reset(manager_.get(RequestFor(url, userAgent_)));
   QObject::connect(reply_.get(), &QNetworkReply::metaDataChanged, &nextSlice_, [this] {
-    if (state_ == State::Connecting) state_ = State::Receiving;
+    if (state_ == State::Connecting && RedirectionOf(*reply_).isEmpty()) state_ = State::Receiving;
   });
   QObject::connect(reply_.get(), &QNetworkReply::readyRead, &nextSlice_, qOverload<>(&QTimer::start));
   QObject::connect(reply_.get(), &QNetworkReply::finished, &nextSlice_, qOverload<>(&QTimer::start));
@@ -81,7 +88,23 @@ void QtPageRequest::TakeSlice() {
   if (!piece.isEmpty())
     nextSlice_.start();
   else if (reply_->isFinished())
-    Finish(TransportError());
+    End();
+}
+
+void QtPageRequest::End() {
+  const auto redirection = RedirectionOf(*reply_);
+  if (redirection.isEmpty()) return Finish(TransportError());
+  body_.clear();
+  Follow(reply_->url().resolved(redirection));
+}
+
+void QtPageRequest::Follow(const QUrl& url) {
+  if (++redirects_ > MaximumRedirects) return Finish("the server sent the reader round in circles");
+  if (!IsWebAddress(url))
+    return Finish("a redirect to \"" + url.toString().toStdString() + "\" was refused: it is no web address");
+  if (reply_->url().scheme() == "https" && url.scheme() != "https")
+    return Finish("a redirect from a secure page to an insecure one was refused");
+  Start(url);
 }
 
 void QtPageRequest::Finish(std::string errorText) {
@@ -98,9 +121,6 @@ std::string QtPageRequest::TransportError() const {
     case QNetworkReply::NoError: return {};
     case QNetworkReply::RemoteHostClosedError:
       return "the server closed the connection before the page ended";
-    case QNetworkReply::TooManyRedirectsError: return "the server sent the reader round in circles";
-    case QNetworkReply::InsecureRedirectError:
-      return "a redirect from a secure page to an insecure one was refused";
     default: return IsOnlyTheStatus(error) ? std::string() : reply_->errorString().toStdString();
   }
 }

@@ -2,18 +2,19 @@
 #pragma once
 
 #include <QNetworkAccessManager>
-#include <QNetworkProxy>
 #include <QNetworkReply>
 #include <QTimer>
+#include <QUrl>
 #include <memory>
 
 #include "platform/internet_session.h"
+#include "platform/proxy_settings.h"
 
 namespace brelwin {
 
 class QtPageRequest final : public PageRequest {
  public:
-  QtPageRequest(const PageQuery& query, const QNetworkProxy& proxy);
+  QtPageRequest(const PageQuery& query, const ProxySettings& proxies);
   ~QtPageRequest() override;
 
   State CurrentState() const override { return state_; }
@@ -22,17 +23,22 @@ class QtPageRequest final : public PageRequest {
   std::string ErrorText() const override { return errorText_; }
 
  private:
-  void Start(const PageQuery& query);
+  void Start(const QUrl& url);
   void TakeSlice();
+  void End();
+  void Follow(const QUrl& url);
   void Finish(std::string errorText);
   std::string TransportError() const;
 
+  const std::string userAgent_;
   const std::uint64_t maximumBytes_;
+  const ProxySettings proxies_;
   State state_ = State::Connecting;
   std::string body_;
   std::string errorText_;
   QNetworkAccessManager manager_;
   std::unique_ptr<QNetworkReply> reply_;
+  int redirects_ = 0;
   QTimer nextSlice_;
 };
 
