@@ -85,14 +85,12 @@ QLayout* MakeViewers() {
   return row;
 }
 
-// Its lines have columns and are as long as the reason that they give.
+// Its lines have columns.
 QListWidget* MakeJournal() {
   auto* journal = new QListWidget;
   journal->setObjectName("lstGatewayJournal");
   journal->setToolTip("What was sent and what was refused, newest first");
   journal->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
-  journal->setWordWrap(true);
-  journal->setResizeMode(QListView::Adjust);
   journal->setAlternatingRowColors(true);
   return journal;
 }
