@@ -128,9 +128,12 @@ std::int32_t GetAlertsFromSotawatchHTMLPage(Host& host, const AlertsPageRequest&
     errorText = transfer.LastErrorMessage();
     return NotFetched;
   }
-  if (host.ShuttingDown) return NothingRead;  // what came before the end is no whole page
-  if (!transfer.LastTransportError().empty())
-    LogMessage(host, "The page broke off: " + transfer.LastTransportError());
+  if (host.ShuttingDown) return NothingRead;     // what came before the end is no whole page
+  if (!transfer.LastTransportError().empty()) {  // and says nothing about the alerts behind it
+    errorText = "The page broke off: " + transfer.LastTransportError();
+    LogMessage(host, errorText);
+    return NothingRead;
+  }
   return TakeAlertsFromPage(host, page, transfer.LastBodyLength(), request, alerts, knownActivators,
                             errorText);
 }
