@@ -240,7 +240,7 @@ TEST_F(AlertsPageTest, TheFetchIsTakenWithItsFaults) {
 
   host_.Internet.Answer(request.Url, {.Status = 200, .Body = ""});
   EXPECT_EQ(fetch(), 0);
-  EXPECT_EQ(errorText, "");
+  EXPECT_EQ(errorText, "The page came empty");
   EXPECT_EQ(alerts_.Count(), 1U);
   EXPECT_TRUE(IsLogged(
       "GetAlertsFromSotawatchHTMLPage - Attempted to download Alert HTML from Sotawatch but ZERO bytes"

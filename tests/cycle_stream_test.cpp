@@ -111,6 +111,28 @@ TEST_F(StreamStory, AlertsAreRefreshedWhenDueAndAFailedRefreshIsTriedAtEveryChec
   EXPECT_TRUE(Host.Disk.Exists("/brelwin/SOTAAlerts_202611241231.txt"));
 }
 
+TEST_F(StreamStory, TheStatusTellsWhyTheAlertsAreNotRead) {
+  const auto says = [this](const std::string& text) {
+    return Contains(Brelwin.Controls().Spots.lblSources.Caption.Get(), text);
+  };
+  const auto& sources = Brelwin.Controls().Spots.lblSources.Caption;
+  Host.Sockets.Peer(LoggingIn());
+  Host.Internet.Forget(AlertsAddress);
+  Brelwin.Start({}, {});
+  Host.Queue.RunFor(minutes(2) + seconds(1));
+  EXPECT_TRUE(says("Alerts: not read yet; failing since 12:00 (Unable to open URL), next attempt at 12:02:"))
+      << sources.Get();
+
+  Host.Internet.AnswerAlways(AlertsAddress, test::Heading() + test::Table({.Time = "12:10"}));
+  Host.Queue.RunFor(seconds(20));
+  EXPECT_TRUE(says("Alerts: 1, read at 12:02 |")) << sources.Get();
+
+  Host.Internet.AnswerAlways(AlertsAddress, "500 Internal Server Error");
+  Host.Queue.RunFor(minutes(7));
+  EXPECT_TRUE(says("Alerts: 1, read at 12:02; failing since 12:08 (The page holds no day of alerts) |"))
+      << sources.Get();
+}
+
 TEST_F(StreamStory, WithTheStreamOffNeitherAlertsNorStreamAreTouchedButCommandsAre) {
   Settings("RBNSpotsEnabled=0\r\n");
   Host.Internet.AnswerAlways(FeedAddress, test::FeedText({{.Title = "G4ABC/P on G/LD-001 @ 14.062 CW",

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -61,9 +62,10 @@ class AlertCollection {
   void NoteWithdrawn(AlertPointer alert, Withdrawal reason);
   const std::vector<WithdrawnAlert>& WithdrawnOf(const std::string& baseCallsign) const;
 
-  // Whether these alerts come from a page that was read, not only from spots.
-  bool WereRead() const { return wereRead_; }
-  void SetRead() { wereRead_ = true; }
+  // When the page was read from which these alerts come, in local time. Empty when they come from spots only.
+  std::optional<DateTime> ReadAt() const { return readAt_; }
+  bool WereRead() const { return readAt_.has_value(); }
+  void SetReadAt(DateTime local) { readAt_ = local; }
 
  private:
   struct HashWithoutCase {
@@ -87,7 +89,7 @@ class AlertCollection {
   std::unordered_map<std::string, std::vector<WithdrawnAlert>> withdrawn_;
   CallsignCollection stations_;
   PresenceMarks stationMarks_;
-  bool wereRead_ = false;
+  std::optional<DateTime> readAt_;
 };
 
 }  // namespace brelwin
