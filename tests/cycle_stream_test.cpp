@@ -82,14 +82,24 @@ TEST_F(StreamStory, AnAnnouncedActivatorIsMatchedShownAndExplained) {
   EXPECT_TRUE(Contains(Brelwin.Controls().Spots.lblSources.Caption.Get(), "Alerts: 1, read at 12:00"));
 }
 
-TEST_F(StreamStory, AnAnnouncedStationAtAnotherTimeSaysWhyItDidNotMatch) {
-  Host.Internet.AnswerAlways(AlertsAddress, test::Heading() + test::Table({.Time = "16:10"}));
-  Host.Sockets.Peer(LoggingIn().Sends(HeardLine, seconds(12)));
+// Also when the spots themselves are dropped.
+TEST_F(StreamStory, AnAnnouncedStationThatDidNotMatchSaysWhy) {
+  Settings("RBNSpotsEnabled=1\r\nFilterSotawatchMatchingAlert=1\r\n");
+  Host.Internet.AnswerAlways(AlertsAddress,
+                             test::Heading() + test::Table({.Time = "16:10"}) +
+                                 test::Table({.Time = "12:10", .Callsign = "K2AAA", .Comment = "cancelled"}));
+  Host.Sockets.Peer(LoggingIn().Sends(HeardLine + Replace(HeardLine, "G4ABC", "K2AAA"), seconds(12)));
+  std::string said;
+  auto& caption = Brelwin.Controls().RBN.lblUnmatchedSpot.Caption;
+  const auto watch = caption.WhenChanged([&] { said += caption.Get() + "\n"; });
   Brelwin.Start({}, {});
   Host.Queue.RunFor(seconds(40));
   EXPECT_TRUE(
       Contains(Host.EventLog(), "Spot received for G4ABC who has 1 alerts in Sotawatch but none of them"));
-  EXPECT_TRUE(Contains(Brelwin.Controls().RBN.lblUnmatchedSpot.Caption.Get(), "outside"));
+  EXPECT_TRUE(List().Spots.empty());
+  EXPECT_TRUE(said.starts_with("No match: 189 minutes outside the only alert, G4ABC for")) << said;
+  EXPECT_TRUE(said.ends_with("K2AAA for 2026-11-24 12:10 UTC on G/LD-001 was cancelled by its activator.\n"))
+      << said;
 }
 
 TEST_F(StreamStory, AlertsAreRefreshedWhenDueAndAFailedRefreshIsTriedAtEveryCheck) {

@@ -49,10 +49,11 @@ class AlertCollection {
   // Base callsigns for which an alert was added, each once, in the order in which they came.
   const CallsignCollection& Stations() const { return stations_; }
 
-  // Whether the base callsign is among the stations: asked of every line of the stream, most of which are of
-  // no announced station.
+  // Whether the station has or had an alert, withdrawn ones included: asked of every line of the stream, most
+  // of which are of no announced station.
   bool IsAnnounced(std::string_view baseCallsign) const {
-    return stationMarks_.MayHold(baseCallsign) && stations_.Contains(baseCallsign);
+    return stationMarks_.MayHold(baseCallsign) &&
+           (stations_.Contains(baseCallsign) || withdrawn_.contains(std::string(baseCallsign)));
   }
 
   // The alerts whose stationBaseCallsign is exactly this, in collection order.
