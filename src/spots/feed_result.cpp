@@ -16,19 +16,13 @@ std::string WithReason(const std::string& text, const std::string& reason) {
 }
 
 std::string StatusOfAnswer(const InternetTransfer& transfer, const std::string& service, FeedEnd end) {
-  const bool isPage = transfer.LastStatusCode() >= 200 && transfer.LastStatusCode() < 300;
-  switch (end) {
-    case FeedEnd::NotOpened: return WithReason("No connection to " + service, transfer.LastTransportError());
-    case FeedEnd::NoFeed:
-      return isPage ? service + " answered, but not with spots"
-                    : service + " answered " + std::to_string(transfer.LastStatusCode());
-    case FeedEnd::Cut:
-      return WithReason("The answer of " + service + " broke off", transfer.LastTransportError());
-    case FeedEnd::ReachedPrevious:
-    case FeedEnd::ReachedAgeLimit:
-    case FeedEnd::EndOfFeed: break;
-  }
-  return "Connected to " + service;
+  const auto code = transfer.LastStatusCode();
+  const auto& error = transfer.LastTransportError();
+  if (end == FeedEnd::NotOpened) return WithReason("No connection to " + service, error);
+  if (code < 200 || code >= 300) return WithReason(service + " answered " + std::to_string(code), error);
+  const bool brokeOff = end == FeedEnd::Cut || (end == FeedEnd::NoFeed && !error.empty());
+  if (brokeOff) return WithReason("The answer of " + service + " broke off", error);
+  return end == FeedEnd::NoFeed ? service + " answered, but not with spots" : "Connected to " + service;
 }
 
 }  // namespace
