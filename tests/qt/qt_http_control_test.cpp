@@ -112,6 +112,7 @@ TEST_F(QtHttpControlTest, PostsTheFormAndReadsAnyCompleteAnswer) {
   const auto request = server_.Requests[0];
   EXPECT_TRUE(request.startsWith("POST /200 HTTP/1.1\r\n"));
   EXPECT_TRUE(request.contains("\r\nUser-Agent: VB OpenUrl\r\n")) << request.toStdString();
+  EXPECT_TRUE(request.contains("\r\nAccept-Language: en\r\n"));
   EXPECT_TRUE(request.contains("\r\nContent-Type: application/x-www-form-urlencoded\r\n"));
   EXPECT_TRUE(request.endsWith("\r\n\r\na=1&password=secret"));
   for (const std::string status :

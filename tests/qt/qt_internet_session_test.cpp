@@ -65,6 +65,7 @@ TEST_F(QtInternetSessionTest, AsksAsThisProgramAndWithoutConditions) {
   for (const auto& head : server.Heads) {
     EXPECT_TRUE(head.startsWith("GET /RssFeed?q=1 HTTP/1.1\r\n"));
     EXPECT_TRUE(head.contains("User-Agent: VB OpenUrl\r\n")) << head.toStdString();
+    EXPECT_TRUE(head.contains("Accept-Language: en\r\n")) << head.toStdString();  // whatever the locale
     EXPECT_FALSE(head.contains("If-")) << head.toStdString();
   }
 }

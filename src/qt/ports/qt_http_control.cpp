@@ -64,6 +64,7 @@ void SetHeaders(QNetworkRequest& request, const QByteArray& lines) {
 QNetworkRequest RequestTo(const QUrl& url, const QByteArray& headers, qsizetype bodyLength) {
   QNetworkRequest request(url);
   request.setRawHeader("User-Agent", "VB OpenUrl");
+  request.setRawHeader("Accept-Language", "en");        // the client would take it from the user's locale
   request.setRawHeader("Accept-Encoding", "identity");  // the length of what comes shows whether it is whole
   request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
   request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);

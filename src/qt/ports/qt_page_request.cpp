@@ -30,6 +30,7 @@ bool IsOnlyTheStatus(QNetworkReply::NetworkError error) {
 QNetworkRequest RequestFor(const QUrl& url, const std::string& userAgent) {
   QNetworkRequest request(url);
   request.setRawHeader("User-Agent", QByteArray::fromStdString(userAgent));
+  request.setRawHeader("Accept-Language", "en");  // the toolkit would take it from the user's locale
   request.setAttribute(QNetworkRequest::CacheLoadControlAttribute, QNetworkRequest::AlwaysNetwork);
   request.setAttribute(QNetworkRequest::CookieLoadControlAttribute, QNetworkRequest::Manual);
   request.setAttribute(QNetworkRequest::CookieSaveControlAttribute, QNetworkRequest::Manual);
