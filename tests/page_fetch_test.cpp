@@ -75,6 +75,17 @@ TEST_F(PageFetch, ASlowServerEndsTheTextAfterTwoMinutes) {
   EXPECT_EQ(Seconds(), 120);
 }
 
+TEST_F(PageFetch, WhatComesWithoutAnythingToShowIsNoSilence) {
+  const auto slowly = [](int hiddenPieces) {
+    return ScriptedAnswer{.Body = "x", .BetweenPieces = Milliseconds(1'000), .HiddenPieces = hiddenPieces};
+  };
+  EXPECT_EQ(Read(slowly(60)), "x");
+  EXPECT_EQ(Seconds(), 61);
+  EXPECT_EQ(Read(slowly(500)), "");
+  ExpectNotOpened();
+  EXPECT_EQ(Seconds(), 120);
+}
+
 TEST_F(PageFetch, QuittingEndsItAtOnce) {
   const auto quit = host_.Queue.CallAfter(Milliseconds(5'000), [this] { host_.World.ShuttingDown = true; });
   Read({.Body = "abcdef", .BetweenPieces = Milliseconds(2'000), .PieceSize = 2});

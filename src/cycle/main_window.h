@@ -55,13 +55,7 @@ struct MainWindow {
     std::int64_t Spots = 0;
   };
   FeedState Sotawatch;
-
-  // Why the alerts are not as the page has them now, and since when. Empty after a reading that succeeded.
-  struct AlertsFailure {
-    std::string Text;
-    std::optional<DateTime> Since;  // local
-  };
-  AlertsFailure AlertsNotRead;
+  std::optional<DateTime> AlertsReadAt;  // local
 
   bool FormLoading = true;
   bool CheckInProgress = false;

@@ -29,7 +29,12 @@ class PageRequest {
   // came.
   virtual State CurrentState() const = 0;
 
-  // HTTP status of the answer, of the last one after redirects; 0 while there is none and when none came.
+  // Another number than before whenever something has come over the wire meanwhile, be it a part of a head or
+  // of a packed body that gives nothing to show yet.
+  virtual std::uint64_t Activity() const = 0;
+
+  // HTTP status of the answer, of the last one after redirects; 0 while there is none and when none came, as
+  // when the target of a redirect cannot be reached.
   virtual int StatusCode() const = 0;
 
   // The unpacked body received so far, as bytes.

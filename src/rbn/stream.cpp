@@ -84,8 +84,7 @@ void ConnectToRBN(RBNConnection& connection) {
 
 bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
                   const CallsignCollection& knownActivators, const AlertCollection& alerts,
-                  RecentRBNSpots& recentSpots, SpotCollection& newSpots,
-                  std::vector<std::string>& unmatched) {
+                  RecentRBNSpots& recentSpots, SpotCollection& newSpots) {
   if (!connection.Lines.HasLines() || IsLoggingIn(connection)) {
     if (connection.Connected) WatchUnfinishedLine(connection);
     return false;
@@ -98,7 +97,7 @@ bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
   std::string errorText;
   const auto result =
       ParseReverseBeaconSpots(connection.World, FromFirstSpotLine(text), filter, knownActivators, alerts,
-                              recentSpots, newSpots, spotLines, errorText, &unmatched);
+                              recentSpots, newSpots, spotLines, errorText);
   WatchStream(connection, spotLines);
   return result == -1 && !newSpots.Empty();
 }

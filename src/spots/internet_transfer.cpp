@@ -30,10 +30,9 @@ class FetchMark {
 std::string WaitForEnd(Host& host, const PageRequest& request) {
   const auto deadline = host.Time.Now() + LongestFetch;
   while (request.CurrentState() != PageRequest::State::Finished) {
-    const auto state = request.CurrentState();
-    const auto size = request.Body().size();
+    const auto activity = request.Activity();
     const auto somethingCame = [&] {
-      return request.CurrentState() != state || request.Body().size() != size;
+      return request.CurrentState() == PageRequest::State::Finished || request.Activity() != activity;
     };
     const auto silenceEnds = host.Time.Now() + LongestSilence;
     const auto result = WaitUntil(host, somethingCame, std::min(silenceEnds, deadline));

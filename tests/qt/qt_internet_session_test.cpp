@@ -117,17 +117,29 @@ TEST_F(QtInternetSessionTest, AsksEveryAddressOfAChainOfRedirectsOnce) {
   EXPECT_EQ(asked, (std::vector<std::string>{"GET /first", "GET /second?x=1%202", "GET /third"}));
 }
 
-TEST_F(QtInternetSessionTest, RedirectsThatLeadNowhereEnd) {
-  TinyServer server([](const QByteArray& line) {
-    const QByteArray target = line.contains("/file") ? "file:///etc/passwd" : "/circle";
-    return Page("moved", "302 Found", "Location: " + target + "\r\n");
+// What is on the way is no answer.
+TEST_F(QtInternetSessionTest, RedirectsThatLeadNowhereAreNotOpened) {
+  TinyServer server([&](const QByteArray& line) -> QByteArray {
+    const auto to = [](const QByteArray& target) {
+      return Page("moved", "302 Found", "Location: " + target + "\r\n");
+    };
+    if (line.contains("/closed")) return to("http://127.0.0.1:1/");
+    if (line.contains("/round")) return to("/round");
+    if (line.contains("/strange")) return to("file:///etc/passwd");
+    if (line.contains("/silent")) return to("/never");
+    return line.contains("/never") ? QByteArray() : Page("", "302 Found");
   });
-  for (const auto* path : {"/file", "/circle"}) {
+  for (const std::string path : {"/closed", "/round", "/strange"}) {
     const auto request = Fetch(server.Url(path));
+    EXPECT_EQ(request->StatusCode(), 0) << path;
     EXPECT_EQ(request->Body(), "") << path;
     EXPECT_NE(request->ErrorText(), "") << path;
   }
   EXPECT_LT(server.Heads.size(), 20u);
+  const auto waiting = Open(server.Url("/silent"));
+  WaitUntil([&] { return server.Heads.back().startsWith("GET /never"); });
+  EXPECT_EQ(waiting->StatusCode(), 0);
+  EXPECT_EQ(Fetch(server.Url("/without"))->StatusCode(), 302);
 }
 
 TEST_F(QtInternetSessionTest, KeepsNoMoreThanAskedFor) {
@@ -186,6 +198,34 @@ TEST_F(QtInternetSessionTest, TellsWhatHasComeWhileTheRestIsOutstanding) {
   EXPECT_EQ(request->Body(), "first two");
 }
 
+TEST_F(QtInternetSessionTest, NoticesTheFirstBytesOfAHeadAndOfAPackedBody) {
+  QTcpServer server;
+  ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
+  const auto request = Open("http://127.0.0.1:" + std::to_string(server.serverPort()) + "/");
+  WaitUntil([&] { return server.hasPendingConnections(); });
+  auto* socket = server.nextPendingConnection();
+  ASSERT_NE(socket, nullptr);
+  WaitUntil([&] { return socket->bytesAvailable() > 0; });
+  const auto isQuiet = [&] {
+    const auto before = request->Activity();
+    for (int look = 0; look < 3; ++look) queue_.WaitForEvents(milliseconds(20));
+    return request->Activity() == before;
+  };
+  const auto packed = PackedLetters();
+  for (const auto& piece :
+       {QByteArray("HTTP/1.1 20"), QByteArray("0 OK\r\nContent-Encoding: deflate\r\n\r\n"), packed.left(1),
+        packed.mid(1, 1)}) {
+    WaitUntil(isQuiet);
+    const auto before = request->Activity();
+    socket->write(piece);
+    WaitUntil([&] { return request->Activity() != before; });
+    EXPECT_NE(request->Activity(), before) << piece.toStdString();
+    EXPECT_EQ(request->Body(), "");
+  }
+  WaitUntil(isQuiet);
+  EXPECT_TRUE(isQuiet());
+}
+
 TEST_F(QtInternetSessionTest, TheEndOfARequestEndsItsConnection) {
   TinyServer server([](const QByteArray&) { return QByteArray(); });
   auto request = Open(server.Url("/never"));
@@ -205,6 +245,25 @@ TEST_F(QtInternetSessionTest, GoesThroughTheProxyOfTheEnvironment) {
   EXPECT_EQ(request->Body(), "by proxy");
   ASSERT_EQ(proxy.Heads.size(), 1u);
   EXPECT_TRUE(proxy.Heads[0].startsWith("GET http://feed.test/RssFeed HTTP/1.1"));
+}
+
+TEST_F(QtInternetSessionTest, EveryAddressOnTheWayHasItsOwnProxy) {
+  TinyServer direct([](const QByteArray& line) {
+    return line.contains("/away") ? Page("", "302 Found", "Location: http://feed.test/end\r\n")
+                                  : Page("direct");
+  });
+  const auto home = QByteArray::fromStdString(direct.Url("/end"));
+  TinyServer proxy([&](const QByteArray& line) {
+    return line.contains("/home") ? Page("", "302 Found", "Location: " + home + "\r\n") : Page("by proxy");
+  });
+  QtInternetSession session(
+      ProxySettings{"http://127.0.0.1:" + std::to_string(proxy.Port()), "", "127.0.0.1"});
+  for (const auto& [url, body] : {std::pair(std::string("http://feed.test/home"), "direct"),
+                                  std::pair(direct.Url("/away"), "by proxy")}) {
+    const auto request = session.OpenUrl({url, "VB OpenUrl", Plenty});
+    WaitUntil([&] { return request->CurrentState() == State::Finished; });
+    EXPECT_EQ(request->Body(), body) << url;
+  }
 }
 
 TEST_F(QtInternetSessionTest, ACertificateThatNobodyVouchesForIsRefused) {

@@ -133,8 +133,7 @@ struct GatewayStory : TestHost {
   std::string GatewayEvents() const {
     constexpr std::string_view Mark = "PerformGatewayProcessing - ";
     std::string events;
-    const auto log = EventLog();
-    for (const auto line : SplitLines(log)) {
+    for (const auto line : SplitLines(EventLog())) {
       if (const auto at = line.find(Mark); at != std::string_view::npos)
         events.append(line.substr(at + Mark.size())).append("\n");
     }

@@ -19,6 +19,7 @@ struct ScriptedAnswer {
   Milliseconds Delay{10};         // until the first byte
   Milliseconds BetweenPieces{0};  // when not 0, the body comes in pieces of PieceSize this far apart
   std::size_t PieceSize = 1;
+  int HiddenPieces = 0;        // that come before the others and give nothing to show: a head, a packed body
   std::string ErrorText = {};  // set for what breaks off
 };
 
@@ -49,6 +50,7 @@ class ScriptedInternet final : public InternetSession {
     }
 
     State CurrentState() const override { return state_; }
+    std::uint64_t Activity() const override { return activity_; }
     int StatusCode() const override { return state_ == State::Connecting ? 0 : answer_.Status; }
     const std::string& Body() const override { return body_; }
     std::string ErrorText() const override {
@@ -57,6 +59,11 @@ class ScriptedInternet final : public InternetSession {
 
    private:
     void Begin() {
+      ++activity_;
+      if (answer_.HiddenPieces-- > 0) {
+        timer_ = queue_.CallAfter(answer_.BetweenPieces, [this] { Begin(); });
+        return;
+      }
       state_ = State::Receiving;
       if (answer_.Status == 0) return Finish();
       if (answer_.BetweenPieces == Milliseconds::zero()) {
@@ -68,6 +75,7 @@ class ScriptedInternet final : public InternetSession {
 
     void Piece() {
       if (body_.size() == answer_.Body.size()) return Finish();
+      ++activity_;
       body_.append(answer_.Body.substr(body_.size(), answer_.PieceSize));
       timer_ = queue_.CallAfter(answer_.BetweenPieces, [this] { Piece(); });
     }
@@ -78,13 +86,14 @@ class ScriptedInternet final : public InternetSession {
     ScriptedAnswer answer_;
     std::string body_;
     State state_ = State::Connecting;
+    std::uint64_t activity_ = 0;
     TimerHandle timer_;
   };
 
   ScriptedAnswer TakeAnswer(const std::string& url) {
     const auto found = answers_.find(url);
     if (found == answers_.end() || found->second.empty())
-      return {0, {}, Milliseconds(1), {}, 1, "Connection refused"};
+      return {0, {}, Milliseconds(1), {}, 1, 0, "Connection refused"};
     auto answer = found->second.front();
     if (found->second.size() > 1) found->second.pop_front();
     return answer;

@@ -6,6 +6,7 @@
 #include <utility>
 
 #include "qt/ports/qt_text.h"
+#include "qt/ports/received_bytes.h"
 #include "qt/ports/toolkit_proxy.h"
 
 namespace brelwin {
@@ -64,17 +65,29 @@ QtPageRequest::~QtPageRequest() {
   reply_->abort();
 }
 
+std::uint64_t QtPageRequest::Activity() const {
+  return signs_ + ReceivedBytes(remotePort_);
+}
+
 int QtPageRequest::StatusCode() const {
-  return reply_ ? reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt() : 0;
+  if (!reply_ || !RedirectionOf(*reply_).isEmpty()) return 0;
+  return reply_->attribute(QNetworkRequest::HttpStatusCodeAttribute).toInt();
 }
 
 void QtPageRequest::Start(const QUrl& url) {
-  manager_.setProxy(ToolkitProxy(ProxyForUrl(proxies_, url.toString().toStdString())));
+  const auto proxy = ProxyForUrl(proxies_, url.toString().toStdString());
+  manager_.setProxy(ToolkitProxy(proxy));
+  remotePort_ =
+      proxy ? proxy->Port : static_cast<std::uint16_t>(url.port(url.scheme() == "https" ? 443 : 80));
   reply_.reset(manager_.get(RequestFor(url, userAgent_)));
   QObject::connect(reply_.get(), &QNetworkReply::metaDataChanged, &nextSlice_, [this] {
     if (state_ == State::Connecting && RedirectionOf(*reply_).isEmpty()) state_ = State::Receiving;
   });
-  QObject::connect(reply_.get(), &QNetworkReply::readyRead, &nextSlice_, qOverload<>(&QTimer::start));
+  QObject::connect(reply_.get(), &QNetworkReply::requestSent, &nextSlice_, [this] { ++signs_; });
+  QObject::connect(reply_.get(), &QNetworkReply::readyRead, &nextSlice_, [this] {
+    ++signs_;
+    nextSlice_.start();
+  });
   QObject::connect(reply_.get(), &QNetworkReply::finished, &nextSlice_, qOverload<>(&QTimer::start));
 }
 

@@ -18,6 +18,7 @@ class QtPageRequest final : public PageRequest {
   ~QtPageRequest() override;
 
   State CurrentState() const override { return state_; }
+  std::uint64_t Activity() const override;
   int StatusCode() const override;
   const std::string& Body() const override { return body_; }
   std::string ErrorText() const override { return errorText_; }
@@ -34,6 +35,8 @@ class QtPageRequest final : public PageRequest {
   const std::uint64_t maximumBytes_;
   const ProxySettings proxies_;
   State state_ = State::Connecting;
+  std::uint64_t signs_ = 0;  // of life, from the client
+  std::uint16_t remotePort_ = 0;
   std::string body_;
   std::string errorText_;
   QNetworkAccessManager manager_;
