@@ -90,10 +90,8 @@ TEST_F(Matching, StationsAreComparedExactlyAndTheMissingTimeIsNow) {
 }
 
 TEST_F(Matching, ItIsExplainedInWords) {
-  Spot spot;
-  spot.stationBaseCallsign = "G4ABC";
   const auto explain = [&](const std::string& clock) {
-    return ExplainMatch(spot, Time(clock), alerts_, filter_);
+    return ExplainMatch("G4ABC", Time(clock), alerts_, filter_);
   };
   EXPECT_EQ(explain("10:00").Text, "No match: no alert is for G4ABC.");
   AddAlert("none", "");

@@ -86,6 +86,44 @@ TEST_F(AlertsPageTest, DaysAndStationsMakeAlertsOfTheirOwn) {
   EXPECT_TRUE(unreadable->UTCAlertTime);
 }
 
+TEST_F(AlertsPageTest, CallsignsAreFoundHoweverTheWordOnIsSetAndMarkupIsNone) {
+  struct Case {
+    const char* Cell;
+    const char* Key;  // of the alert without its time
+  };
+  const Case cases[] = {
+      {"<strong>G4ABC</strong>&nbsp;on&nbsp;<a href=x>G/LD-001</a>", "G4ABC_G/LD-001_"},
+      {"<strong>G4ABC</strong><br>on <a href=x>G/LD-001</a>", "G4ABC_G/LD-001_"},
+      {"G4ABC\ton<a href=x>G/LD-001</a>", "G4ABC_G/LD-001_"},
+      {"K1ONE one on <a href=x>G/LD-001</a>", "K1ONE ONE_G/LD-001_"},
+      {"<a href=y>G4ABC</a> on <a href=x>G/LD-001</a>", ""},
+      {"G4ABC&lt; on <a href=x>G/LD-001</a>", ""},
+      {"<a href=x>G/LD-001</a>", ""},
+      {"G4ABC", ""},
+  };
+  for (const auto& [cell, key] : cases) {
+    const auto table = Table({.Callsign = "here", .Summit = "there"});
+    const auto begin = table.find("<td><strong>here") + 4;
+    Take(Heading() + table.substr(0, begin) + cell + table.substr(table.find("</td>", begin)));
+    EXPECT_EQ(Keys(), *key == 0 ? "" : "2026-11-24 10:00:00_" + std::string(key) + "\n") << cell;
+  }
+  for (const auto& [callsign, item] : known_) EXPECT_FALSE(Contains(callsign, "<")) << callsign;
+}
+
+TEST_F(AlertsPageTest, ANoBreakSpaceIsABlank) {
+  Take(Heading() +
+       Table({.Comment = "QRP&nbsp;S+&nbsp;2",
+              .PopUp = "<strong>Operator:</strong> Ann&nbsp;B<br><strong>Summit:</strong> "
+                       "Foo,&nbsp;1234m,&#160;10 points."}) +
+       Table({.Callsign = "M0XYZ", .Comment = "RBN&nbsp;N"}));
+  ASSERT_EQ(alerts_.Count(), 1U);
+  const auto& alert = *alerts_.All().begin()->second;
+  EXPECT_EQ(alert.MaxMinutesAfterAlertTime, 120);
+  EXPECT_EQ(alert.SummitElevationInMeters, 1234);
+  EXPECT_EQ(alert.SummitPoints, 10);
+  EXPECT_EQ(alert.OperatorName, "Ann B");
+}
+
 TEST_F(AlertsPageTest, MarkersAndOverridesGiveAnAlertItsOwnWindow) {
   host_.Disk.Put("/brelwin/SOTAAlertDurationOverrides.ini",
                  "[m0xyz]\nMaxMinutesBeforeAlertTime=30\nMaxMinutesAfterAlertTime=\"45\"\n[M0XYZ]\n"
@@ -202,16 +240,17 @@ TEST_F(AlertsPageTest, TheFetchIsTakenWithItsFaults) {
 
   host_.Internet.Answer(request.Url, {.Status = 200, .Body = ""});
   EXPECT_EQ(fetch(), 0);
-  EXPECT_EQ(errorText, "");
+  EXPECT_EQ(errorText, "The page came empty");
   EXPECT_EQ(alerts_.Count(), 1U);
   EXPECT_TRUE(IsLogged(
       "GetAlertsFromSotawatchHTMLPage - Attempted to download Alert HTML from Sotawatch but ZERO bytes"
       " received.\r\n"));
 
   host_.Internet.Forget(request.Url);
-  host_.Internet.Answer(request.Url,
-                        {.Body = Heading() + Table({}) + "<table", .ErrorText = "Reset by peer"});
-  EXPECT_EQ(fetch(), -1);
+  host_.Internet.Answer(request.Url, {.Body = Heading() + "<table", .ErrorText = "Reset by peer"});
+  EXPECT_EQ(fetch(), 0);
+  EXPECT_EQ(errorText, "The page broke off: Reset by peer");
+  EXPECT_EQ(alerts_.Count(), 1U) << "what is behind the break is unknown";
   EXPECT_TRUE(IsLogged("GetAlertsFromSotawatchHTMLPage - The page broke off: Reset by peer\r\n"));
   host_.World.ShuttingDown = true;
   EXPECT_NE(fetch(), -1);

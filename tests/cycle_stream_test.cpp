@@ -82,14 +82,24 @@ TEST_F(StreamStory, AnAnnouncedActivatorIsMatchedShownAndExplained) {
   EXPECT_TRUE(Contains(Brelwin.Controls().Spots.lblSources.Caption.Get(), "Alerts: 1, read at 12:00"));
 }
 
-TEST_F(StreamStory, AnAnnouncedStationAtAnotherTimeSaysWhyItDidNotMatch) {
-  Host.Internet.AnswerAlways(AlertsAddress, test::Heading() + test::Table({.Time = "16:10"}));
-  Host.Sockets.Peer(LoggingIn().Sends(HeardLine, seconds(12)));
+// Also when the spots themselves are dropped.
+TEST_F(StreamStory, AnAnnouncedStationThatDidNotMatchSaysWhy) {
+  Settings("RBNSpotsEnabled=1\r\nFilterSotawatchMatchingAlert=1\r\n");
+  Host.Internet.AnswerAlways(AlertsAddress,
+                             test::Heading() + test::Table({.Time = "16:10"}) +
+                                 test::Table({.Time = "12:10", .Callsign = "K2AAA", .Comment = "cancelled"}));
+  Host.Sockets.Peer(LoggingIn().Sends(HeardLine + Replace(HeardLine, "G4ABC", "K2AAA"), seconds(12)));
+  std::string said;
+  auto& caption = Brelwin.Controls().RBN.lblUnmatchedSpot.Caption;
+  const auto watch = caption.WhenChanged([&] { said += caption.Get() + "\n"; });
   Brelwin.Start({}, {});
   Host.Queue.RunFor(seconds(40));
   EXPECT_TRUE(
       Contains(Host.EventLog(), "Spot received for G4ABC who has 1 alerts in Sotawatch but none of them"));
-  EXPECT_TRUE(Contains(Brelwin.Controls().RBN.lblUnmatchedSpot.Caption.Get(), "outside"));
+  EXPECT_TRUE(List().Spots.empty());
+  EXPECT_TRUE(said.starts_with("No match: 189 minutes outside the only alert, G4ABC for")) << said;
+  EXPECT_TRUE(said.ends_with("K2AAA for 2026-11-24 12:10 UTC on G/LD-001 was cancelled by its activator.\n"))
+      << said;
 }
 
 TEST_F(StreamStory, AlertsAreRefreshedWhenDueAndAFailedRefreshIsTriedAtEveryCheck) {
@@ -109,6 +119,28 @@ TEST_F(StreamStory, AlertsAreRefreshedWhenDueAndAFailedRefreshIsTriedAtEveryChec
   EXPECT_TRUE(Host.Disk.Exists("/brelwin/SOTAAlerts_202611241200.txt"));
   Host.Queue.RunFor(minutes(30));
   EXPECT_TRUE(Host.Disk.Exists("/brelwin/SOTAAlerts_202611241231.txt"));
+}
+
+TEST_F(StreamStory, TheStatusTellsWhyTheAlertsAreNotRead) {
+  const auto says = [this](const std::string& text) {
+    return Contains(Brelwin.Controls().Spots.lblSources.Caption.Get(), text);
+  };
+  const auto& sources = Brelwin.Controls().Spots.lblSources.Caption;
+  Host.Sockets.Peer(LoggingIn());
+  Host.Internet.Forget(AlertsAddress);
+  Brelwin.Start({}, {});
+  Host.Queue.RunFor(minutes(2) + seconds(1));
+  EXPECT_TRUE(says("Alerts: not read yet; failing since 12:00 (Unable to open URL), next attempt at 12:02:"))
+      << sources.Get();
+
+  Host.Internet.AnswerAlways(AlertsAddress, test::Heading() + test::Table({.Time = "12:10"}));
+  Host.Queue.RunFor(seconds(20));
+  EXPECT_TRUE(says("Alerts: 1, read at 12:02 |")) << sources.Get();
+
+  Host.Internet.AnswerAlways(AlertsAddress, "500 Internal Server Error");
+  Host.Queue.RunFor(minutes(7));
+  EXPECT_TRUE(says("Alerts: 1, read at 12:02; failing since 12:08 (The page holds no day of alerts) |"))
+      << sources.Get();
 }
 
 TEST_F(StreamStory, WithTheStreamOffNeitherAlertsNorStreamAreTouchedButCommandsAre) {

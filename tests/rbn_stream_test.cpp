@@ -41,7 +41,8 @@ class RBNStream : public ::testing::Test {
     CloseSilentConnection(stream_);
     const bool foundNoConnection = !stream_.Connected;
     SpotCollection spots;
-    TakeRBNSpots(stream_, filter_, known_, alerts_, recent_, spots);
+    std::vector<std::string> unmatched;
+    TakeRBNSpots(stream_, filter_, known_, alerts_, recent_, spots, unmatched);
     if (foundNoConnection) ConnectToRBN(stream_);
     std::string stations;
     for (const auto& entry : spots) stations += (stations.empty() ? "" : " ") + entry.Item->Station;

@@ -39,6 +39,7 @@ const AlertCollection::Places& AlertCollection::OfStation(const std::string& bas
 }
 
 void AlertCollection::NoteWithdrawn(AlertPointer alert, Withdrawal reason) {
+  stationMarks_.Note(alert->stationBaseCallsign);
   withdrawn_[alert->stationBaseCallsign].push_back({alert, reason});
 }
 

@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -48,10 +49,11 @@ class AlertCollection {
   // Base callsigns for which an alert was added, each once, in the order in which they came.
   const CallsignCollection& Stations() const { return stations_; }
 
-  // Whether the base callsign is among the stations: asked of every line of the stream, most of which are of
-  // no announced station.
+  // Whether the station has or had an alert, withdrawn ones included: asked of every line of the stream, most
+  // of which are of no announced station.
   bool IsAnnounced(std::string_view baseCallsign) const {
-    return stationMarks_.MayHold(baseCallsign) && stations_.Contains(baseCallsign);
+    return stationMarks_.MayHold(baseCallsign) &&
+           (stations_.Contains(baseCallsign) || withdrawn_.contains(std::string(baseCallsign)));
   }
 
   // The alerts whose stationBaseCallsign is exactly this, in collection order.
@@ -61,9 +63,10 @@ class AlertCollection {
   void NoteWithdrawn(AlertPointer alert, Withdrawal reason);
   const std::vector<WithdrawnAlert>& WithdrawnOf(const std::string& baseCallsign) const;
 
-  // Whether these alerts come from a page that was read, not only from spots.
-  bool WereRead() const { return wereRead_; }
-  void SetRead() { wereRead_ = true; }
+  // When the page was read from which these alerts come, in local time. Empty when they come from spots only.
+  std::optional<DateTime> ReadAt() const { return readAt_; }
+  bool WereRead() const { return readAt_.has_value(); }
+  void SetReadAt(DateTime local) { readAt_ = local; }
 
  private:
   struct HashWithoutCase {
@@ -87,7 +90,7 @@ class AlertCollection {
   std::unordered_map<std::string, std::vector<WithdrawnAlert>> withdrawn_;
   CallsignCollection stations_;
   PresenceMarks stationMarks_;
-  bool wereRead_ = false;
+  std::optional<DateTime> readAt_;
 };
 
 }  // namespace brelwin

@@ -99,7 +99,7 @@ void LogThatNothingWasParsed(Host& host, std::size_t bodyLength) {
 
 std::int32_t TakePage(Host& host, std::string_view text, std::size_t bodyLength,
                       const AlertsPageRequest& request, AlertCollection& alerts,
-                      CallsignCollection& knownActivators) {
+                      CallsignCollection& knownActivators, std::string& errorText) {
   const auto utcNow = UTCNow(host.Time);
   auto modifications = Modifications::Load(host, "", utcNow, request.DefaultAfterWindow);
   Scrape scrape(host, modifications);
@@ -108,9 +108,12 @@ std::int32_t TakePage(Host& host, std::string_view text, std::size_t bodyLength,
                      [&scrape](AnnouncedActivation&& activation) { scrape.Take(std::move(activation)); });
   if (page.NumberOfActivations == 0) LogThatNothingWasParsed(host, bodyLength);
   modifications.Save(host);
-  if (!page.HasDays) return Success;
+  if (!page.HasDays) {
+    errorText = "The page holds no day of alerts";
+    return Success;
+  }
   alerts = scrape.Result();
-  alerts.SetRead();
+  alerts.SetReadAt(host.Time.LocalNow());
   modifications.ApplyTo(alerts);
   LearnActivators(host, alerts.Stations(), knownActivators);
   return Success;
@@ -128,9 +131,12 @@ std::int32_t GetAlertsFromSotawatchHTMLPage(Host& host, const AlertsPageRequest&
     errorText = transfer.LastErrorMessage();
     return NotFetched;
   }
-  if (host.ShuttingDown) return NothingRead;  // what came before the end is no whole page
-  if (!transfer.LastTransportError().empty())
-    LogMessage(host, "The page broke off: " + transfer.LastTransportError());
+  if (host.ShuttingDown) return NothingRead;     // what came before the end is no whole page
+  if (!transfer.LastTransportError().empty()) {  // and says nothing about the alerts behind it
+    errorText = "The page broke off: " + transfer.LastTransportError();
+    LogMessage(host, errorText);
+    return NothingRead;
+  }
   return TakeAlertsFromPage(host, page, transfer.LastBodyLength(), request, alerts, knownActivators,
                             errorText);
 }
@@ -141,10 +147,14 @@ std::int32_t TakeAlertsFromPage(Host& host, std::string_view page, std::size_t b
   errorText.clear();
   if (page.empty()) {
     LogMessage(host, "Attempted to download Alert HTML from Sotawatch but ZERO bytes received.");
+    errorText = "The page came empty";
     return NothingRead;
   }
-  return LogErrors(host, Procedure, NothingRead,
-                   [&] { return TakePage(host, page, bodyLength, request, alerts, knownActivators); });
+  const auto result = LogErrors(host, Procedure, NothingRead, [&] {
+    return TakePage(host, page, bodyLength, request, alerts, knownActivators, errorText);
+  });
+  if (result == NothingRead) errorText = "An error ended the reading";
+  return result;
 }
 
 }  // namespace brelwin

@@ -1,7 +1,6 @@
 #include "alerts/alerts_page_reader.h"
 
 #include <algorithm>
-#include <array>
 #include <limits>
 #include <optional>
 #include <utility>
@@ -23,6 +22,7 @@ constexpr std::string_view PopUpEnd = "',";
 constexpr std::string_view CommentBegin = "<span class=\"comment\">";
 constexpr std::string_view PosterBegin = "<span class=\"poster\">";
 constexpr std::string_view SpanEnd = "</span>";
+constexpr std::string_view NoBreakSpace = "&nbsp;";
 
 // The text without the part. Most texts do not hold it.
 std::string Without(std::string text, std::string_view part) {
@@ -95,29 +95,49 @@ void SetPopUp(SOTAAlert& alert, std::string_view raw) {
   if (mark < text.size()) SetSummit(alert, std::string_view(text).substr(mark + SummitMark.size()));
 }
 
-// "callsign on <a …>summit</a>".
-void SetStationsAndSummit(AnnouncedActivation& activation, std::string_view cell) {
-  constexpr std::string_view On = " on ";
-  const auto on = cell.find(On);
+// The position of the word "on"; a link may follow it without a blank.
+std::size_t FindOn(std::string_view cell) {
+  constexpr std::string_view On = " on";
+  auto on = cell.find(On);
+  while (on != std::string_view::npos) {
+    const auto next = cell.substr(on + On.size(), 1);
+    if (next == " " || next == "<") break;
+    on = cell.find(On, on + 1);
+  }
+  return on;
+}
+
+// Markup is no callsign: what is taken here is learned as an activator.
+void SetStations(AnnouncedActivation& activation, std::string_view raw) {
+  const auto callsigns = PlainText(raw);
+  if (Contains(callsigns, "<")) return;
   std::string second;
-  const auto first = GetBaseCallsign(PlainText(cell.substr(0, on)), second);
+  const auto first = GetBaseCallsign(callsigns, second);
   if (!first.empty()) activation.Stations.push_back(first);
   if (!second.empty() && second != first) activation.Stations.push_back(second);
+}
+
+// "callsign on <a …>summit</a>".
+void SetStationsAndSummit(AnnouncedActivation& activation, std::string_view cell) {
+  const auto on = FindOn(cell);
   if (on == std::string_view::npos) return;
-  auto link = cell.substr(on + On.size());
+  SetStations(activation, cell.substr(0, on));
+  auto link = cell.substr(on);
   activation.Alert.SummitDesignator = PlainText(TakeBetween(link, ">", "<").value_or(""));
 }
 
+// The text of the next cell, empty when there is none, with a blank in place of each of the tags.
+std::string TakeCellText(std::string_view& cells, std::initializer_list<std::string_view> tags) {
+  return WithBlanks(WithoutTags(TakeCell(cells).value_or(""), tags));
+}
+
 void SetCells(AnnouncedActivation& activation, std::string_view cells) {
-  std::array<std::string, 3> texts;
-  for (auto& text : texts) {
-    const auto cell = TakeCell(cells);
-    if (!cell) break;
-    text = WithBlanks(Without(WithoutTags(*cell, {"<strong>", "</strong>"}), "&nbsp;"));
-  }
-  SetTime(activation.Alert, PlainText(texts[0]));
-  SetStationsAndSummit(activation, texts[1]);
-  activation.Alert.FrequencyModes = PlainText(texts[2]);
+  const auto time = TakeCellText(cells, {"<strong>", "</strong>"});
+  const auto place = TakeCellText(cells, {"<strong>", "</strong>", "<br>"});
+  const auto frequencies = TakeCellText(cells, {"<strong>", "</strong>"});
+  SetTime(activation.Alert, PlainText(Without(time, NoBreakSpace)));
+  SetStationsAndSummit(activation, Replace(place, NoBreakSpace, " "));
+  activation.Alert.FrequencyModes = PlainText(Without(frequencies, NoBreakSpace));
 }
 
 // "(Posted by callsign)".

@@ -101,9 +101,9 @@ Nearness NearestOfStation(const std::string& station, NearestAlert nearest, cons
 
 }  // namespace
 
-MatchExplanation ExplainMatch(const Spot& spot, DateTime utc, const AlertCollection& alerts,
+MatchExplanation ExplainMatch(std::string_view baseCallsign, DateTime utc, const AlertCollection& alerts,
                               const SpotFilter& filter) {
-  const auto station = UpperCase(spot.stationBaseCallsign);
+  const auto station = UpperCase(baseCallsign);
   NearestAlert nearest(utc, filter);
   const auto matches = MatchAlerts(station, utc, false, alerts, filter);
   if (!matches.NearestID.empty()) {

@@ -3,10 +3,10 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 
 #include "alerts/alert_collection.h"
 #include "alerts/alert_window.h"
-#include "spots/spot.h"
 #include "ui/spot_filter.h"
 
 namespace brelwin {
@@ -26,8 +26,8 @@ struct MatchExplanation {
   std::string Text;                 // one sentence
 };
 
-// Explains a spot that was heard at `utc`. It decides exactly as the matching does.
-MatchExplanation ExplainMatch(const Spot& spot, DateTime utc, const AlertCollection& alerts,
+// Explains a spot of the station that was heard at `utc`. It decides exactly as the matching does.
+MatchExplanation ExplainMatch(std::string_view baseCallsign, DateTime utc, const AlertCollection& alerts,
                               const SpotFilter& filter);
 
 }  // namespace brelwin

@@ -6,6 +6,11 @@
 #include "base/text.h"
 
 namespace brelwin {
+namespace {
+
+constexpr std::string_view NoBreakSpace = "\xC2\xA0";
+
+}  // namespace
 
 std::optional<std::string_view> TakeBetween(std::string_view& rest, std::string_view begin,
                                             std::string_view end) {
@@ -47,6 +52,7 @@ std::string WithBlanks(std::string text) {
 
 std::string PlainText(std::string_view text) {
   auto plain = WithBlanks(DecodeEntities(text));
+  if (Contains(plain, NoBreakSpace)) plain = Replace(plain, NoBreakSpace, " ");
   plain.erase(plain.find_last_not_of(' ') + 1);
   plain.erase(0, plain.find_first_not_of(' '));
   return plain;

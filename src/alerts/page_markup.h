@@ -25,8 +25,8 @@ std::string_view TakePart(std::string_view& rest, char delimiter);
 // The text with each CR, LF and tab turned into a blank.
 std::string WithBlanks(std::string text);
 
-// The text as people read it, fit for a line of a file: entities decoded once, then line ends and tabs turned
-// into blanks, then trimmed.
+// The text as people read it, fit for a line of a file: entities decoded once, then line ends, tabs and
+// no-break spaces turned into blanks, then trimmed.
 std::string PlainText(std::string_view text);
 
 }  // namespace brelwin

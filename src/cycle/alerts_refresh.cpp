@@ -14,14 +14,26 @@ namespace {
 
 constexpr std::int32_t Success = -1;
 
+void NoteFailure(MainWindow& window, const std::string& errorText) {
+  auto& failure = window.AlertsNotRead;
+  if (errorText.empty()) {
+    failure = {};
+    return;
+  }
+  failure.Text = errorText;
+  if (!failure.Since) failure.Since = window.World.Time.LocalNow();
+}
+
 std::int32_t ReadAlertsPage(MainWindow& window) {
   const auto afterWindow =
       WholeNumber(window.Controls.RBN.txtRBNMaxMinutesAfterAlertTime.Text.Get(), window.World.Numbers);
   const AlertsPageRequest request{window.Config.Addresses.SotawatchAlerts, afterWindow,
                                   window.Config.MaxAlertAgeInHours};
   std::string errorText;
-  return GetAlertsFromSotawatchHTMLPage(window.World, request, window.Alerts, window.KnownActivators,
-                                        errorText);
+  const auto result =
+      GetAlertsFromSotawatchHTMLPage(window.World, request, window.Alerts, window.KnownActivators, errorText);
+  NoteFailure(window, errorText);
+  return result;
 }
 
 AlertCommandScene SceneOf(MainWindow& window, const SpotFilter& filter) {
@@ -53,7 +65,6 @@ void RefreshAlertsWhenDue(MainWindow& window, const SpotFilter& filter) {
   const bool succeeded = ReadAlertsPage(window) == Success;
   window.Controls.Spots.lblNoSotawatchConnection.Visible = !succeeded;
   if (succeeded) {
-    window.AlertsReadAt = window.World.Time.LocalNow();
     window.LastAlertsRefreshTime = window.World.Time.Now();
     window.Commands.CarryOutWaiting(SceneOf(window, filter));
   }

@@ -55,7 +55,13 @@ struct MainWindow {
     std::int64_t Spots = 0;
   };
   FeedState Sotawatch;
-  std::optional<DateTime> AlertsReadAt;  // local
+
+  // Why the alerts are not as the page has them now, and since when. Empty after a reading that succeeded.
+  struct AlertsFailure {
+    std::string Text;
+    std::optional<DateTime> Since;  // local
+  };
+  AlertsFailure AlertsNotRead;
 
   bool FormLoading = true;
   bool CheckInProgress = false;

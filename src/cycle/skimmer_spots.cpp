@@ -1,6 +1,7 @@
 #include "cycle/skimmer_spots.h"
 
 #include <string>
+#include <vector>
 
 #include "cycle/spot_details.h"
 #include "cycle/spot_list_display.h"
@@ -27,7 +28,6 @@ SpotCollection NewestFirst(const SpotCollection& spots) {
 }
 
 void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filter) {
-  ShowUnmatchedSpots(window, heard, filter);
   SendToSotawatch(window, heard);
   PerformDisplayFilteringAndSpotLogging(window.World, window.Controls.Logs, window.Config.LogRawSpots, filter,
                                         heard);
@@ -45,8 +45,11 @@ void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
   CloseSilentConnection(window.RBN);
   const bool foundNoConnection = !window.RBN.Connected;
   SpotCollection heard;
-  if (TakeRBNSpots(window.RBN, filter, window.KnownActivators, window.Alerts, window.RBNSpots, heard))
-    HandleNewSpots(window, heard, filter);
+  std::vector<std::string> unmatched;
+  const bool hasNewSpots = TakeRBNSpots(window.RBN, filter, window.KnownActivators, window.Alerts,
+                                        window.RBNSpots, heard, unmatched);
+  ShowUnmatchedStations(window, unmatched, filter);
+  if (hasNewSpots) HandleNewSpots(window, heard, filter);
   if (foundNoConnection && !window.RBN.Connected) ConnectToRBN(window.RBN);
 }
 

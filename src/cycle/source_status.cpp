@@ -14,16 +14,24 @@ std::string SotawatchText(const MainWindow& window) {
   return state.Text + " since " + ClockText(*state.Since) + ", " + std::to_string(state.Spots) + " spots";
 }
 
-std::string AlertsText(const MainWindow& window) {
-  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return "Alerts: off";
-  if (!window.AlertsReadAt) return "Alerts: not read yet";
-  return "Alerts: " + std::to_string(window.Alerts.Count()) + ", read at " + ClockText(*window.AlertsReadAt);
-}
-
-// When the next check, and with it the next attempt to connect, is due.
+// When the next check, and with it the next attempt at what failed in this one, is due.
 std::optional<DateTime> NextCheck(const MainWindow& window) {
   if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return {};
   return AddSeconds(window.World.Time.LocalNow(), window.Controls.tmrCheckSpots.Interval / 1000);
+}
+
+std::string AlertsText(const MainWindow& window) {
+  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return "Alerts: off";
+  const auto readAt = window.Alerts.ReadAt();
+  const auto count = std::to_string(window.Alerts.Count());
+  std::string text = "Alerts: " + (readAt ? count + ", read at " + ClockText(*readAt) : "not read yet");
+  const auto& failure = window.AlertsNotRead;
+  if (!failure.Since) return text;
+  text.append("; failing since ").append(ClockText(*failure.Since)).append(" (" + failure.Text + ")");
+  const bool isTriedAgain = window.Controls.Spots.lblNoSotawatchConnection.Visible;
+  if (const auto next = NextCheck(window); next && isTriedAgain)
+    text.append(", next attempt at ").append(DateTimeText(*next).substr(11));
+  return text;
 }
 
 // Nothing while the gateway is off.

@@ -12,10 +12,6 @@ DateTime TimeHeard(const MainWindow& window, const Spot& spot) {
   return AddMinutes(local, TimeZoneOffsetInMinutes(window.World.Time));
 }
 
-std::string Explain(const MainWindow& window, const Spot& spot, const SpotFilter& filter) {
-  return ExplainMatch(spot, TimeHeard(window, spot), window.Alerts, filter).Text;
-}
-
 }  // namespace
 
 std::string SpotDetails(const MainWindow& window, const Spot& spot) {
@@ -25,14 +21,14 @@ std::string SpotDetails(const MainWindow& window, const Spot& spot) {
   }
   SpotFilter filter;
   FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
-  return Explain(window, spot, filter);
+  return ExplainMatch(spot.stationBaseCallsign, TimeHeard(window, spot), window.Alerts, filter).Text;
 }
 
-void ShowUnmatchedSpots(MainWindow& window, const SpotCollection& heard, const SpotFilter& filter) {
-  for (const auto& [key, spot] : heard) {
-    if (spot->IsMatchedToAlert || window.Alerts.OfStation(spot->stationBaseCallsign).empty()) continue;
-    window.Controls.RBN.lblUnmatchedSpot.Caption = Explain(window, *spot, filter);
-  }
+void ShowUnmatchedStations(MainWindow& window, const std::vector<std::string>& stations,
+                           const SpotFilter& filter) {
+  const auto now = UTCNow(window.World.Time);
+  for (const auto& station : stations)
+    window.Controls.RBN.lblUnmatchedSpot.Caption = ExplainMatch(station, now, window.Alerts, filter).Text;
 }
 
 }  // namespace brelwin

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "cycle/main_window.h"
 
@@ -10,7 +11,8 @@ namespace brelwin {
 // The selected spot in words.
 std::string SpotDetails(const MainWindow& window, const Spot& spot);
 
-// Says of each skimmer spot of a station with alerts that did not match why not.
-void ShowUnmatchedSpots(MainWindow& window, const SpotCollection& heard, const SpotFilter& filter);
+// Says of each of these announced stations, which were heard just now, why it did not match.
+void ShowUnmatchedStations(MainWindow& window, const std::vector<std::string>& stations,
+                           const SpotFilter& filter);
 
 }  // namespace brelwin

@@ -30,12 +30,13 @@ std::string_view Shortened(std::string_view piece) {
 class Block {
  public:
   Block(Host& host, const SpotFilter& filter, const LineSurroundings& surroundings,
-        RecentRBNSpots& recentSpots, SpotCollection& newSpots)
+        RecentRBNSpots& recentSpots, SpotCollection& newSpots, std::vector<std::string>* unmatched)
       : host_(host),
         filter_(filter),
         surroundings_(surroundings),
         recentSpots_(recentSpots),
         newSpots_(newSpots),
+        unmatched_(unmatched),
         rules_(filter),
         now_(host.Time.Now()),
         remembers_(filter.FilterDuplicateSpots || filter.DuplicateSpotFilteringPeriod >= 1) {}
@@ -46,6 +47,7 @@ class Block {
  private:
   void TakeLine(std::string_view line, std::size_t pieceNumber, std::int32_t runningNumber);
   void MatchToAlerts(LineFacts& facts);
+  void NoteUnmatched(std::string_view station);
   void LogMiss(std::int32_t numberOfAlerts);
   void Keep(LineFacts& facts, std::size_t pieceNumber, std::int32_t runningNumber);
   void LogKept(const Spot& spot);
@@ -56,6 +58,7 @@ class Block {
   const LineSurroundings& surroundings_;
   RecentRBNSpots& recentSpots_;
   SpotCollection& newSpots_;
+  std::vector<std::string>* unmatched_;
   SpotRules rules_;
   Instant now_;
   bool remembers_;  // else nothing would ever purge what is remembered
@@ -87,7 +90,14 @@ void Block::MatchToAlerts(LineFacts& facts) {
   std::int32_t numberOfAlerts = 0;
   facts.Alert = GetBestMatchedAlert(host_, facts.StationBaseCallsign(), utcNow_, surroundings_.Alerts,
                                     filter_, numberOfAlerts);
-  if (facts.Alert == nullptr && numberOfAlerts > 0) LogMiss(numberOfAlerts);
+  if (facts.Alert != nullptr) return;
+  if (numberOfAlerts > 0) LogMiss(numberOfAlerts);
+  NoteUnmatched(facts.StationBaseCallsign());
+}
+
+void Block::NoteUnmatched(std::string_view station) {
+  if (unmatched_ == nullptr || (!unmatched_->empty() && unmatched_->back() == station)) return;
+  unmatched_->emplace_back(station);
 }
 
 void Block::LogMiss(std::int32_t numberOfAlerts) {
@@ -127,13 +137,14 @@ void Block::Log(std::string_view message) {
 std::int32_t ParseReverseBeaconSpots(Host& host, std::string_view text, const SpotFilter& filter,
                                      const CallsignCollection& knownActivators, const AlertCollection& alerts,
                                      RecentRBNSpots& recentSpots, SpotCollection& newSpots,
-                                     std::int32_t& count, std::string& errorText) {
+                                     std::int32_t& count, std::string& errorText,
+                                     std::vector<std::string>* unmatched) {
   count = 0;
   errorText.clear();
   if (!text.starts_with(SpotLineStart)) return -1;
   const auto body = [&] {
     const LineSurroundings surroundings{knownActivators, alerts, recentSpots, host.Numbers};
-    Block(host, filter, surroundings, recentSpots, newSpots).Take(text, count);
+    Block(host, filter, surroundings, recentSpots, newSpots, unmatched).Take(text, count);
     return -1;
   };
   return TrapErrors(body, 0, [&](const RuntimeError& error) {

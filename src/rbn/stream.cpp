@@ -84,7 +84,8 @@ void ConnectToRBN(RBNConnection& connection) {
 
 bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
                   const CallsignCollection& knownActivators, const AlertCollection& alerts,
-                  RecentRBNSpots& recentSpots, SpotCollection& newSpots) {
+                  RecentRBNSpots& recentSpots, SpotCollection& newSpots,
+                  std::vector<std::string>& unmatched) {
   if (!connection.Lines.HasLines() || IsLoggingIn(connection)) {
     if (connection.Connected) WatchUnfinishedLine(connection);
     return false;
@@ -97,7 +98,7 @@ bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
   std::string errorText;
   const auto result =
       ParseReverseBeaconSpots(connection.World, FromFirstSpotLine(text), filter, knownActivators, alerts,
-                              recentSpots, newSpots, spotLines, errorText);
+                              recentSpots, newSpots, spotLines, errorText, &unmatched);
   WatchStream(connection, spotLines);
   return result == -1 && !newSpots.Empty();
 }

@@ -133,7 +133,8 @@ struct GatewayStory : TestHost {
   std::string GatewayEvents() const {
     constexpr std::string_view Mark = "PerformGatewayProcessing - ";
     std::string events;
-    for (const auto line : SplitLines(EventLog())) {
+    const auto log = EventLog();
+    for (const auto line : SplitLines(log)) {
       if (const auto at = line.find(Mark); at != std::string_view::npos)
         events.append(line.substr(at + Mark.size())).append("\n");
     }
