@@ -22,10 +22,12 @@ class KeyedCollection {
   };
   using const_iterator = typename std::list<Entry>::const_iterator;
 
-  KeyedCollection() = default;
+  // A sparse index: walking over keys that share a place costs more than the place.
+  KeyedCollection() { index_.max_load_factor(0.5F); }
   KeyedCollection(KeyedCollection&&) noexcept = default;
   KeyedCollection& operator=(KeyedCollection&&) noexcept = default;
-  KeyedCollection(const KeyedCollection& other) {
+  KeyedCollection(const KeyedCollection& other) : KeyedCollection() {
+    Reserve(other.Count());
     for (const auto& entry : other) Add(entry.Item, entry.Key);
   }
   KeyedCollection& operator=(const KeyedCollection& other) {
@@ -33,6 +35,9 @@ class KeyedCollection {
     return *this;
   }
   ~KeyedCollection() = default;
+
+  // Makes room for this many keys, so that adding many items does not sort them in anew again and again.
+  void Reserve(std::size_t count) { index_.reserve(count); }
 
   // Adds the item at the end, or in front of all others. False, with nothing changed, when the key is not
   // empty and already held. Items without a key can always be added.

@@ -54,6 +54,7 @@ bool PassesSourceRule(const SpotFilter& filter, const Spot& spot) {
 SpotCollection SpotsThatPass(const SpotFilter& filter, const SpotCollection& spots) {
   const Lists lists(filter);
   SpotCollection passed;
+  passed.Reserve(spots.Count());
   for (const auto& [key, spot] : spots) {
     if (PassesLists(lists, *spot) && PassesSourceRule(filter, *spot)) passed.Add(spot, key);
   }
