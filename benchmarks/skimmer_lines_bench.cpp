@@ -21,6 +21,7 @@ class DiscardingFiles final : public Files {
   FileResult Write(std::string_view, std::string_view, FileAccess) override { return {}; }
   FileResult Append(std::string_view, std::string_view, FileAccess) override { return {}; }
   FileResult Delete(std::string_view) override { return {}; }
+  std::vector<std::string> NamesIn(std::string_view) const override { return {}; }
   std::optional<std::uint64_t> Length(std::string_view) const override { return {}; }
 };
 

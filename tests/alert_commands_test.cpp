@@ -63,15 +63,17 @@ class ProgramRun {
     return {Alerts, filter_, [this] { TakePage(); }, LogAlerts};
   }
 
-  void MakeSettingsFile() {
+  bool MakeSettingsFile() {
+    if (host_.Disk.Exists(SettingsPath)) return true;
     ++SettingsFilesMade;
     host_.Disk.Write(SettingsPath, "[General]\r\nSounds=1\r\n", FileAccess::OwnerOnly);
+    return true;
   }
 
   Host host_;
   SpotFilter filter_;
   CallsignCollection known_;
-  AlertCommands commands_{host_, CommandMemory(host_, SettingsPath, [this] { MakeSettingsFile(); })};
+  AlertCommands commands_{host_, CommandMemory(host_, SettingsPath, [this] { return MakeSettingsFile(); })};
 };
 
 SpotPointer SpotOf(const std::string& station, const std::string& clock, const std::string& comment,

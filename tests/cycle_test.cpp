@@ -7,6 +7,7 @@
 #include "base/text.h"
 #include "cycle/command_line.h"
 #include "cycle/handlers.h"
+#include "cycle/main_window.h"
 #include "cycle/program.h"
 #include "cycle/start_up.h"
 #include "feed_text.h"
@@ -129,14 +130,15 @@ TEST(CommandLine, KnowsTheDelayAndNothingElse) {
     std::string_view Text;
     float Seconds;
   } cases[] = {{"", 0},       {"delay=15", 15}, {" DELAY= 2.5 ", 2.5F}, {"15", 15},
-               {"DELAY=", 0}, {"DELAY=abc", 0}, {"-console", 0}};
+               {"DELAY=", 0}, {"DELAY=abc", 0}, {"-console", 0},        {"DELAY=1e39", 0}};
   for (const auto& c : cases) EXPECT_EQ(ReadStartupDelay(c.Text, {}), c.Seconds) << c.Text;
 }
 
 TEST_F(Story, AnUnreachableFeedIsSaidOnceAndItsReturnToo) {
   Host.Internet.Forget(FeedAddress);
   Start();
-  EXPECT_EQ(List().Text.Get(), "Connecting...");
+  EXPECT_EQ(List().Text.Get(), "") << "what stood there before the first read says nothing true any more";
+  EXPECT_FALSE(Window().Spots.picDownload.Visible);
   Host.Queue.RunFor(minutes(3));
   const auto linesWhileAway = SplitLines(Host.EventLog()).size();
   EXPECT_FALSE(Window().Spots.lblStatus.Caption.Get().empty());
@@ -184,6 +186,51 @@ TEST_F(Story, WhoQuitsBeforeTheStartIsNotStarted) {
   EXPECT_FALSE(Contains(log, "launching")) << log;
   EXPECT_FALSE(Contains(log, "not written")) << log;
   EXPECT_EQ(Host.Disk.Text("/brelwin/Brelwin.INI"), settings);
+}
+
+TEST_F(Story, QuittingDuringAReadBeginsNothingElseAndLeavesTheReportsAlone) {
+  Settings(
+      "SecondsBetweenChecks=30\r\nSotawatchSpotsViaRSS=1\r\nReverseBeaconSpotsEnabled=1\r\n"
+      "RBNCallsign=Q0ZZ\r\nSOTAAlertsRefreshInterval=5\r\nRBNHost=skimmers.test\r\n");
+  Host.Disk.Put("/brelwin/SOTAAlerts.txt", "the last report");
+  Host.Internet.Answer(FeedAddress, ScriptedAnswer{.Body = "never", .Delay = minutes(10)});
+  Host.Queue.OnYield = [&] {
+    if (Host.World.FetchInProgress) Brelwin.Quit();
+  };
+  Start();
+  EXPECT_TRUE(Host.Queue.HasQuit);
+  EXPECT_EQ(Reads(), 1U);
+  EXPECT_EQ(Host.Disk.Text("/brelwin/SOTAAlerts.txt"), "the last report");
+  EXPECT_FALSE(Contains(Host.EventLog(), "OpenRBNConnection")) << Host.EventLog();
+}
+
+TEST_F(Story, SwitchingTheFeedDuringATwitterReadForgetsWhatItWouldHaveLeft) {
+  Settings("SotawatchSpotsViaRSS=0\r\nSecondsBetweenChecks=30\r\n");
+  Start();
+  Host.Queue.OnYield = [&] {
+    if (!Host.World.FetchInProgress || Window().Spots.chkSOTAWatchSpotsViaRSS.Value) return;
+    Window().Spots.chkSOTAWatchSpotsViaRSS.Value = true;
+    Window().Spots.chkSOTAWatchSpotsViaRSS.Click();
+  };
+  Host.Internet.Answer("http://twitter.test/search?since_id=",
+                       ScriptedAnswer{.Status = 0, .Delay = seconds(3)});
+  Host.Queue.RunFor(minutes(2));
+  EXPECT_EQ(Stations().size(), 2U);
+  EXPECT_FALSE(Window().Spots.lblNoConnectionToTwitter.Visible);
+}
+
+TEST_F(Story, TheFirstLoadKeepsNoMoreRecentSpotsThanAnyOtherCheck) {
+  Settings("SecondsBetweenChecks=30\r\nSotawatchSpotsViaRSS=1\r\nMaximumSpotsInList=0\r\n");
+  std::vector<FeedItem> items;
+  for (int number = 0; number < 300; ++number)
+    items.push_back({"G" + std::to_string(number % 10) + "AB" + static_cast<char>('A' + number / 10 % 26) +
+                         static_cast<char>('A' + number / 260) + " on G/LD-001 @ 7.032 CW",
+                     "24 Nov 2026 11:40:00"});
+  Host.Internet.AnswerAlways(FeedAddress, FeedText(items));
+  MainWindow window(Host.World);
+  Form_Load(window, {}, {});
+  EXPECT_EQ(window.SpotList.Count(), 300U);
+  EXPECT_EQ(window.RecentSotawatchSpots.Count(), 200U);
 }
 
 TEST_F(Story, QuittingAtAnyYieldEndsTheProgramOnceAndKeepsTheSettings) {

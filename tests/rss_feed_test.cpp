@@ -182,6 +182,10 @@ TEST_F(RSSFeed, StopsAtTheAgeLimitAndAtThePreviousNewest) {
   EXPECT_EQ(result.NewestID, "20261124121000G4AAA");
   EXPECT_EQ(IDs(), "20261124121000G4AAA 20261124120000G4BBB 20261124110000G4CCC ");
 
+  EXPECT_EQ(
+      Read(FeedText({FeedItemText("G4FFF on G/LD-001 @ 7.03 CW", "Thu, 01 Jan 1970 00:00:00 GMT", "")})).End,
+      FeedEnd::ReachedAgeLimit);
+  Read(feed);
   request_.PreviousNewestID = "20261124110000G4CCC";
   result = ReadAgain();
   EXPECT_EQ(result.End, FeedEnd::ReachedPrevious);
@@ -206,7 +210,9 @@ TEST_F(RSSFeed, ItemsWithoutAStationAreNotedAndPassedOver) {
                      FeedItemText("on G/LD-001 @ 7 CW", PubDate("11:59:00"), ""), "<item></item>",
                      FeedItemText("G4ABC on G/LD-001", PubDate("11:58:00"), "")}));
   EXPECT_EQ(IDs(), "20261124115800G4ABC ");
-  EXPECT_EQ(result.SkippedItems, (std::vector<std::string>{"nobody", "on G/LD-001 @ 7 CW", ""}));
+  std::vector<std::string> skipped;
+  for (const auto& item : result.SkippedItems) skipped.push_back(item.Text);
+  EXPECT_EQ(skipped, (std::vector<std::string>{"nobody", "on G/LD-001 @ 7 CW", ""}));
   EXPECT_EQ((*spots_.At(1))->FormattedFrequencyString, "");
 }
 

@@ -230,6 +230,7 @@ TEST(Settings, AFileThatCannotBeReadIsNotWrittenInThatRun) {
     ProgramRun run(host);
     EXPECT_EQ(Lines(host.EventLog()), 1);
     EXPECT_EQ(run.Controls.Spots.txtSecondsBetweenChecks.Text.Get(), "30");
+    EXPECT_FALSE(run.File.PrepareFile()) << "others must not write to it either";
     host.Disk.Unreadable.clear();
     EXPECT_FALSE(run.File.SaveSettings());
     EXPECT_EQ(host.Disk.Text(Path), before);

@@ -37,10 +37,10 @@ clsINIUtilities SettingsFile(Host& host, const std::string& path) {
 
 }  // namespace
 
-CommandMemory::CommandMemory(Host& host, std::string settingsPath, std::function<void()> createSettingsFile)
+CommandMemory::CommandMemory(Host& host, std::string settingsPath, std::function<bool()> prepareSettingsFile)
     : host_(host),
       settingsPath_(std::move(settingsPath)),
-      createSettingsFile_(std::move(createSettingsFile)) {}
+      prepareSettingsFile_(std::move(prepareSettingsFile)) {}
 
 void CommandMemory::LoadOnce() {
   if (isLoaded_) return;
@@ -81,7 +81,7 @@ void CommandMemory::Remember(const Spot& command) {
 
 void CommandMemory::Save() {
   if (std::exchange(isSaved_, true)) return;
-  if (!FileExists(host_, settingsPath_)) createSettingsFile_();
+  if (!prepareSettingsFile_()) return;
   SettingsFile(host_, settingsPath_)
       .WriteStringKey(Section, Key, DateTimeText(newest_->Time) + " " + newest_->ID);
 }

@@ -13,9 +13,10 @@ namespace brelwin {
 
 class CommandMemory {
  public:
-  // The newest command acted on is kept in the settings file. When there is no such file yet,
-  // `createSettingsFile` is called first: a file with this one value would look like one without settings.
-  CommandMemory(Host& host, std::string settingsPath, std::function<void()> createSettingsFile);
+  // The newest command acted on is kept in the settings file. `prepareSettingsFile` is called before it is
+  // written: it makes the file when there is none, since one with this one value would look like one without
+  // settings, and tells whether the file may be written.
+  CommandMemory(Host& host, std::string settingsPath, std::function<bool()> prepareSettingsFile);
 
   // Whether the command has not been acted on: neither in this run nor, as far as it is not newer than the
   // newest one of earlier runs, before. To be asked in the order of the commands, the oldest first.
@@ -38,7 +39,7 @@ class CommandMemory {
 
   Host& host_;
   std::string settingsPath_;
-  std::function<void()> createSettingsFile_;
+  std::function<bool()> prepareSettingsFile_;
   bool isLoaded_ = false;
   std::optional<Newest> ofEarlierRuns_;
   bool hasPassedNewest_ = false;

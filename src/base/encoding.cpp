@@ -62,6 +62,13 @@ char32_t CodePointOfWindows1252(unsigned char byte) {
   return byte >= 0x80 && byte < 0xA0 ? Windows1252From80[byte - 0x80U] : byte;
 }
 
+std::optional<unsigned char> CodeInWindows1252(char32_t codePoint) {
+  if (codePoint <= 0xFF) return static_cast<unsigned char>(codePoint);
+  const auto found = std::find(Windows1252From80.begin(), Windows1252From80.end(), codePoint);
+  if (found == Windows1252From80.end()) return {};
+  return static_cast<unsigned char>(0x80 + (found - Windows1252From80.begin()));
+}
+
 void AppendCodePoint(std::string& text, char32_t codePoint) {
   if (codePoint > 0x10FFFF || (codePoint >= 0xD800 && codePoint <= 0xDFFF)) codePoint = 0xFFFD;
   const auto append = [&text](char32_t byte) { text.push_back(static_cast<char>(byte)); };

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -14,6 +15,9 @@ bool IsUtf8(std::string_view bytes);
 // One byte of Windows-1252 as a code point. The five unassigned bytes give the control character of their
 // value.
 char32_t CodePointOfWindows1252(unsigned char byte);
+
+// The byte that Windows-1252 has for the code point, the unassigned ones as above; empty when it has none.
+std::optional<unsigned char> CodeInWindows1252(char32_t codePoint);
 
 // Appends the code point as UTF-8; a value that is no code point becomes U+FFFD.
 void AppendCodePoint(std::string& text, char32_t codePoint);

@@ -68,7 +68,7 @@ bool IsTrueWord(std::string_view value) {
 }
 
 std::optional<double> NumberOfWholeText(std::string_view text) {
-  if (text.starts_with('+')) text.remove_prefix(1);
+  if (text.starts_with('+') && !text.starts_with("+-")) text.remove_prefix(1);
   double number = 0;
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
   const bool isWhole = error == std::errc() && end == text.data() + text.size();

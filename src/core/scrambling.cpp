@@ -9,14 +9,6 @@ constexpr int LargestCode = 255;
 constexpr std::int64_t LargestShift = 100;
 constexpr std::int64_t ShiftBeyondLargest = 57;
 
-std::optional<int> CodeOf(char32_t character) {
-  if (character <= LargestCode) return static_cast<int>(character);
-  for (int code = 0x80; code < 0xA0; ++code) {
-    if (CodePointOfWindows1252(static_cast<unsigned char>(code)) == character) return code;
-  }
-  return {};
-}
-
 char32_t ScrambledCharacter(int code) {
   return static_cast<char32_t>(code);
 }
@@ -34,7 +26,7 @@ std::int64_t ShiftAt(std::int64_t position, int distance) {
 std::string Shifted(std::string_view text, int distance, int direction, char32_t (*characterOf)(int)) {
   std::string result;
   for (std::int64_t position = 1; !text.empty(); ++position) {
-    const auto code = CodeOf(TakeCodePoint(text));
+    const auto code = CodeInWindows1252(TakeCodePoint(text));
     if (!code) return {};
     const auto shifted = *code + direction * ShiftAt(position, distance);
     if (shifted < 0 || shifted > LargestCode) return {};

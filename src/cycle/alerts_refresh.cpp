@@ -61,8 +61,10 @@ void ArchiveWhenDue(MainWindow& window) {
 void RefreshAlertsWhenDue(MainWindow& window, const SpotFilter& filter) {
   const auto interval =
       WholeNumber(window.Controls.RBN.txtSOTAAlertsRefreshInterval.Text.Get(), window.World.Numbers);
+  if (window.World.ShuttingDown) return;
   if (!HasPassed(window.LastAlertsRefreshTime, interval, window.World.Time.Now())) return;
   const bool succeeded = ReadAlertsPage(window) == Success;
+  if (window.World.ShuttingDown && !succeeded) return;  // the page was not read: the reports stay as they are
   window.Controls.Spots.lblNoSotawatchConnection.Visible = !succeeded;
   if (succeeded) {
     window.LastAlertsRefreshTime = window.World.Time.Now();

@@ -1,7 +1,6 @@
 #include "cycle/check_cycle.h"
 
 #include <cmath>
-#include <string>
 
 #include "core/trap.h"
 #include "cycle/alerts_refresh.h"
@@ -10,6 +9,7 @@
 #include "cycle/source_status.h"
 #include "cycle/start_up.h"
 #include "radio/dates.h"
+#include "radio/numbers.h"
 #include "ui/filter_from_screen.h"
 
 namespace brelwin {
@@ -22,7 +22,7 @@ void CountDown(MainWindow& window) {
     InitializeInternetConnections(window);
   } else {
     const auto left = window.StartupDelaySeconds - static_cast<float>(seconds);
-    ShowStartupDelay(window, std::to_string(std::lrint(left)));
+    ShowStartupDelay(window, SingleText(std::nearbyint(left)));
   }
 }
 

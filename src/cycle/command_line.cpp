@@ -10,7 +10,7 @@ float ReadStartupDelay(std::string_view commandLine, NumberFormat format) {
   const auto text = UpperCase(Trim(commandLine));
   std::string_view seconds = text;
   if (seconds.starts_with(Keyword)) seconds.remove_prefix(Keyword.size());
-  return static_cast<float>(ToDouble(Trim(seconds), format));
+  return ToSingle(ToDouble(Trim(seconds), format));
 }
 
 }  // namespace brelwin

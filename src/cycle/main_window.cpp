@@ -9,7 +9,7 @@ namespace brelwin {
 MainWindow::MainWindow(Host& host)
     : World(host),
       Commands(host, CommandMemory(host, InProgramFolder(host, "Brelwin.INI"),
-                                   [this] { SettingsFile.SaveSettings(); })),
+                                   [this] { return SettingsFile.PrepareFile(); })),
       TickDriver(host.Events, Controls.tmrCheckSpots,
                  [this] { Enter(*this, [this] { tmrCheckSpots_Timer(*this); }); }) {
   // Shown only while they are true.

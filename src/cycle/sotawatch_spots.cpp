@@ -1,6 +1,8 @@
 #include "cycle/sotawatch_spots.h"
 
+#include "core/trap.h"
 #include "cycle/alerts_refresh.h"
+#include "cycle/source_status.h"
 #include "cycle/spot_list_display.h"
 #include "spots/spot_collections.h"
 #include "ui/alerting.h"
@@ -23,22 +25,29 @@ void NoteFeedState(MainWindow& window, const SpotCollection& newSpots) {
   window.Controls.Spots.lblStatus.Caption = state.Text;
 }
 
-std::int32_t ReadFeed(MainWindow& window, const SpotFilter& filter, SpotCollection& newSpots) {
-  auto& tab = window.Controls.Spots;
-  tab.picDownload.Visible = true;
-  std::string errorText;
-  const auto result = window.Intake.GetSotawatchSpots(
-      tab.chkSOTAWatchSpotsViaRSS.Value, window.Config.Addresses, window.Config.Test, window.KnownActivators,
-      window.TrustedSpotters, window.TwitterSinceID, newSpots, errorText);
-  NoteFeedState(window, newSpots);
-  CarryOutAlertCommands(window, newSpots, filter);
-  return result;
-}
-
 void ShowTwitterConnection(MainWindow& window, std::int32_t result) {
   auto& label = window.Controls.Spots.lblNoConnectionToTwitter;
   if (result == Success) label.Visible = false;
   if (result == NoConnection) label.Visible = true;
+}
+
+std::int32_t ReadFeed(MainWindow& window, const SpotFilter& filter, SpotCollection& newSpots) {
+  auto& tab = window.Controls.Spots;
+  tab.picDownload.Visible = true;
+  std::string errorText;
+  auto sinceID = window.TwitterSinceID;
+  const auto result = window.Intake.GetSotawatchSpots(
+      tab.chkSOTAWatchSpotsViaRSS.Value, window.Config.Addresses, window.Config.Test, window.KnownActivators,
+      window.TrustedSpotters, sinceID, newSpots, errorText);
+  if (window.World.ShuttingDown) return result;
+  // The user may have switched to the other feed during the fetch: this one's memory and label are gone then.
+  if (!tab.chkSOTAWatchSpotsViaRSS.Value) {
+    window.TwitterSinceID = sinceID;
+    ShowTwitterConnection(window, result);
+  }
+  NoteFeedState(window, newSpots);
+  CarryOutAlertCommands(window, newSpots, filter);
+  return result;
 }
 
 void FilterAndLog(MainWindow& window, SpotFilter& filter, SpotCollection& spots) {
@@ -51,9 +60,7 @@ void AlertOn(MainWindow& window, const SpotCollection& newSpots, SpotFilter& fil
                   atStartup);
 }
 
-}  // namespace
-
-void ReloadSpotList(MainWindow& window) {
+void Reload(MainWindow& window) {
   SpotFilter filter;
   FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
   const auto sinceID = std::exchange(window.TwitterSinceID, {});
@@ -61,9 +68,10 @@ void ReloadSpotList(MainWindow& window) {
   SpotCollection newSpots;
   if (ReadFeed(window, filter, newSpots) != Success) {
     window.TwitterSinceID = sinceID;
+    DisplaySpotList(window, window.SpotList);
     return;
   }
-  window.RecentSotawatchSpots = newSpots;
+  window.RecentSotawatchSpots = FirstSpots(newSpots, MaximumRecentSotawatchSpots);
   FilterAndLog(window, filter, newSpots);
   window.SpotList = newSpots;
   TrimSpotList(window);
@@ -71,13 +79,18 @@ void ReloadSpotList(MainWindow& window) {
   if (window.Controls.Filters.chkAlertSoundsOnStartup.Value) AlertOn(window, newSpots, filter, true);
 }
 
+}  // namespace
+
+void ReloadSpotList(MainWindow& window) {
+  TrapErrorsSilently([&] { Reload(window); });
+  if (!window.CheckInProgress) window.Controls.Spots.picDownload.Visible = false;
+  ShowSourceStatus(window);
+}
+
 void TakeSotawatchSpots(MainWindow& window, SpotFilter& filter) {
-  const bool viaRSS = window.Controls.Spots.chkSOTAWatchSpotsViaRSS.Value;
   SpotCollection newSpots;
-  const auto result = ReadFeed(window, filter, newSpots);
-  if (!viaRSS) ShowTwitterConnection(window, result);
+  ReadFeed(window, filter, newSpots);
   if (newSpots.Empty()) return;
-  if (!viaRSS) window.TwitterSinceID = (*newSpots.At(1))->ID;
   const auto received = newSpots;
   FilterAndLog(window, filter, newSpots);
   MergeInFront(received, window.RecentSotawatchSpots);

@@ -127,9 +127,11 @@ void InitializeInternetConnections(MainWindow& window) {
   if (window.World.ShuttingDown) return;
   auto& timer = window.Controls.tmrCheckSpots;
   timer.Enabled = false;
-  ReloadSpotList(window);
-  if (window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value && !window.World.ShuttingDown)
-    ConnectToRBN(window.RBN);
+  Step(window, [&] { ReloadSpotList(window); });
+  Step(window, [&] {
+    if (window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) ConnectToRBN(window.RBN);
+  });
+  window.CheckInterval = TimerInterval(window);
   timer.Interval = window.CheckInterval;
   window.Controls.Spots.cmdReloadSpotList.Enabled = true;
   timer.Enabled = !window.World.ShuttingDown;

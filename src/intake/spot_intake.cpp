@@ -71,10 +71,14 @@ void SpotIntake::State::NoteCondition(bool viaRSS, const FeedReadResult& result)
 }
 
 void SpotIntake::State::LogSkippedItems(const FeedReadResult& result) {
-  for (const auto& item : result.SkippedItems) {
-    if (Remembered.Delivered.Note("skipped\n" + item, World.Time.Now()))
-      LogEvent(World, "GetSotawatchSpots - An item without a station was skipped: " + item);
-  }
+  const auto logOnce = [this](const std::string& identity, const std::string& text) {
+    if (Remembered.Delivered.Note("skipped\n" + identity, World.Time.Now()))
+      LogEvent(World, "GetSotawatchSpots - " + text);
+  };
+  for (const auto& item : result.SkippedItems)
+    logOnce(item.Mark + "\n" + item.Text, "An item without a station was skipped: " + item.Text);
+  if (const auto more = std::to_string(result.MoreSkippedItems); more != "0")
+    logOnce(more, "More items without a station were skipped: " + more);
 }
 
 void SpotIntake::State::Deliver(const SpotCollection& spots, const CallsignCollection& trustedSpotters,

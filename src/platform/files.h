@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brelwin {
 
@@ -41,6 +42,9 @@ class Files {
 
   // Removes the file; done also when there is none.
   virtual FileResult Delete(std::string_view path) = 0;
+
+  // Names of the files in the folder, in no order; none when it cannot be read.
+  virtual std::vector<std::string> NamesIn(std::string_view folder) const = 0;
 
   // Length in bytes; empty when there is no such file.
   virtual std::optional<std::uint64_t> Length(std::string_view path) const = 0;

@@ -7,6 +7,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
+#include <system_error>
 
 #include "platform/file_descriptor.h"
 #include "platform/file_paths.h"
@@ -149,6 +151,15 @@ FileResult SystemFiles::Delete(std::string_view path) {
   if (!IsPath(path)) return {"Invalid file name"};
   if (::unlink(ResolvePath(path).c_str()) != 0 && errno != ENOENT) return LastError();
   return {};
+}
+
+std::vector<std::string> SystemFiles::NamesIn(std::string_view folder) const {
+  std::vector<std::string> names;
+  std::error_code error;
+  std::filesystem::directory_iterator entry(ResolvePath(folder), error);
+  for (; !error && entry != std::filesystem::directory_iterator(); entry.increment(error))
+    names.push_back(entry->path().filename().string());
+  return names;
 }
 
 std::optional<std::uint64_t> SystemFiles::Length(std::string_view path) const {

@@ -20,6 +20,7 @@ class SystemFiles final : public Files {
   FileResult Append(std::string_view path, std::string_view bytes, FileAccess access) override;
 
   FileResult Delete(std::string_view path) override;
+  std::vector<std::string> NamesIn(std::string_view folder) const override;
   std::optional<std::uint64_t> Length(std::string_view path) const override;
 };
 

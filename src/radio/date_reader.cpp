@@ -44,8 +44,15 @@ bool Store(std::optional<int>& part, std::optional<int> value) {
   return true;
 }
 
+// Without the fraction of a second, as in "10:00:00.250".
+std::string_view WithoutFraction(std::string_view word) {
+  const auto point = word.find('.');
+  return point != std::string_view::npos && IsNumber(word.substr(point + 1)) ? word.substr(0, point) : word;
+}
+
 // "hh:mm" or "hh:mm:ss" as seconds of the day.
-std::optional<int> ClockTime(std::string_view word) {
+std::optional<int> ClockTime(std::string_view text) {
+  const auto word = WithoutFraction(text);
   const auto first = word.find(':');
   if (first == std::string_view::npos) return {};
   const auto second = word.find(':', first + 1);
@@ -86,9 +93,16 @@ bool TakeDashedDate(DateParts& parts, std::string_view word) {
          (rest.empty() || (rest[0] == 'T' && TakeTime(parts, rest.substr(1))));
 }
 
+// Mail dates may give the year by its last two digits, always behind day and month.
+bool TakeDayOrYear(DateParts& parts, std::string_view word) {
+  if (word.size() > 2) return Store(parts.Year, Number(word, 4, 4));
+  if (!parts.Day || !parts.Month) return Store(parts.Day, Number(word, 1, 2));
+  const auto year = Number(word, 2, 2);
+  return year && Store(parts.Year, *year < 30 ? 2000 + *year : 1900 + *year);
+}
+
 bool TakeWord(DateParts& parts, std::string_view word) {
-  if (IsNumber(word))
-    return word.size() <= 2 ? Store(parts.Day, Number(word, 1, 2)) : Store(parts.Year, Number(word, 4, 4));
+  if (IsNumber(word)) return TakeDayOrYear(parts, word);
   if (IsDigit(word[0])) return TakeDashedDate(parts, word) || TakeTime(parts, word);
   if (const auto month = MonthOfName(word)) return Store(parts.Month, month);
   return IsWeekdayName(word) || Store(parts.ZoneMinutes, Zone(word));
@@ -123,6 +137,11 @@ std::optional<DateTime> ReadDateTime(std::string_view text) {
     begin = std::find_if_not(wordEnd, end, IsSeparator);
   }
   return DateTimeOf(parts);
+}
+
+bool IsTimeAlone(DateTime time) {
+  const auto zero = DateTimeFromCalendar(DayZero);
+  return zero && time >= *zero && time < AddSeconds(*zero, 24 * 3600);
 }
 
 bool IsDateNotNumber(std::string_view text) {

@@ -18,6 +18,9 @@ namespace brelwin {
 // "UTC", "GMT", "Z"): it is then converted to UTC. Empty for anything else; no plain number is a date.
 std::optional<DateTime> ReadDateTime(std::string_view text);
 
+// Whether what was read is a time without a date: it falls on day zero, 30 December 1899.
+bool IsTimeAlone(DateTime time);
+
 // Whether the text is a date or a time and not a plain number.
 bool IsDateNotNumber(std::string_view text);
 

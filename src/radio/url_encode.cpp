@@ -24,11 +24,8 @@ std::string URLEncode(std::string_view text) {
     const auto codePoint = TakeCodePoint(text);
     if (IsKept(codePoint)) {
       encoded.push_back(character[0]);
-    } else if (codePoint <= 0xFF) {
-      AppendCode(encoded, codePoint);
     } else {
-      for (const char byte : character.substr(0, character.size() - text.size()))
-        AppendCode(encoded, static_cast<unsigned char>(byte));
+      AppendCode(encoded, CodeInWindows1252(codePoint).value_or('?'));
     }
   }
   return encoded;

@@ -24,6 +24,7 @@ std::string Describe(Silence silence, std::int32_t mostMinutes) {
 }
 
 void Reconnect(RBNConnection& connection) {
+  if (connection.World.ShuttingDown) return;
   std::string errorText;
   CloseRBNConnection(connection, errorText);
   OpenRBNConnection(connection, connection.Config.RBNHost, connection.Config.RBNPort, errorText);
@@ -77,7 +78,7 @@ void CloseSilentConnection(RBNConnection& connection) {
 void ConnectToRBN(RBNConnection& connection) {
   if (!connection.Controls.chkReverseBeaconSpotsEnabled.Value) return;
   connection.RBNCallsign = Trim(connection.Controls.txtRBNCallsign.Text.Get());
-  if (connection.RBNCallsign.empty()) return;
+  if (connection.RBNCallsign.empty() || connection.World.ShuttingDown) return;
   std::string errorText;
   OpenRBNConnection(connection, connection.Config.RBNHost, connection.Config.RBNPort, errorText);
 }

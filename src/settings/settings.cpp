@@ -145,6 +145,11 @@ void Settings::LoadSettings(std::string_view path, std::string_view passwordFrom
   });
 }
 
+bool Settings::PrepareFile() {
+  if (state_->CouldNotBeRead) return false;
+  return state_->World.Disk.Exists(state_->Path) || SaveSettings();
+}
+
 bool Settings::SaveSettings() {
   return LogErrors(state_->World, "SaveSettings", false, [&] { return state_->Save(); });
 }

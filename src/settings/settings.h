@@ -22,6 +22,10 @@ class Settings {
   // password box after the load and is never written to the file unless the user changes it.
   void LoadSettings(std::string_view path, std::string_view passwordFromEnvironment);
 
+  // Makes the settings file when there is none. True when others may write to it: not when it was there and
+  // could not be read.
+  bool PrepareFile();
+
   // Writes every setting to the file that was loaded. What the user did not touch and what the file says
   // differently since the load, or holds in a form that a box cannot represent, is left alone; each such key
   // is logged. False when the file could not be written.

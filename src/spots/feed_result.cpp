@@ -31,9 +31,13 @@ bool IsFailure(FeedEnd end) {
   return end == FeedEnd::NotOpened || end == FeedEnd::NoFeed || end == FeedEnd::Cut;
 }
 
-void NoteSkippedItem(FeedReadResult& result, std::string_view itemText) {
-  if (result.SkippedItems.size() < MostSkippedItems)
-    result.SkippedItems.emplace_back(FirstCharacters(itemText, LongestSkippedText));
+void NoteSkippedItem(FeedReadResult& result, std::string_view itemText, std::string_view mark) {
+  if (result.SkippedItems.size() == MostSkippedItems) {
+    ++result.MoreSkippedItems;
+    return;
+  }
+  result.SkippedItems.push_back({std::string(FirstCharacters(itemText, LongestSkippedText)),
+                                 std::string(FirstCharacters(mark, LongestSkippedText))});
 }
 
 void SaveLearnedActivators(Host& host, const FeedReadResult& result) {

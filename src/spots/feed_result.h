@@ -17,17 +17,25 @@ enum class FeedEnd : std::uint8_t { NotOpened, NoFeed, Cut, ReachedPrevious, Rea
 // True for the ends that leave the older spots unread.
 bool IsFailure(FeedEnd end);
 
+// An item that names no station.
+struct SkippedItem {
+  std::string Text;  // its beginning
+  std::string Mark;
+};
+
 struct FeedReadResult {
   FeedEnd End = FeedEnd::NotOpened;
   std::string NewestID;  // of the newest item that was read; empty without one
   std::string ErrorText;
   std::string StatusText;  // what the server answered, in words for the status line
   std::vector<std::string> LearnedActivators;
-  std::vector<std::string> SkippedItems;  // beginnings of the items that name no station, the first few
+  std::vector<SkippedItem> SkippedItems;  // the first few
+  std::size_t MoreSkippedItems = 0;       // beyond those
 };
 
-// Notes an item that could not be used, so that it does not vanish silently.
-void NoteSkippedItem(FeedReadResult& result, std::string_view itemText);
+// Notes an item that could not be used, so that it does not vanish silently. `mark`, such as its date, tells
+// it from others of the same text.
+void NoteSkippedItem(FeedReadResult& result, std::string_view itemText, std::string_view mark);
 
 // Adds the learned activators to the list file of the known ones; what cannot be written is logged.
 void SaveLearnedActivators(Host& host, const FeedReadResult& result);

@@ -12,11 +12,12 @@ struct ElementName {
   FeedElement Element;
 };
 
-constexpr std::array<ElementName, 6> ElementNames = {{{"title", FeedElement::Title},
+constexpr std::array<ElementName, 7> ElementNames = {{{"title", FeedElement::Title},
                                                       {"description", FeedElement::Description},
                                                       {"pubDate", FeedElement::PubDate},
                                                       {"item", FeedElement::Item},
                                                       {"rss", FeedElement::Rss},
+                                                      {"rdf:RDF", FeedElement::Rss},
                                                       {"lastBuildDate", FeedElement::LastBuildDate}}};
 
 bool EndsName(char c) {

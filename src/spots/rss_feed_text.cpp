@@ -17,8 +17,7 @@ std::optional<DateTime> ReadPubDate(std::string_view rawPubDate) {
   const auto comma = text.find(',');
   if (comma == std::string::npos || text.find(',', comma + 1) != std::string::npos) return {};
   const auto time = ReadDateTime(std::string_view(text).substr(comma + 1));
-  // A time alone falls on a day of long ago: it does not say how old the spot is.
-  return time && time->Seconds > 0 ? time : std::nullopt;
+  return time && !IsTimeAlone(*time) ? time : std::nullopt;
 }
 
 // Reads one item after the other until one says that all later ones need no reading.
@@ -40,7 +39,7 @@ class ItemReader {
     const auto title = DecodeFeedText(raw.Title);
     const auto made = MakeSpots(title, DecodeFeedText(raw.Description), utc);
     if (made.First == nullptr) {
-      NoteSkippedItem(result_, title);
+      NoteSkippedItem(result_, title, raw.PubDate);
       return {};
     }
     ++itemCount_;

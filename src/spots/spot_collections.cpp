@@ -25,6 +25,15 @@ std::int32_t CopyNewSpots(const SpotCollection& source, SpotCollection& target) 
   return added;
 }
 
+SpotCollection FirstSpots(const SpotCollection& spots, std::size_t maximum) {
+  SpotCollection first;
+  for (const auto& entry : spots) {
+    if (first.Count() == maximum) break;
+    AddSpotByID(entry.Item, first);
+  }
+  return first;
+}
+
 void MergeInFront(const SpotCollection& newSpots, SpotCollection& target) {
   if (&newSpots == &target) return;
   for (auto entry = newSpots.end(); entry != newSpots.begin();) {

@@ -49,6 +49,9 @@ bool AddSpotByID(SpotPointer spot, SpotCollection& collection);
 // Adds to the end of the target, in order, the spots whose ID it does not hold. Returns how many.
 std::int32_t CopyNewSpots(const SpotCollection& source, SpotCollection& target);
 
+// The first `maximum` spots, under their IDs.
+SpotCollection FirstSpots(const SpotCollection& spots, std::size_t maximum);
+
 // Puts the new spots, in their order, in front of the target's. Of two spots with the same ID the older gives
 // way, so the newest batch is always whole and in front. Costs nothing per spot of the target.
 void MergeInFront(const SpotCollection& newSpots, SpotCollection& target);

@@ -39,7 +39,7 @@ SpotTitle ReadSpotTitle(std::string_view text) {
 
   SpotTitle result;
   result.Callsigns = title.substr(0, on == 0 ? 0 : on - 1);
-  result.Station = HasTwoTokens(result.Callsigns) ? Trim(result.Callsigns) : title.substr(0, firstBlank);
+  result.Station = HasTwoTokens(result.Callsigns) ? result.Callsigns : title.substr(0, firstBlank);
   result.Rest = title.substr(on);
   TakeToken(result.Rest);
   result.Summit = TakeToken(result.Rest);

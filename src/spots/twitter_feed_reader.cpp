@@ -37,7 +37,7 @@ class TweetReader {
         result_(result) {}
 
   void Read(const Tweet& tweet) {
-    if (!IsTweetID(tweet.ID)) return NoteSkippedItem(result_, tweet.Text);
+    if (!IsTweetID(tweet.ID)) return NoteSkippedItem(result_, tweet.Text, tweet.ID);
     if (!IsNewer(tweet.ID, request_.SinceID)) return;
     if (IsNewer(tweet.ID, result_.NewestID)) result_.NewestID = tweet.ID;
     const auto utc = ReadDateTime(tweet.CreatedAt);
@@ -49,7 +49,7 @@ class TweetReader {
   void Add(const std::string& id, const std::string& text, std::optional<DateTime> utc) {
     const auto said = ReadSpotDescription(ReadSpotTitle(text).Rest);
     const auto made = maker_.MakeSpots({id, text, said.Comment, said.Spotter, utc, ++tweetCount_});
-    if (made.First == nullptr) return NoteSkippedItem(result_, text);
+    if (made.First == nullptr) return NoteSkippedItem(result_, text, id);
     AddSpotByID(made.First, spots_);
     AddSpotByID(made.Second, spots_);
   }

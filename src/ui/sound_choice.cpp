@@ -11,34 +11,35 @@
 namespace brelwin {
 namespace {
 
-// Every name is a look into the folder; a feed gone wild must not make thousands of them.
+// A feed gone wild must not make thousands of names to look for.
 constexpr std::size_t MostCalls = 200;
 constexpr std::size_t LongestReference = 32;
 
 constexpr std::string_view SpecialCallsign = "Q0ZZ";
 
-// Looks sound files up by their name without ".wav", each name once.
+// The sound files of the program's folder. The folder is read once: it may hold years of archives, and a long
+// list asks for hundreds of names.
 class SoundFiles {
  public:
-  explicit SoundFiles(const Host& host) : host_(host) {}
+  explicit SoundFiles(const Host& host) : host_(host) {
+    for (const auto& name : host.Disk.NamesIn(host.ProgramFolder)) {
+      if (auto upper = UpperCase(name); upper.ends_with(".WAV")) upperNames_.insert(std::move(upper));
+    }
+  }
 
-  std::optional<std::string> Find(std::string_view name) {
-    if (!IsFileName(name) || !asked_.emplace(name).second) return {};
+  std::optional<std::string> Find(std::string_view name) const {
     auto file = std::string(name) + ".wav";
-    return FileExists(host_, InProgramFolder(host_, file)) ? std::optional(std::move(file)) : std::nullopt;
+    const bool isThere =
+        upperNames_.contains(UpperCase(file)) && FileExists(host_, InProgramFolder(host_, file));
+    return isThere ? std::optional(std::move(file)) : std::nullopt;
   }
 
  private:
-  static bool IsFileName(std::string_view name) {
-    constexpr std::string_view Forbidden("\\/\0", 3);
-    return !name.empty() && name.find_first_of(Forbidden) == std::string_view::npos && !Contains(name, "..");
-  }
-
   const Host& host_;
-  std::set<std::string, std::less<>> asked_;
+  std::set<std::string> upperNames_;
 };
 
-std::optional<std::string> FindForCallsigns(SoundFiles& files,
+std::optional<std::string> FindForCallsigns(const SoundFiles& files,
                                             const KeyedCollection<std::string>& callsigns) {
   if (callsigns.Contains(SpecialCallsign)) {
     if (auto file = files.Find(SpecialCallsign)) return file;
@@ -51,7 +52,7 @@ std::optional<std::string> FindForCallsigns(SoundFiles& files,
   return {};
 }
 
-std::optional<std::string> FindForReference(SoundFiles& files, std::string_view reference) {
+std::optional<std::string> FindForReference(const SoundFiles& files, std::string_view reference) {
   const auto name = Replace(FirstCharacters(reference, LongestReference), "/", "-");
   for (auto length = CharacterCount(name); length > 0; --length) {
     if (auto file = files.Find(FirstCharacters(name, length))) return file;
@@ -59,7 +60,7 @@ std::optional<std::string> FindForReference(SoundFiles& files, std::string_view 
   return {};
 }
 
-std::optional<std::string> FindForReferences(SoundFiles& files,
+std::optional<std::string> FindForReferences(const SoundFiles& files,
                                              const KeyedCollection<std::string>& references) {
   std::size_t looked = 0;
   for (const auto& entry : references) {
@@ -72,7 +73,7 @@ std::optional<std::string> FindForReferences(SoundFiles& files,
 }  // namespace
 
 std::string ChooseSoundFile(const Host& host, const SoundCalls& calls, std::string_view alertSound) {
-  SoundFiles files(host);
+  const SoundFiles files(host);
   if (auto file = FindForCallsigns(files, calls.Callsigns)) return *file;
   if (auto file = FindForReferences(files, calls.SummitReferences)) return *file;
   return std::string(alertSound);

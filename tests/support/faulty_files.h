@@ -43,6 +43,11 @@ class FaultyFiles final : public Files {
     return files_.Delete(path);
   }
 
+  std::vector<std::string> NamesIn(std::string_view folder) const override {
+    if (!Works()) return {};
+    return files_.NamesIn(folder);
+  }
+
   std::optional<std::uint64_t> Length(std::string_view path) const override {
     if (!Works()) return {};
     return files_.Length(path);

@@ -42,6 +42,15 @@ class MemoryFiles final : public Files {
     return {};
   }
 
+  std::vector<std::string> NamesIn(std::string_view folder) const override {
+    std::vector<std::string> names;
+    const auto prefix = Name(folder) + "/";
+    for (const auto& [name, bytes] : contents_)
+      if (name.starts_with(prefix) && name.find('/', prefix.size()) == std::string::npos)
+        names.push_back(name.substr(prefix.size()));
+    return names;
+  }
+
   std::optional<std::uint64_t> Length(std::string_view path) const override {
     const auto found = contents_.find(Name(path));
     if (found == contents_.end()) return {};
