@@ -28,6 +28,7 @@ class SoundFiles {
   }
 
   std::optional<std::string> Find(std::string_view name) const {
+    if (Contains(name, "..")) return {};
     auto file = std::string(name) + ".wav";
     const bool isThere =
         upperNames_.contains(UpperCase(file)) && FileExists(host_, InProgramFolder(host_, file));
