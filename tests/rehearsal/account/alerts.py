@@ -25,6 +25,9 @@ class Alert:
     before: int  # minutes; 0: the user's
     after: int
 
+    def __post_init__(self) -> None:
+        self.name = radio.upper(self.key)  # keys are compared without case
+
 
 @dataclasses.dataclass
 class Entry:
@@ -159,20 +162,17 @@ class Alerts:
         alert = Alert(key, utc, base, found.summit, before, after)
         if is_withdrawn(found.comment):
             self._remove_entries(custom_key)
-        elif radio.upper(key) not in scraped:
-            scraped[radio.upper(key)] = alert
-            if is_custom and not any(not entry.adds and self._same(entry, key) for entry in self.entries):
+        elif alert.name not in scraped:
+            scraped[alert.name] = alert
+            if is_custom and not any(not entry.adds and entry.alert.name == alert.name for entry in self.entries):
                 self._remove_entries(key)
                 self._add_entry(True, alert, now)
 
     # The modifications.
 
-    @staticmethod
-    def _same(entry: Entry, key: str) -> bool:
-        return radio.upper(entry.alert.key) == radio.upper(key)
-
     def _remove_entries(self, key: str) -> None:
-        self.entries = [entry for entry in self.entries if not (entry.is_live and self._same(entry, key))]
+        name = radio.upper(key)
+        self.entries = [entry for entry in self.entries if not (entry.is_live and entry.alert.name == name)]
 
     def _is_kept(self, entry: Entry, utc: int) -> bool:
         if entry.alert.utc is None:
@@ -194,13 +194,12 @@ class Alerts:
             if entry.adds:
                 self._add_in_front(entry.alert)
             else:
-                self.alerts.pop(radio.upper(entry.alert.key), None)
+                self.alerts.pop(entry.alert.name, None)
 
     def _add_in_front(self, alert: Alert) -> bool:
-        key = radio.upper(alert.key)
-        if key in self.alerts:
+        if alert.name in self.alerts:
             return False
-        self.alerts = {key: alert, **self.alerts}
+        self.alerts = {alert.name: alert, **self.alerts}
         self.by_station = None
         return True
 
@@ -219,7 +218,7 @@ class Alerts:
 
     def _change(self, spot: feed.Spot, adds: bool) -> None:
         for alert in self.matching(spot.base, spot.utc):
-            del self.alerts[radio.upper(alert.key)]
+            del self.alerts[alert.name]
             self.by_station = None
             self.entries.append(Entry(False, alert))
         if adds:

@@ -14,7 +14,7 @@ MODE_WORDS = {'am': 'am', 'cw': 'cw', 'data': 'data', 'fm': 'fm', 'rtty': 'rtty'
 
 def upper(text: str) -> str:
     """ASCII letters only."""
-    return ''.join(c.upper() if 'a' <= c <= 'z' else c for c in text)
+    return text.upper() if text.isascii() else ''.join(c.upper() if 'a' <= c <= 'z' else c for c in text)
 
 
 def number(text: str) -> float:
