@@ -14,8 +14,8 @@ namespace {
 using std::string;
 using std::string_view;
 
-constexpr std::int64_t LongestOnOneFrequency =
-    15 * 60;  // seconds after a spot in which skimmers still hear it
+constexpr std::int64_t UsualOnOneFrequency = 15 * 60;    // seconds in which skimmers hear an activator there
+constexpr std::int64_t LongestOnOneFrequency = 45 * 60;  // some call for longer
 
 constexpr std::array<string_view, 8> SkimmerTable{"KM3T-2", "LZ3CB", "DL8LAS-3", "EA8/DF4UE",
                                                   "F8DGY",  "W3OA",  "VK4CT",    "G4ZFE"};
@@ -116,9 +116,10 @@ string Skimmers::Notice() {
 string Skimmers::NextLine(const std::vector<PublishedSpot>& onTheAir, std::int64_t now) {
   if (random_.OneIn(60)) return Notice();
   if (!random_.OneIn(5)) return OtherLine(now);
+  const auto longest = random_.OneIn(5) ? LongestOnOneFrequency : UsualOnOneFrequency;
   std::vector<PublishedSpot> heard;
-  std::ranges::copy_if(onTheAir, std::back_inserter(heard), [now](const PublishedSpot& spot) {
-    return spot.What.Mode == "CW" && now - spot.Time < LongestOnOneFrequency;
+  std::ranges::copy_if(onTheAir, std::back_inserter(heard), [now, longest](const PublishedSpot& spot) {
+    return spot.What.Mode == "CW" && now - spot.Time < longest;
   });
   return heard.empty() ? OtherLine(now) : ActivatorLine(random_.Pick(heard), now);
 }

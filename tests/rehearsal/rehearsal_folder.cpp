@@ -23,7 +23,7 @@ string Gateway(Random& random) {
          Line<4>(random, "SotawatchDupeSpotMaxAgeInMinutes", {0, 10, 30, 60}) +
          Line<5>(random, "GatewayDelayBeforeFinalDupeCheckAndSendInSeconds", {0, 3, 7, 12, 18}) +
          Line<4>(random, "GatewayMinimumSecondsBetweenSpotsOfSameStation", {5, 120, 300, 600}) +
-         (random.OneIn(4) ? "SpotCommentTemplate=XXX wpm YYY dB de ZZZ, and some words more to make it long "
+         (random.OneIn(2) ? "SpotCommentTemplate=XXX wpm YYY dB de ZZZ, and some words more to make it long "
                             "{Via Tarnlink}\r\n"
                           : "");
 }

@@ -221,24 +221,28 @@ class Replay:
         """When the gateway is through with the spot; nothing when it ends with it."""
         now = self._gate_time(now)
         refusal = self._first_refusal(spot, now)
-        spot.is_near = spot.is_near or self._is_open(lambda moment: self._first_refusal(spot, moment), now)
+        is_open = self._is_open(lambda moment: self._first_refusal(spot, moment), now)
         body = form_body(spot, self.settings)
-        if spot.is_late and not refusal:
-            if not self._was_looked_at(body, now, rest):
-                self.parser.forget(spot, self.parsed_at)
-                self.waiting.append(spot.line)
-                self.waiting.sort(key=lambda line: line.t)
-                return now
-            spot.is_near = True
-        if spot.is_near and not self._was_looked_at(body, now, rest):
-            self.tally.add(Item(Fate.UNDECIDABLE, 'near a boundary of the stream or of the first check', now, spot, body))
-            return now
-        if refusal and not spot.is_near:
+        if refusal and not is_open:
             self.tally.add(Item(Fate.REFUSED, refusal, now, spot, body))
             return now
+        if (spot.is_late or spot.is_near or is_open) and not self._was_looked_at(body, now, rest):
+            return self._leave_aside(spot, body, now)
+        spot.is_near = spot.is_near or spot.is_late or is_open
         if not self._final_check_follows(now):
             return self._miss_final_check(spot, body, now)
         return self._decide_finally(spot, body, self._next_page())
+
+    def _leave_aside(self, spot: Heard, body: str | None, now: int) -> int:
+        """A late spot comes again in the next check."""
+        if spot.is_late:
+            self.parser.forget(spot, self.parsed_at)
+            self.waiting.append(spot.line)
+            self.waiting.sort(key=lambda line: line.t)
+        else:
+            reason = 'near a boundary of the stream or of the first check'
+            self.tally.add(Item(Fate.UNDECIDABLE, reason, now, spot, body))
+        return now
 
     def _was_looked_at(self, body: str | None, now: int, rest: list[Heard]) -> bool:
         """Whether the program took a spot that it might as well have left aside: it is posted next, or the feed is
