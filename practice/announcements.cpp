@@ -60,16 +60,27 @@ Announcement Announce(Random& random, const ScriptedSpot& spot, const Playing& p
   return announcement;
 }
 
+// Some announce two summits for about the same time, and see in the morning.
+Announcement OtherPlan(Random& random, Announcement announcement) {
+  announcement.Time += (random.OneIn(2) ? 1 : -1) * random.Between(20, 90) * Minute;
+  announcement.Summit = random.Pick(Summits()).Reference;
+  announcement.Comment = "or the other one, if the weather is better there";
+  return announcement;
+}
+
 void AnnounceDay(const Playing& playing, std::int64_t day, std::vector<Announcement>& announcements) {
   Random random(playing.Seed, static_cast<std::uint64_t>(day + 1000));
   std::map<std::pair<string, string>, bool> seen;  // station and summit: whether it was announced
   for (const auto& spot : ScriptDay(playing.Seed, day, playing.Crowd)) {
     const auto [activation, isNew] = seen.try_emplace({spot.Station, spot.Summit}, !random.OneIn(4));
     if (!activation->second) continue;
-    if (isNew)
-      announcements.push_back(Announce(random, spot, playing));
-    else if (announcements.back().Summit == spot.Summit)
+    if (isNew) {
+      const auto announcement = Announce(random, spot, playing);
+      if (random.OneIn(5)) announcements.push_back(OtherPlan(random, announcement));
+      announcements.push_back(announcement);
+    } else if (announcements.back().Summit == spot.Summit) {
       announcements.back().FrequencyModes += ", " + MegahertzAndMode(spot);
+    }
   }
 }
 

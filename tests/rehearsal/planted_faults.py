@@ -85,6 +85,7 @@ class Copy:
 
     def __init__(self, folder: pathlib.Path) -> None:
         self.folder = folder
+        self.sound: dict[str, str] = {}  # texts of spoilt files
         self.environment = os.environ | {'CCACHE_BASEDIR': str(folder), 'CCACHE_NOHASHDIR': '1'}
         known = subprocess.run(['git', 'ls-files', '-z', '--cached', '--others', '--exclude-standard'], cwd=ROOT,
                                check=True, capture_output=True).stdout.decode().split('\0')
@@ -111,10 +112,13 @@ class Copy:
         text = file.read_text()
         if text.count(fault.old) != 1:
             raise RuntimeError(f'{fault.file} does not hold once: {fault.old}')
+        self.sound[fault.file] = text
         file.write_text(text.replace(fault.old, fault.new))
 
-    def mend(self, fault: Fault) -> None:
-        (self.folder / fault.file).write_bytes((ROOT / fault.file).read_bytes())
+    def mend(self) -> None:
+        for name, text in self.sound.items():
+            (self.folder / name).write_text(text)
+        self.sound.clear()
 
     def rehearse(self, options: argparse.Namespace) -> Tally:
         self._run('cmake', '--build', '--preset', 'release', '--target', 'brelwin-rehearsal')
@@ -138,7 +142,7 @@ def try_fault(copy: Copy, fault: Fault, options: argparse.Namespace) -> bool:
         copy.plant(fault)
         tally = copy.rehearse(options)
     finally:
-        copy.mend(fault)
+        copy.mend()
     verdict = 'caught' if not tally.is_good() else 'NOT CAUGHT'
     print(f'{verdict:<10}  {fault.name:<48}{counts(tally)}', flush=True)
     return not tally.is_good()
