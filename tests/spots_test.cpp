@@ -57,6 +57,22 @@ TEST(SpotCollections, MergingPutsTheNewestBatchWholeInFront) {
   EXPECT_EQ(list.Count(), 4U);
 }
 
+TEST(SpotCollections, MergingIntoABoundedListKeepsWhatMergingAndTrimmingWould) {
+  const auto batch = Collection({"6", "2", "5", "4"}, "new");
+  for (std::int32_t maximum = 0; maximum <= 7; ++maximum) {
+    auto trimmed = Collection({"3", "2", "1"}, "old");
+    auto bounded = trimmed;
+    MergeInFront(batch, trimmed);
+    if (maximum > 0) TrimCollection(maximum, trimmed);
+    MergeInFront(batch, bounded, maximum);
+    EXPECT_EQ(Summary(bounded), Summary(trimmed)) << maximum;
+  }
+  auto turned = batch;
+  turned.Reverse();
+  EXPECT_EQ(Summary(turned), "4new 5new 2new 6new ");
+  EXPECT_TRUE(turned.Contains("2"));
+}
+
 TEST(SpotCollections, TrimmingKeepsTheNewest) {
   auto spots = Collection({"3", "2", "1"}, "");
   TrimCollection(-1, spots);

@@ -84,6 +84,9 @@ class KeyedCollection {
     }
   }
 
+  // Turns the order round.
+  void Reverse() { entries_.reverse(); }
+
   void Clear() {
     index_.clear();
     entries_.clear();

@@ -6,7 +6,6 @@
 #include "cycle/spot_details.h"
 #include "cycle/spot_list_display.h"
 #include "rbn/stream.h"
-#include "spots/spot_collections.h"
 #include "ui/alerting.h"
 #include "ui/spot_filtering.h"
 
@@ -20,20 +19,13 @@ void SendToSotawatch(MainWindow& window, const SpotCollection& heard) {
   PerformGatewayProcessing(window.SpotGateway, heard, values, message);
 }
 
-// Spots come in the order of their lines; the list has the newest on top.
-SpotCollection NewestFirst(const SpotCollection& spots) {
-  SpotCollection reversed;
-  for (const auto& [key, spot] : spots) reversed.AddInFront(spot, key);
-  return reversed;
-}
-
 void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filter) {
   SendToSotawatch(window, heard);
   PerformDisplayFilteringAndSpotLogging(window.World, window.Controls.Logs, window.Config.LogRawSpots, filter,
                                         heard);
-  const auto newSpots = NewestFirst(heard);
-  MergeIntoSpotList(window, newSpots);
-  AlertOnNewSpots(window.World, newSpots, filter, window.SpotList, nullptr, &window.Controls.Window, false);
+  heard.Reverse();  // spots come in the order of their lines; the list has the newest on top
+  MergeIntoSpotList(window, heard);
+  AlertOnNewSpots(window.World, heard, filter, window.SpotList, nullptr, &window.Controls.Window, false);
 }
 
 }  // namespace

@@ -5,6 +5,13 @@
 #include "ui/spot_list.h"
 
 namespace brelwin {
+namespace {
+
+std::int32_t MaximumSpotsInList(const MainWindow& window) {
+  return WholeNumber(window.Controls.Spots.txtMaximumSpotsInList.Text.Get(), window.World.Numbers);
+}
+
+}  // namespace
 
 void ShowInsteadOfSpots(MainWindow& window, std::string_view text) {
   auto& list = window.Controls.Spots.txtSPOTList;
@@ -23,14 +30,12 @@ void DisplaySpotList(MainWindow& window, const SpotCollection& spots) {
 }
 
 void TrimSpotList(MainWindow& window) {
-  const auto maximum =
-      WholeNumber(window.Controls.Spots.txtMaximumSpotsInList.Text.Get(), window.World.Numbers);
+  const auto maximum = MaximumSpotsInList(window);
   if (maximum > 0) TrimCollection(maximum, window.SpotList);
 }
 
 void MergeIntoSpotList(MainWindow& window, const SpotCollection& newSpots) {
-  MergeInFront(newSpots, window.SpotList);
-  TrimSpotList(window);
+  MergeInFront(newSpots, window.SpotList, MaximumSpotsInList(window));
   DisplaySpotList(window, window.SpotList);
 }
 

@@ -34,13 +34,16 @@ SpotCollection FirstSpots(const SpotCollection& spots, std::size_t maximum) {
   return first;
 }
 
-void MergeInFront(const SpotCollection& newSpots, SpotCollection& target) {
+void MergeInFront(const SpotCollection& newSpots, SpotCollection& target, std::int32_t maximum) {
   if (&newSpots == &target) return;
-  for (auto entry = newSpots.end(); entry != newSpots.begin();) {
+  const auto most = maximum > 0 ? static_cast<std::size_t>(maximum) : newSpots.Count();
+  const auto stay = static_cast<std::ptrdiff_t>(std::min(most, newSpots.Count()));
+  for (auto entry = std::next(newSpots.begin(), stay); entry != newSpots.begin();) {
     --entry;
     target.Remove(entry->Item->ID);
     target.AddInFront(entry->Item, entry->Item->ID);
   }
+  if (maximum > 0) target.Trim(most);
 }
 
 bool IsDuplicateSpot(const Spot& held, const Spot& spot) {

@@ -53,8 +53,9 @@ std::int32_t CopyNewSpots(const SpotCollection& source, SpotCollection& target);
 SpotCollection FirstSpots(const SpotCollection& spots, std::size_t maximum);
 
 // Puts the new spots, in their order, in front of the target's. Of two spots with the same ID the older gives
-// way, so the newest batch is always whole and in front. Costs nothing per spot of the target.
-void MergeInFront(const SpotCollection& newSpots, SpotCollection& target);
+// way, so the newest batch is always whole and in front. A target that is to hold `maximum` spots keeps the
+// first of them; 0 or less keeps all. Costs nothing per spot of the target.
+void MergeInFront(const SpotCollection& newSpots, SpotCollection& target, std::int32_t maximum = 0);
 
 // The duplicate test: equal base callsigns and equal frequencies, rounded to 3 decimals.
 bool IsDuplicateSpot(const Spot& held, const Spot& spot);
