@@ -26,6 +26,7 @@ class Request final : public brelwin::PageRequest {
         })) {}
 
   State CurrentState() const override { return state_; }
+  std::uint64_t Activity() const override { return state_ == State::Finished ? 1 : 0; }
   int StatusCode() const override { return state_ == State::Finished ? exchange_.Page.Status : 0; }
   const std::string& Body() const override { return body_; }
   std::string ErrorText() const override {
