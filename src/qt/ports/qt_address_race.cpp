@@ -1,6 +1,8 @@
 #include "qt/ports/qt_address_race.h"
 
+#include <QCoreApplication>
 #include <QNetworkProxy>
+#include <QPointer>
 #include <algorithm>
 #include <utility>
 
@@ -61,7 +63,9 @@ QtAddressRace::QtAddressRace(std::string_view host, std::int32_t port, Outcome o
     : QtAddressRace(AddressIn(ToQString(host)), port, std::move(outcome)) {
   source_ = ToQString(host) + u':' + QString::number(port);
   if (addresses_.isEmpty())
-    lookup_ = QHostInfo::lookupHost(ToQString(host), this, [this](const QHostInfo& info) { Resolved(info); });
+    QHostInfo::lookupHost(ToQString(host), qApp, [race = QPointer(this)](const QHostInfo& info) {
+      if (race) race->Resolved(info);
+    });
 }
 
 QtAddressRace::QtAddressRace(const QList<QHostAddress>& addresses, std::int32_t port, Outcome outcome)
@@ -71,9 +75,8 @@ QtAddressRace::QtAddressRace(const QList<QHostAddress>& addresses, std::int32_t 
   if (!addresses_.isEmpty()) nextTry_.start(0);
 }
 
-QtAddressRace::~QtAddressRace() {
-  if (lookup_) QHostInfo::abortHostLookup(*lookup_);
-}
+// A lookup under way goes on and tells nobody: of one that is aborted the toolkit leaks the receiver.
+QtAddressRace::~QtAddressRace() = default;
 
 void QtAddressRace::Resolved(const QHostInfo& info) {
   if (info.addresses().isEmpty()) {

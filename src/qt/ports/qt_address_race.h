@@ -54,7 +54,6 @@ class QtAddressRace final : public QObject {
   quint16 port_;
   Outcome outcome_;
   QList<QHostAddress> addresses_;  // not tried yet, in the order in which they will be
-  std::optional<int> lookup_;      // of a name that is being resolved
   std::vector<SocketPointer> runners_;
   QTimer nextTry_;
 };
