@@ -28,11 +28,12 @@ void CountBytes(benchmark::State& state) {
 void ReadFeed(benchmark::State& state) {
   const RSSReadRequest request{.Url = {}, .PreviousNewestID = {}, .MaximumAgeInMinutes = OneDayInMinutes};
   const ReadingMoment moment{.UTCNow = Newest, .Numbers = {}};
+  const auto& feed = Feed();
   for (auto _ : state) {
     CallsignCollection knownActivators;
     SpotCollection spots;
     FeedReadResult result;
-    ReadFeedText(TextFromBytes(Feed()), request, moment, knownActivators, spots, result);
+    ReadFeedText(TextFromBytes(feed), request, moment, knownActivators, spots, result);
     state.PauseTiming();
     if (spots.Count() != ItemCount) state.SkipWithError("not every item became a spot");
     spots.Clear();

@@ -65,8 +65,8 @@ Blocks BlocksOfBeacons(std::size_t linesInBlock) {
   return MakeBlocks(linesInBlock, [](std::size_t number) { return MadeLine{number, number, "BEACON"}; });
 }
 
-Blocks BlocksOfDifferentCalls() {
-  return MakeBlocks(LinesInBlock, [](std::size_t number) { return MadeLine{number, number}; });
+Blocks BlocksOfDifferentCalls(std::size_t linesInBlock) {
+  return MakeBlocks(linesInBlock, [](std::size_t number) { return MadeLine{number, number}; });
 }
 
 // Of twenty lines one is of a new station; the others are of those that came just before it.
@@ -192,13 +192,14 @@ BENCHMARK(KeepFivePercentFloor)->Unit(benchmark::kMillisecond);
 void KeepEveryLine(benchmark::State& state) {
   SpotFilter filter;
   filter.DuplicateSpotFilteringPeriod = 10;
-  ParseBlocks(state, Parser(filter, AlertCount), BlocksOfDifferentCalls(), LineCount,
+  const auto linesInBlock = static_cast<std::size_t>(state.range(0));
+  ParseBlocks(state, Parser(filter, AlertCount), BlocksOfDifferentCalls(linesInBlock), LineCount,
               Forgetting::BetweenBlocks);
 }
-BENCHMARK(KeepEveryLine)->Unit(benchmark::kMillisecond);
+BENCHMARK(KeepEveryLine)->Arg(1'000)->Arg(100'000)->Unit(benchmark::kMillisecond);
 
 void KeepEveryLineFloor(benchmark::State& state) {
-  SplitBlocks(state, BlocksOfDifferentCalls());
+  SplitBlocks(state, BlocksOfDifferentCalls(LinesInBlock));
 }
 BENCHMARK(KeepEveryLineFloor)->Unit(benchmark::kMillisecond);
 
