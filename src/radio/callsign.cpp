@@ -79,8 +79,14 @@ std::int32_t CountDigits(std::string_view text) {
       std::count_if(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }));
 }
 
+bool IsPlainCallsign(std::string_view text) {
+  return std::all_of(text.begin(), text.end(),
+                     [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
+}
+
 std::string GetBaseCallsign(std::string_view text, std::string& secondCallsign) {
   secondCallsign.clear();
+  if (IsPlainCallsign(text)) return std::string(text);
   const auto names = WithoutJoiningWords(text);
   const auto stations = SplitStations(names);
   if (!stations.Second.empty()) secondCallsign = BaseOfSecondStation(stations);
@@ -88,6 +94,7 @@ std::string GetBaseCallsign(std::string_view text, std::string& secondCallsign) 
 }
 
 std::string GetBaseCallsign(std::string_view text) {
+  if (IsPlainCallsign(text)) return std::string(text);
   const auto names = WithoutJoiningWords(text);
   return BaseOfOneStation(SplitStations(names).First);
 }

@@ -1,22 +1,11 @@
 #include "rbn/line_facts.h"
 
-#include <algorithm>
-
 #include "base/text.h"
 #include "radio/callsign.h"
 #include "radio/frequency.h"
 #include "radio/numbers.h"
 
 namespace brelwin {
-namespace {
-
-// A callsign of capital letters and digits alone, as nearly all are, is its own base callsign.
-bool IsPlainCallsign(std::string_view callsign) {
-  return std::all_of(callsign.begin(), callsign.end(),
-                     [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
-}
-
-}  // namespace
 
 bool LineFacts::IsCQ() {
   return EqualsIgnoringCase(line_.Field(SpotField::Type), "CQ");
@@ -33,8 +22,9 @@ bool LineFacts::IsRepeated() {
 std::string_view LineFacts::StationBaseCallsign() {
   if (station_) return *station_;
   const auto callsign = line_.Field(SpotField::Station);
-  if (!IsPlainCallsign(callsign)) stationStorage_ = GetBaseCallsign(callsign);
-  station_ = IsPlainCallsign(callsign) ? callsign : stationStorage_;
+  const bool isPlain = IsPlainCallsign(callsign);
+  if (!isPlain) stationStorage_ = GetBaseCallsign(callsign);
+  station_ = isPlain ? callsign : stationStorage_;
   return *station_;
 }
 
