@@ -15,6 +15,9 @@ TEST(Text, SplitsAndReplacesWithoutLosingEmptyPieces) {
   EXPECT_EQ(Split("", ","), (std::vector<std::string_view>{""}));
   EXPECT_EQ(SplitLines("a\r\n\nb"), (std::vector<std::string_view>{"a", "", "b"}));
   EXPECT_EQ(Replace("aaa", "aa", "b"), "ba");
+  EXPECT_EQ(Without("a-b-", "-"), "ab");
+  EXPECT_EQ(Without("ab--", "--"), "ab");
+  EXPECT_EQ(Without("ab", ""), "ab");
   EXPECT_EQ(Trim("  \t a  "), "\t a");
 }
 

@@ -24,11 +24,6 @@ constexpr std::string_view PosterBegin = "<span class=\"poster\">";
 constexpr std::string_view SpanEnd = "</span>";
 constexpr std::string_view NoBreakSpace = "&nbsp;";
 
-// The text without the part. Most texts do not hold it.
-std::string Without(std::string text, std::string_view part) {
-  return Contains(text, part) ? Replace(text, part, "") : text;
-}
-
 // The text with a blank in place of each of the tags.
 std::string WithoutTags(std::string_view text, std::initializer_list<std::string_view> tags) {
   std::string result;
@@ -132,17 +127,17 @@ std::string TakeCellText(std::string_view& cells, std::initializer_list<std::str
 }
 
 void SetCells(AnnouncedActivation& activation, std::string_view cells) {
-  const auto time = TakeCellText(cells, {"<strong>", "</strong>"});
+  auto time = TakeCellText(cells, {"<strong>", "</strong>"});
   const auto place = TakeCellText(cells, {"<strong>", "</strong>", "<br>"});
-  const auto frequencies = TakeCellText(cells, {"<strong>", "</strong>"});
-  SetTime(activation.Alert, PlainText(Without(time, NoBreakSpace)));
+  auto frequencies = TakeCellText(cells, {"<strong>", "</strong>"});
+  SetTime(activation.Alert, PlainText(Without(std::move(time), NoBreakSpace)));
   SetStationsAndSummit(activation, Replace(place, NoBreakSpace, " "));
-  activation.Alert.FrequencyModes = PlainText(Without(frequencies, NoBreakSpace));
+  activation.Alert.FrequencyModes = PlainText(Without(std::move(frequencies), NoBreakSpace));
 }
 
 // "(Posted by callsign)".
 std::string PosterOf(std::string_view raw) {
-  const auto text = PlainText(Without(Without(std::string(raw), "("), ")"));
+  const auto text = PlainText(Without(Without(std::string(raw), ")"), "("));
   std::string_view rest = text;
   TakeWord(rest);
   TakeWord(rest);

@@ -61,6 +61,14 @@ std::string Replace(std::string_view text, std::string_view what, std::string_vi
   return result.append(text.substr(begin));
 }
 
+std::string Without(std::string text, std::string_view part) {
+  const auto at = text.find(part);
+  if (at == std::string::npos) return text;
+  if (at + part.size() != text.size()) return Replace(text, part, "");
+  text.resize(at);
+  return text;
+}
+
 std::vector<std::string_view> Split(std::string_view text, std::string_view delimiter) {
   std::vector<std::string_view> pieces;
   std::size_t begin = 0;

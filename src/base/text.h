@@ -32,6 +32,9 @@ bool Contains(std::string_view text, std::string_view part);
 // replacements again. An empty `what` changes nothing.
 std::string Replace(std::string_view text, std::string_view what, std::string_view with);
 
+// The text without every occurrence of `part`. Nothing is copied when there is none, or only one at the end.
+std::string Without(std::string text, std::string_view part);
+
 // The pieces between the delimiters: always one more than there are delimiters, so an empty text gives one
 // empty piece. The pieces point into `text`. An empty delimiter gives the whole text as one piece.
 std::vector<std::string_view> Split(std::string_view text, std::string_view delimiter);

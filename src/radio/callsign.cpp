@@ -1,6 +1,7 @@
 #include "radio/callsign.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "base/encoding.h"
 #include "base/text.h"
@@ -22,10 +23,6 @@ std::string WithoutJoiningWords(std::string_view text) {
   std::replace(words.begin(), words.end(), '&', ' ');
   if (Contains(words, " AND ")) words = Replace(words, " AND ", " ");
   return std::string(Trim(words));
-}
-
-void Remove(std::string& text, std::string_view what) {
-  if (Contains(text, what)) text = Replace(text, what, "");
 }
 
 Stations SplitAt(std::string_view text, std::size_t at) {
@@ -57,7 +54,7 @@ void RemovePrefixOrSuffix(std::string& callsign) {
 
 std::string BaseOfOneStation(std::string_view station) {
   std::string callsign(station);
-  for (const std::string_view mark : {"/P", "[", "]"}) Remove(callsign, mark);
+  for (const std::string_view mark : {"/P", "[", "]"}) callsign = Without(std::move(callsign), mark);
   callsign = Trim(callsign);
   RemovePrefixOrSuffix(callsign);
   RemovePrefixOrSuffix(callsign);

@@ -47,9 +47,8 @@ constexpr std::array<Band, 23> Bands = {{
 
 double WholeMhz(float mhz, NumberFormat format) {
   if (format.DecimalSign != '.') return 0;
-  const auto text = SingleText(mhz);
-  const auto point = text.find('.');
-  return point == std::string::npos ? 0 : ToDouble(text.substr(0, point));
+  const bool hasDecimals = SingleText(mhz).find('.') != std::string::npos;
+  return hasDecimals ? std::trunc(double{mhz}) : 0;
 }
 
 // Empty without text and for a number that does not fit.

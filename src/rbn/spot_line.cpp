@@ -34,13 +34,6 @@ std::string_view Cleaned(std::string_view field, std::string& storage) {
   return storage;
 }
 
-// The text without the part, which nearly always stands at its end.
-std::string Without(std::string_view text, std::string_view part) {
-  const auto at = text.find(part);
-  const bool isLast = at == std::string_view::npos || at + part.size() == text.size();
-  return isLast ? std::string(text.substr(0, at)) : Replace(text, part, "");
-}
-
 // Takes the first field off the line, with the gap behind it.
 std::string_view TakeField(std::string_view& line) {
   const auto field = line.substr(0, line.find(FieldGap));
@@ -73,7 +66,7 @@ std::string SpotLine::Text() const {
 }
 
 std::string SkimmerCallsign(std::string_view skimmerField) {
-  return std::string(Trim(Without(Without(skimmerField, SpotLineStart), "-#:")));
+  return std::string(Trim(Without(Without(std::string(skimmerField), SpotLineStart), "-#:")));
 }
 
 std::string UTCTimeText(std::string_view timeField) {
@@ -85,7 +78,7 @@ std::string UTCTimeText(std::string_view timeField) {
 }
 
 float NumberBefore(std::string_view unit, std::string_view field, NumberFormat format) {
-  return ToSingle(ToDouble(Trim(Without(field, unit)), format));
+  return ToSingle(ToDouble(Trim(Without(std::string(field), unit)), format));
 }
 
 std::string_view FromFirstSpotLine(std::string_view text) {

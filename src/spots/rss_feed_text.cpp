@@ -13,7 +13,7 @@ namespace {
 
 // The time of a "Tue, 24 Nov 2026 10:00:00 GMT": what follows the one comma.
 std::optional<DateTime> ReadPubDate(std::string_view rawPubDate) {
-  const auto text = Replace(DecodeFeedText(rawPubDate), "GMT", "");
+  const auto text = Without(DecodeFeedText(rawPubDate), "GMT");
   const auto comma = text.find(',');
   if (comma == std::string::npos || text.find(',', comma + 1) != std::string::npos) return {};
   const auto time = ReadDateTime(std::string_view(text).substr(comma + 1));
