@@ -116,7 +116,7 @@ TEST_F(QtHttpControlTest, PostsTheFormAndReadsAnyCompleteAnswer) {
   EXPECT_TRUE(request.contains("\r\nContent-Type: application/x-www-form-urlencoded\r\n"));
   EXPECT_TRUE(request.endsWith("\r\n\r\na=1&password=secret"));
   for (const std::string status :
-       {"400", "401", "403", "404", "409", "410", "418", "429", "500", "501", "503"})
+       {"400", "401", "403", "404", "407", "409", "410", "418", "429", "500", "501", "503"})
     EXPECT_EQ(Result(server_.Url("/" + status)), "12 " + status + " body of /" + status);
   EXPECT_EQ(Result(server_.Url("/chunked")), "12 200 abcdefg");
   for (int round = 0; round < 20; ++round)  // the end may come with the last bytes or after them
@@ -129,11 +129,13 @@ TEST_F(QtHttpControlTest, TellsWhatIsNotCompleteAndNeverSendsItAgain) {
     if (path == "/cut") return Page("whole").chopped(2);
     if (path == "/cut500") return Page("whole", "500 Oops").chopped(2);
     if (path == "/cut-chunk") return "HTTP/1.1 200 OK\r\nTransfer-Encoding: chunked\r\n\r\n9\r\nabc";
+    if (path == "/interim") return "HTTP/1.1 103 Early Hints\r\n\r\n" + Page("whole");
     if (path == "/cut-head") return "HTTP/1.1 200 OK\r\nContent-Le";
     if (path == "/nonsense") return "what?\r\n\r\n";
     return "close";
   };
-  for (const std::string path : {"/cut", "/cut500", "/cut-chunk", "/cut-head", "/nonsense", "/close"}) {
+  for (const std::string path :
+       {"/cut", "/cut500", "/cut-chunk", "/cut-head", "/interim", "/nonsense", "/close"}) {
     server_.Requests.clear();
     const auto result = Result(server_.Url(path));
     EXPECT_TRUE(result.starts_with("11 ")) << path << ": " << result;
@@ -152,6 +154,7 @@ TEST_F(QtHttpControlTest, FollowsRedirectsButKeepsTheFormAtHome) {
     if (path == "/see") return Redirect("303 See Other", "/end");
     if (path == "/found") return Redirect("302 Found", other.Url("/", "localhost"));
     if (path == "/same") return Redirect("307 Temporary Redirect", server_.Url("/end"));
+    if (path == "/emptied") return Redirect("302 Found", "/away");
     if (path == "/away") return Redirect("308 Permanent Redirect", other.Url("/", "localhost"));
     if (path == "/nowhere") return Page("", "302 Found");
     if (path == "/strange") return Redirect("302 Found", "file:///etc/passwd");
@@ -169,10 +172,25 @@ TEST_F(QtHttpControlTest, FollowsRedirectsButKeepsTheFormAtHome) {
   EXPECT_TRUE(server_.Requests.back().endsWith("secret"));
   EXPECT_EQ(Result(server_.Url("/found")), "12 200 elsewhere");
   EXPECT_FALSE(other.Requests.back().contains("secret"));
+  EXPECT_EQ(Result(server_.Url("/emptied")), "12 200 elsewhere");  // nothing of the form is left to keep
   EXPECT_EQ(Result(server_.Url("/steps0")), "12 200 end");
   for (const std::string path : {"/away", "/nowhere", "/strange", "/round0"})
     EXPECT_TRUE(Result(server_.Url(path)).starts_with("11 ")) << path;
-  EXPECT_EQ(other.Requests.size(), 1U);
+  EXPECT_EQ(other.Requests.size(), 2U);
+}
+
+// Asked for its name only after the form has gone, the client could not send the form again.
+TEST_F(QtHttpControlTest, TellsAProxyOfPlainAddressesAtOnceWhoAsks) {
+  QtHttpControl control(ProxySettings{server_.Url("").insert(7, "user:pass@"), {}, {}});
+  server_.Answer = [](const QByteArray&) { return Page("by the proxy"); };
+  std::int16_t end = 0;
+  control.StateChanged = [&end](std::int16_t state) { end = state; };
+  control.Execute({"http://spotlite.test/form", "POST", "a=1", {}});
+  Wait([&end] { return end >= HttpStateError; });
+  EXPECT_EQ(end, HttpStateCompleted) << control.ResponseInfo();
+  ASSERT_EQ(server_.Requests.size(), 1U);
+  EXPECT_TRUE(server_.Requests[0].startsWith("POST http://spotlite.test/form "));
+  EXPECT_TRUE(server_.Requests[0].contains("\r\nProxy-Authorization: Basic dXNlcjpwYXNz\r\n"));
 }
 
 TEST_F(QtHttpControlTest, PostsNothingWhereNobodyVouchesForTheCertificate) {
