@@ -105,8 +105,9 @@ FileResult AppendTo(const FileDescriptor& file, std::string_view bytes, FileAcce
   struct stat before {};
   if (::fstat(file.Number(), &before) != 0) return LastError();
   if (!S_ISREG(before.st_mode) && !S_ISCHR(before.st_mode)) return {"Not a regular file"};
-  if (access == FileAccess::OwnerOnly && (before.st_mode & PermissionBits & ~OwnerModes) != 0)
-    ::fchmod(file.Number(), before.st_mode & OwnerModes);
+  const bool isTooOpen =
+      access == FileAccess::OwnerOnly && (before.st_mode & PermissionBits & ~OwnerModes) != 0;
+  if (isTooOpen && ::fchmod(file.Number(), before.st_mode & OwnerModes) != 0) return LastError();
   if (WriteAll(file, bytes)) return {};
   auto failure = LastError();
   TakeBack(file, before);
