@@ -191,6 +191,15 @@ TEST(GatewayProcessing, KeepsTheIntervalWhateverTheWallClockDoes) {
   EXPECT_EQ(story.Posts("G4ABC"), 2U);
 }
 
+// What was spotted before lies in the wall clock's future then, and is a duplicate all the same.
+TEST(GatewayProcessing, FindsDuplicatesInAFeedFromBeforeTheClockWasSetBack) {
+  GatewayStory story;
+  story.Feed({{"G4ABC", "14.0625", 5}});
+  story.Time.SetLocalTime(AddMinutes(story.Time.LocalNow(), -60));
+  story.Process({story.SkimmerSpot("G4ABC", "14.062")});
+  EXPECT_EQ(story.Posts("G4ABC"), 0U) << story.GatewayEvents();
+}
+
 TEST(GatewayProcessing, LooksAtNothingUnlessEverythingIsThere) {
   const auto resultWith = [](auto change) {
     GatewayStory story;

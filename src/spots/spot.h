@@ -50,8 +50,9 @@ struct Spot {  // NOLINT(clang-analyzer-optin.performance.Padding): users know t
   std::string SummitName;
   std::int16_t SummitPoints = 0;
   std::optional<DateTime> UTCDateTime;
-  std::string UTCTime;                // "HH:MM"
-  std::optional<Instant> TimeOfSpot;  // UTCDateTime on the clock that does not jump; empty without one
+  std::string UTCTime;  // "HH:MM"
+  std::optional<Instant>
+      TimeOfSpot;  // UTCDateTime on the clock that does not jump, the reading at the latest
 
   // Copies all fields of the source; a null pointer changes nothing.
   void CopyMyPropertiesFromThisSpot(const struct Spot* source);

@@ -1,5 +1,7 @@
 #include "spots/spot_maker.h"
 
+#include <algorithm>
+
 #include "base/text.h"
 #include "radio/callsign.h"
 #include "radio/dates.h"
@@ -18,12 +20,14 @@ bool IsSelfSpot(const Spot& spot) {
   return spot.SpotterBaseCallsign == spot.stationBaseCallsign && !Contains(spot.Comment, "{Via Tarnlink}");
 }
 
+// No spot is younger than its reading: one dated later was stamped before the wall clock was set back.
 void SetTime(Spot& spot, std::optional<DateTime> utc, const ReadingMoment& moment) {
   if (!utc) return;
   spot.UTCDateTime = utc;
   spot.UTCTime = ClockText(*utc);
   spot.LocalDateAndTime = AddMinutes(*utc, -moment.TimeZoneOffset);
-  spot.TimeOfSpot = moment.Now - std::chrono::seconds(moment.UTCNow.Seconds - utc->Seconds);
+  const auto age = std::max<std::int64_t>(0, moment.UTCNow.Seconds - utc->Seconds);
+  spot.TimeOfSpot = moment.Now - std::chrono::seconds(age);
 }
 
 void SetFrequencyAndMode(Spot& spot, const SpotTitle& title, NumberFormat numbers) {

@@ -13,7 +13,7 @@ class TimedSpot:
     def __init__(self, spot: feed.Spot, read_at: int) -> None:
         self.spot = spot
         # The program knows the wall clock to the second.
-        self.moment = None if spot.utc is None else read_at - (read_at // 1000 - spot.utc) * 1000
+        self.moment = None if spot.utc is None else read_at - max(0, read_at // 1000 - spot.utc) * 1000
 
     def is_too_old(self, now: int, minutes: int) -> bool:
         return self.moment is not None and abs(now - self.moment) // MINUTE > minutes
