@@ -174,6 +174,7 @@ SpotCollection GatewayRun::ReadFeed() {
 }
 
 void GatewayRun::Post(const SpotPointer& spot) {
+  message_.clear();
   const auto result =
       SendRBNSpotToSotawatch(gateway_.World, gateway_.Transfer, gateway_.Settings, sender_.Login,
                              sender_.Password, sender_.CommentTemplate, spot.get());
