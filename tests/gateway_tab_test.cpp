@@ -38,8 +38,8 @@ TEST(GatewayTab, WarnsOfWhatTheFormCannotCarry) {
     EXPECT_NE(CredentialWarning("q0zz", bad), "") << bad;
   }
   EXPECT_EQ(CredentialWarning(" q0zz ", "s3cret!#?/~"), "");
-  for (const auto* bad : {"&", "<b>", "\"", "it's"}) EXPECT_NE(TemplateWarning(bad), "") << bad;
-  EXPECT_EQ(TemplateWarning("CQ CQ at XXX wpm. S/N=YYY dB at ZZZ {Via Tarnlink}"), "");
+  for (const auto* bad : {"&", "<b>", "\"", "it's", "CQ \u2192"}) EXPECT_NE(TemplateWarning(bad), "") << bad;
+  EXPECT_EQ(TemplateWarning("CQ CQ at XXX wpm. S/N=YYY dB at ZZZ {Via Tarnlink} \u20AC caf\u00E9"), "");
 }
 
 TEST(GatewayTab, WarnsOfAPasswordInTheClear) {
@@ -54,10 +54,14 @@ TEST(GatewayTab, WarnsOfAPasswordInTheClear) {
 TEST(GatewayTab, KeepsItsWordsUpToDate) {
   GatewayStory story;
   story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false;
-  const GatewayTabWords words(story.Tab, story.Config);
+  story.RBN.chkReverseBeaconSpotsEnabled.Value = true;
+  const GatewayTabWords words(story.Tab, story.RBN, story.Config);
   EXPECT_EQ(story.Tab.lblGatewayState.Caption.Get(), "Gateway off");
   story.Tab.chkRBNSendMySpotsToSotawatch.Value = true;
   EXPECT_EQ(story.Tab.lblGatewayState.Caption.Get(), "Gateway on: my spots are sent");
+  story.RBN.txtRBNCallsign.Text = " ";
+  EXPECT_EQ(story.Tab.lblGatewayState.Caption.Get(),
+            "Gateway on, but nothing is sent: your callsign is missing");
   story.Tab.chkRBNSendAllSpotsToSotawatch.Value = true;
   story.Tab.chkGatewayDryRun.Value = true;
   EXPECT_EQ(story.Tab.lblGatewayState.Caption.Get(),

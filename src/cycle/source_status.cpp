@@ -35,8 +35,8 @@ std::string AlertsText(const MainWindow& window) {
 }
 
 // Nothing while the gateway is off.
-std::string GatewayText(const GatewayTab& tab) {
-  return IsGatewayOn(tab) ? " | " + GatewayStateText(tab) : std::string();
+std::string GatewayText(const GatewayTab& tab, const RBNTab& rbn) {
+  return IsGatewayOn(tab) ? " | " + GatewayStateText(tab, rbn) : std::string();
 }
 
 }  // namespace
@@ -44,7 +44,7 @@ std::string GatewayText(const GatewayTab& tab) {
 void ShowSourceStatus(MainWindow& window) {
   window.Controls.Spots.lblSources.Caption = SotawatchText(window) + " | " + AlertsText(window) + " | " +
                                              StreamStatusText(window.RBN.Status, NextCheck(window)) +
-                                             GatewayText(window.Controls.Gateway);
+                                             GatewayText(window.Controls.Gateway, window.Controls.RBN);
 }
 
 void ShowStreamStage(MainWindow& window) {

@@ -51,7 +51,7 @@ void ShowWhatThereIs(MainWindow& window) {
 
 // The warnings concern the addresses of the settings file too.
 void KeepGatewayWords(MainWindow& window) {
-  window.GatewayWords.emplace(window.Controls.Gateway, window.Config);
+  window.GatewayWords.emplace(window.Controls.Gateway, window.Controls.RBN, window.Config);
   window.Watches.push_back(
       window.Controls.Gateway.lblGatewayState.Caption.WhenChanged([&window] { ShowSourceStatus(window); }));
 }

@@ -2,7 +2,9 @@
 
 #include <algorithm>
 
+#include "base/encoding.h"
 #include "base/text.h"
+#include "radio/callsign.h"
 
 namespace brelwin {
 namespace {
@@ -19,6 +21,16 @@ void RequireCredentials(Host& host, const GatewayTab& tab, CheckBox& box, std::s
       "You must first enter both your Sotawatch Login and your Sotawatch Password before " +
           std::string(purpose) + ".",
       "Gateway", MessageIcon::Exclamation);
+}
+
+// What keeps a gateway that is on from sending; empty when nothing does.
+std::string WhatIsMissing(const GatewayTab& tab, const RBNTab& rbn) {
+  if (!HasCredentials(tab)) return "login or password is missing";
+  if (!rbn.chkReverseBeaconSpotsEnabled.Value) return "the Reverse Beacon Network is switched off";
+  const bool sendsMineOnly = !tab.chkRBNSendAllSpotsToSotawatch.Value;
+  if (sendsMineOnly && GetBaseCallsign(Trim(rbn.txtRBNCallsign.Text.Get())).empty())
+    return "your callsign is missing";
+  return {};
 }
 
 bool IsPrintableAscii(char character) {
@@ -49,6 +61,15 @@ bool IsThisMachine(const std::string& host) {
   return host == "localhost" || host == "::1" || (host.starts_with("127.") && IsDottedNumber(host));
 }
 
+bool ComesBackChanged(std::string_view text) {
+  while (!text.empty()) {
+    const auto codePoint = TakeCodePoint(text);
+    if (std::u32string_view(U"&<>\"'").find(codePoint) != std::u32string_view::npos) return true;
+    if (!CodeInWindows1252(codePoint)) return true;
+  }
+  return false;
+}
+
 void Keep(std::vector<Watch>& watches, auto& value, const std::function<void()>& refresh) {
   watches.push_back(value.WhenChanged(refresh));
 }
@@ -67,9 +88,10 @@ bool IsGatewayOn(const GatewayTab& tab) {
   return tab.chkRBNSendAllSpotsToSotawatch.Value || tab.chkRBNSendMySpotsToSotawatch.Value;
 }
 
-std::string GatewayStateText(const GatewayTab& tab) {
+std::string GatewayStateText(const GatewayTab& tab, const RBNTab& rbn) {
   if (!IsGatewayOn(tab)) return "Gateway off";
-  if (!HasCredentials(tab)) return "Gateway on, but nothing is sent: login or password is missing";
+  if (const auto missing = WhatIsMissing(tab, rbn); !missing.empty())
+    return "Gateway on, but nothing is sent: " + missing;
   const std::string whose = tab.chkRBNSendAllSpotsToSotawatch.Value ? "everyone's spots" : "my spots";
   return "Gateway on: " + whose + (tab.chkGatewayDryRun.Value ? ", dry run, nothing is sent" : " are sent");
 }
@@ -93,15 +115,14 @@ std::string AddressWarning(std::string_view url) {
 }
 
 std::string TemplateWarning(std::string_view commentTemplate) {
-  if (commentTemplate.find_first_of("&<>\"'") == std::string_view::npos) return {};
-  return "The comment holds a character that the server's page shows in another form (& < > \" '): spots may "
-         "be "
-         "taken and still be reported as not recognised.";
+  if (!ComesBackChanged(commentTemplate)) return {};
+  return "The comment holds a character that comes back from the server in another form (& < > \" ' or one "
+         "outside Windows-1252): spots may be taken and still be reported as not recognised.";
 }
 
-GatewayTabWords::GatewayTabWords(GatewayTab& tab, const Configuration& configuration) {
-  const auto refresh = [&tab, &configuration] {
-    tab.lblGatewayState.Caption = GatewayStateText(tab);
+GatewayTabWords::GatewayTabWords(GatewayTab& tab, RBNTab& rbn, const Configuration& configuration) {
+  const auto refresh = [&tab, &rbn, &configuration] {
+    tab.lblGatewayState.Caption = GatewayStateText(tab, rbn);
     tab.lblGatewayLoginWarning.Caption =
         CredentialWarning(tab.txtSotawatchLogin.Text.Get(), tab.txtSotawatchPassword.Text.Get());
     tab.lblGatewayAddressWarning.Caption = AddressWarning(configuration.Addresses.SpotliteSpotSubmitURL);
@@ -114,6 +135,8 @@ GatewayTabWords::GatewayTabWords(GatewayTab& tab, const Configuration& configura
   Keep(watches_, tab.txtSotawatchLogin.Text, refresh);
   Keep(watches_, tab.txtSotawatchPassword.Text, refresh);
   Keep(watches_, tab.txtSpotCommentTemplate.Text, refresh);
+  Keep(watches_, rbn.chkReverseBeaconSpotsEnabled.Value, refresh);
+  Keep(watches_, rbn.txtRBNCallsign.Text, refresh);
 }
 
 }  // namespace brelwin

@@ -7,6 +7,7 @@
 
 #include "base/observable.h"
 #include "controls/gateway_tab.h"
+#include "controls/rbn_tab.h"
 #include "platform/host.h"
 #include "settings/configuration.h"
 
@@ -21,7 +22,7 @@ void chkRBNSendMySpotsToSotawatch_Click(Host& host, GatewayTab& tab);
 bool IsGatewayOn(const GatewayTab& tab);
 
 // Whether the gateway is on, for whom, and whether it only pretends or cannot send; never empty.
-std::string GatewayStateText(const GatewayTab& tab);
+std::string GatewayStateText(const GatewayTab& tab, const RBNTab& rbn);
 
 // What a login or password cannot be sent with: "&", "=", "%", "+", blanks inside and characters outside
 // ASCII. Empty when there is nothing to warn of, as the other two.
@@ -30,13 +31,14 @@ std::string CredentialWarning(std::string_view login, std::string_view password)
 // That the password travels in the clear to an address of plain HTTP outside this machine.
 std::string AddressWarning(std::string_view url);
 
-// The template's characters that a page shows as entities, so that an accepted spot is not recognised.
+// The template's characters that a page shows as entities or that the form cannot carry, so that an accepted
+// spot is not recognised.
 std::string TemplateWarning(std::string_view commentTemplate);
 
 // Keeps the tab's words up to date for as long as it lives. It begins with the settings loaded.
 class GatewayTabWords {
  public:
-  GatewayTabWords(GatewayTab& tab, const Configuration& configuration);
+  GatewayTabWords(GatewayTab& tab, RBNTab& rbn, const Configuration& configuration);
 
  private:
   std::vector<Watch> watches_;
