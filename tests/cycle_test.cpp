@@ -160,6 +160,40 @@ TEST_F(Story, AReloadThatFailsLeavesTheListAndOneThatWorksReplacesIt) {
   EXPECT_EQ(Stations(), Names{"W6ABC"});
 }
 
+TEST_F(Story, AnErrorInTheFirstLoadIsToldAndTheChecksBegin) {
+  Host.Queue.OnYield = [&] {
+    if (Reads() == 0 || !List().Text.Get().empty()) return;
+    Host.Queue.OnYield = {};
+    throw std::out_of_range("no such spot");
+  };
+  Start();
+  EXPECT_EQ(List().Text.Get(), "FormLoad error 9: no such spot");
+  EXPECT_TRUE(Contains(Host.EventLog(), "FormLoad Error, Number=9 Error=no such spot"));
+  EXPECT_FALSE(Window().Spots.picDownload.Visible);
+  Host.Internet.AnswerAlways(FeedAddress, FeedText({Newest, Middle, Oldest}));
+  Host.Queue.RunFor(minutes(1));
+  EXPECT_EQ(Stations().front(), "W6ABC");
+}
+
+// The window lives while the feed is digested, but nothing else may begin, and quitting leaves the rest.
+TEST_F(Story, QuittingWhileAVeryLongFeedIsDigestedDoesNotWaitForItsEnd) {
+  std::vector<FeedItem> items(5000, Oldest);
+  for (std::size_t index = 0; index < items.size(); ++index)
+    items[index].Title =
+        "G" + std::to_string(index % 10) + "ABC on G/LD-001 @ 7.0" + std::to_string(index % 90 + 10) + " CW";
+  Host.Internet.AnswerAlways(FeedAddress, FeedText(items));
+  int yieldsWithAFeed = 0;
+  Host.Queue.OnYield = [&] {
+    if (!Host.Disk.Exists("/brelwin/SotawatchSpotsRSS.txt")) return;
+    EXPECT_TRUE(Host.World.FetchInProgress);
+    if (++yieldsWithAFeed == 2) Brelwin.Quit();
+  };
+  Start();
+  EXPECT_TRUE(Host.Queue.HasQuit);
+  EXPECT_EQ(yieldsWithAFeed, 2);
+  EXPECT_TRUE(Host.EventLog().ends_with("Form_Unload End\r\n")) << Host.EventLog();
+}
+
 TEST_F(Story, QuittingEndsEveryWaitAndUnloadsWhenAllHasReturned) {
   Host.Internet.Forget(FeedAddress);
   Host.Internet.Answer(FeedAddress, ScriptedAnswer{.Body = "never", .Delay = minutes(10)});

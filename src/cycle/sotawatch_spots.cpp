@@ -66,7 +66,9 @@ void Reload(MainWindow& window) {
   const auto sinceID = std::exchange(window.TwitterSinceID, {});
   window.Intake.Forget();
   SpotCollection newSpots;
-  if (ReadFeed(window, filter, newSpots) != Success) {
+  const auto result = ReadFeed(window, filter, newSpots);
+  if (window.World.ShuttingDown) return;
+  if (result != Success) {
     window.TwitterSinceID = sinceID;
     DisplaySpotList(window, window.SpotList);
     return;
@@ -79,12 +81,21 @@ void Reload(MainWindow& window) {
   if (window.Controls.Filters.chkAlertSoundsOnStartup.Value) AlertOn(window, newSpots, filter, true);
 }
 
+void EndReload(MainWindow& window) {
+  if (!window.CheckInProgress) window.Controls.Spots.picDownload.Visible = false;
+  ShowSourceStatus(window);
+}
+
 }  // namespace
 
 void ReloadSpotList(MainWindow& window) {
-  TrapErrorsSilently([&] { Reload(window); });
-  if (!window.CheckInProgress) window.Controls.Spots.picDownload.Visible = false;
-  ShowSourceStatus(window);
+  try {
+    Reload(window);
+  } catch (...) {
+    TrapErrorsSilently([&] { EndReload(window); });
+    throw;
+  }
+  EndReload(window);
 }
 
 void TakeSotawatchSpots(MainWindow& window, SpotFilter& filter) {

@@ -8,6 +8,7 @@
 namespace brelwin {
 
 // Reads the feed anew and replaces both lists by what it holds. When the feed cannot be read the lists stay.
+// Errors come through: the button swallows them, start-up shows them.
 void ReloadSpotList(MainWindow& window);
 
 // Reads what is new in the feed and puts it in front of the lists.

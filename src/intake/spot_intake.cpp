@@ -6,7 +6,9 @@
 #include "core/event_log.h"
 #include "core/trap.h"
 #include "intake/delivered_spots.h"
+#include "platform/wait.h"
 #include "radio/frequency.h"
+#include "spots/fetch_mark.h"
 #include "spots/rss_feed_reader.h"
 #include "spots/spot_collections.h"
 #include "spots/twitter_feed_reader.h"
@@ -83,7 +85,10 @@ void SpotIntake::State::LogSkippedItems(const FeedReadResult& result) {
 
 void SpotIntake::State::Deliver(const SpotCollection& spots, const CallsignCollection& trustedSpotters,
                                 SpotCollection& newSpots) {
+  const FetchMark mark(World);
+  LongWork work(World);
   for (const auto& entry : spots) {
+    if (!work.GoesOn()) return;
     auto& spot = *entry.Item;
     if (!Remembered.Delivered.Note(DeliveryIdentity(spot), World.Time.Now())) continue;
     spot.SpotterIsTrustedSpotter = ExistsInCollection(trustedSpotters, spot.SpotterBaseCallsign);

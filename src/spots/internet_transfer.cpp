@@ -5,6 +5,7 @@
 #include "base/encoding.h"
 #include "core/trap.h"
 #include "platform/wait.h"
+#include "spots/fetch_mark.h"
 
 namespace brelwin {
 namespace {
@@ -13,18 +14,6 @@ constexpr std::string_view UserAgent = "VB OpenUrl";
 constexpr std::uint64_t MaximumBytes = std::uint64_t{64} * 1024 * 1024;
 constexpr Milliseconds LongestSilence{30'000};  // until the connection stands, and between two bytes
 constexpr Milliseconds LongestFetch{120'000};
-
-// While it lives, the rest of the program knows that a page is being read.
-class FetchMark {
- public:
-  explicit FetchMark(Host& host) : host_(host) { host_.FetchInProgress = true; }
-  FetchMark(const FetchMark&) = delete;
-  FetchMark& operator=(const FetchMark&) = delete;
-  ~FetchMark() { host_.FetchInProgress = false; }
-
- private:
-  Host& host_;
-};
 
 // Waits for the end of the page. Returns why it was not waited for any longer; empty when it has ended.
 std::string WaitForEnd(Host& host, const PageRequest& request) {

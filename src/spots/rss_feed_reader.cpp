@@ -2,6 +2,8 @@
 
 #include "core/data_files.h"
 #include "core/trap.h"
+#include "platform/wait.h"
+#include "spots/fetch_mark.h"
 
 namespace brelwin {
 namespace {
@@ -24,7 +26,10 @@ FeedReadResult ReadSotawatchRSS(Host& host, const RSSReadRequest& request,
     const auto text = transfer.OpenURL(request.Url);
     if (!transfer.LastStatus()) return false;
     KeepCopy(host, text);
-    ReadFeedText(text, request, ReadingMomentOf(host), knownActivators, spots, result);
+    const FetchMark mark(host);
+    LongWork work(host);
+    ReadFeedText(text, request, ReadingMomentOf(host), knownActivators, spots, result,
+                 [&work] { return work.GoesOn(); });
     return true;
   });
   DescribeAnswer(transfer, "Sotawatch", result);

@@ -77,11 +77,13 @@ class ItemReader {
 }  // namespace
 
 void ReadFeedText(std::string_view text, const RSSReadRequest& request, const ReadingMoment& moment,
-                  CallsignCollection& knownActivators, SpotCollection& spots, FeedReadResult& result) {
+                  CallsignCollection& knownActivators, SpotCollection& spots, FeedReadResult& result,
+                  const std::function<bool()>& goesOn) {
   result.End = FeedEnd::Cut;
   FeedScanner scanner(text);
   ItemReader reader(request, moment, knownActivators, spots, result);
   while (const auto item = scanner.NextItem()) {
+    if (!goesOn()) return;
     if (const auto end = reader.Read(*item)) {
       result.End = *end;
       return;
