@@ -36,8 +36,8 @@ struct Gateway {
 // Must not be entered while it is on the stack.
 // Returns 0 when it looked at no spot (the gateway is off, something is missing, or duplicate filtering had
 // to be corrected first), -1 when it went through the spots or gave up for want of spots to compare with,
-// -200 when a submission under way did not end in time. `message` is cleared on entry and
-// receives the words of the last submission unless that was a success.
+// -200 when a submission under way did not end in time. `message` is cleared on entry and receives the words
+// of the last submission unless that was a success.
 std::int32_t PerformGatewayProcessing(Gateway& gateway, const SpotCollection& matchedSpots,
                                       const GatewayValues& values, std::string& message);
 

@@ -50,9 +50,8 @@ struct Spot {  // NOLINT(clang-analyzer-optin.performance.Padding): users know t
   std::string SummitName;
   std::int16_t SummitPoints = 0;
   std::optional<DateTime> UTCDateTime;
-  std::string UTCTime;  // "HH:MM"
-  std::optional<Instant>
-      TimeOfSpot;  // UTCDateTime on the clock that does not jump, the reading at the latest
+  std::string UTCTime;                // "HH:MM"
+  std::optional<Instant> TimeOfSpot;  // UTCDateTime on the clock that does not jump; never after the reading
 
   // Copies all fields of the source; a null pointer changes nothing.
   void CopyMyPropertiesFromThisSpot(const struct Spot* source);
