@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdint>
+#include <cstring>
 
 namespace brelwin {
 namespace {
@@ -34,13 +35,25 @@ std::string LowerCase(std::string_view text) {
 }
 
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
+  if (left == right) return true;
   return std::equal(left.begin(), left.end(), right.begin(), right.end(),
                     [](char a, char b) { return ToUpper(a) == ToUpper(b); });
 }
 
+// Eight bytes at a time, all without the bit that makes a letter small: keys are long and looked up often,
+// and the few other characters that are made equal by it hardly ever stand in the same place of two keys.
 std::size_t HashIgnoringCase(std::string_view text) {
-  std::uint64_t hash = 14695981039346656037ULL;  // FNV-1a
-  for (const char c : text) hash = (hash ^ static_cast<unsigned char>(ToUpper(c))) * 1099511628211ULL;
+  constexpr std::uint64_t CaseBits = 0x2020202020202020;
+  constexpr std::uint64_t Spread = 0x9E3779B97F4A7C15;  // 2^64 by the golden ratio
+  std::uint64_t hash = text.size();
+  while (!text.empty()) {
+    std::uint64_t word = 0;
+    const auto taken = std::min(text.size(), sizeof word);
+    std::memcpy(&word, text.data(), taken);
+    hash = (hash ^ (word & ~CaseBits)) * Spread;
+    hash ^= hash >> 32;
+    text.remove_prefix(taken);
+  }
   return hash;
 }
 
