@@ -208,6 +208,34 @@ TEST_F(StreamStory, QuittingWhileTheConnectionIsAwaitedEndsAtOnce) {
   EXPECT_TRUE(Host.EventLog().ends_with("Form_Unload End\r\n"));
 }
 
+TEST_F(StreamStory, ABoxClickedDuringTheStartStaysAsItWas) {
+  Host.Sockets.Peer(LoggingIn().Sends(HeardLine, seconds(12)));
+  Host.Queue.OnYield = [&] {
+    if (Host.Sockets.Tried.empty()) return;
+    Host.Queue.OnYield = nullptr;
+    auto& box = Brelwin.Controls().RBN.chkReverseBeaconSpotsEnabled;
+    box.Value = false;
+    box.Click();
+  };
+  Brelwin.Start({}, {});
+  Host.Queue.RunFor(seconds(40));
+  EXPECT_TRUE(Brelwin.Controls().RBN.chkReverseBeaconSpotsEnabled.Value);
+  EXPECT_TRUE(Contains(List().Text.Get(), "G4ABC"));
+}
+
+TEST_F(StreamStory, AnOutageIsToldFromItsBeginAndWithTheNextAttempt) {
+  Host.Sockets.Peer(ScriptedPeer().Refuses());
+  const auto status = [this] { return Brelwin.Controls().RBN.lblRBNStatus.Caption.Get(); };
+  Brelwin.Start({}, {});
+  EXPECT_TRUE(
+      status().ends_with("no connection since 12:00:00 (Connection refused), next attempt at 12:00:10"))
+      << status();
+  Host.Queue.RunFor(seconds(25));
+  EXPECT_TRUE(
+      status().ends_with("no connection since 12:00:00 (Connection refused), next attempt at 12:00:30"))
+      << status();
+}
+
 TEST_F(StreamStory, SwitchingTheStreamOnNeedsACallsign) {
   Settings("RBNSpotsEnabled=0\r\n");
   Brelwin.Start({}, {});

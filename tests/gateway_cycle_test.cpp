@@ -110,7 +110,7 @@ TEST(GatewayCycle, AHeardActivatorIsSpottedOnceAndEverythingSaysSo) {
   EXPECT_EQ(program.LinesWith("(min sec for respot=600)"), 1U) << "heard again on another frequency";
   auto& screen = program.Brelwin->Controls();
   EXPECT_TRUE(screen.Window.Caption.Get().ends_with(" --- by Q0ZZ --- Gateway Mode Enabled"));
-  EXPECT_TRUE(Contains(screen.Spots.lblSources.Caption.Get(), " | Gateway on: everyone's spots are sent"));
+  EXPECT_TRUE(Contains(screen.Spots.lblSources.Caption.Get(), "Gateway on: everyone's spots are sent | "));
   const auto& journal = program.Tab().lstGatewayJournal.Items.Get();
   ASSERT_EQ(journal.size(), 2U);
   EXPECT_TRUE(Contains(journal[1], "sent: CQ CQ at 22 wpm. S/N=24 dB at KM3T-2"));

@@ -34,6 +34,14 @@ auto Handler(MainWindow& window, std::function<void()> body) {
   };
 }
 
+// A box is not ticked while its click cannot be acted on.
+auto BoxHandler(MainWindow& window, CheckBox& box, std::function<void()> body) {
+  return [&window, &box, handler = Handler(window, std::move(body))] {
+    if (window.FormLoading) box.Value = !box.Value;
+    handler();
+  };
+}
+
 // A handler that starts work.
 auto WorkHandler(MainWindow& window, Procedure procedure) {
   return Handler(window, [&window, procedure] {
@@ -126,7 +134,8 @@ void ConnectWork(MainWindow& window) {
   screen.Spots.cmdGetSPOTS.Click = WorkHandler(window, CheckForSpots);
   screen.Spots.cmdReloadSpotList.Click = WorkHandler(window, ReloadSpotList);
   screen.Spots.cmdTest.Click = WorkHandler(window, cmdTest_Click);
-  screen.Spots.chkSOTAWatchSpotsViaRSS.Click = Handler(window, [&window] { SwitchFeed(window); });
+  auto& viaRSS = screen.Spots.chkSOTAWatchSpotsViaRSS;
+  viaRSS.Click = BoxHandler(window, viaRSS, [&window] { SwitchFeed(window); });
 }
 
 void ConnectSettings(MainWindow& window) {
@@ -145,8 +154,8 @@ void ConnectSettings(MainWindow& window) {
 }
 
 void ConnectStream(MainWindow& window) {
-  window.Controls.RBN.chkReverseBeaconSpotsEnabled.Click =
-      Handler(window, [&window] { chkReverseBeaconSpotsEnabled_Click(window.RBN); });
+  auto& enabled = window.Controls.RBN.chkReverseBeaconSpotsEnabled;
+  enabled.Click = BoxHandler(window, enabled, [&window] { chkReverseBeaconSpotsEnabled_Click(window.RBN); });
   window.Watches.push_back(window.RBN.StatusChanged.WhenRaised([&window] { ShowStreamStage(window); }));
 }
 
@@ -158,11 +167,13 @@ void SwitchGatewayForAll(MainWindow& window) {
 
 void ConnectGateway(MainWindow& window) {
   auto& tab = window.Controls.Gateway;
-  tab.chkRBNSendAllSpotsToSotawatch.Click = Handler(window, [&window] { SwitchGatewayForAll(window); });
-  tab.chkRBNSendMySpotsToSotawatch.Click = Handler(
-      window, [&window] { chkRBNSendMySpotsToSotawatch_Click(window.World, window.Controls.Gateway); });
+  auto& all = tab.chkRBNSendAllSpotsToSotawatch;
+  auto& mine = tab.chkRBNSendMySpotsToSotawatch;
+  all.Click = BoxHandler(window, all, [&window] { SwitchGatewayForAll(window); });
+  mine.Click = BoxHandler(
+      window, mine, [&window] { chkRBNSendMySpotsToSotawatch_Click(window.World, window.Controls.Gateway); });
   tab.cmdTestSotawatchLogin.Click =
-      Handler(window, [&window] { cmdTestSotawatchLogin_Click(window.SpotGateway); });
+      WorkHandler(window, [](MainWindow& form) { cmdTestSotawatchLogin_Click(form.SpotGateway); });
 }
 
 }  // namespace

@@ -17,7 +17,7 @@ std::string SotawatchText(const MainWindow& window) {
 // When the next check, and with it the next attempt at what failed in this one, is due.
 std::optional<DateTime> NextCheck(const MainWindow& window) {
   if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return {};
-  return AddSeconds(window.World.Time.LocalNow(), window.Controls.tmrCheckSpots.Interval / 1000);
+  return AddSeconds(window.World.Time.LocalNow(), window.CheckInterval / 1000);
 }
 
 std::string AlertsText(const MainWindow& window) {
@@ -34,24 +34,24 @@ std::string AlertsText(const MainWindow& window) {
   return text;
 }
 
-// Nothing while the gateway is off.
+// First of all, since others are told of what it does; nothing while it is off.
 std::string GatewayText(const GatewayTab& tab, const RBNTab& rbn) {
-  return IsGatewayOn(tab) ? " | " + GatewayStateText(tab, rbn) : std::string();
+  return IsGatewayOn(tab) ? GatewayStateText(tab, rbn) + " | " : std::string();
 }
 
 }  // namespace
 
 void ShowSourceStatus(MainWindow& window) {
-  window.Controls.Spots.lblSources.Caption = SotawatchText(window) + " | " + AlertsText(window) + " | " +
-                                             StreamStatusText(window.RBN.Status, NextCheck(window)) +
-                                             GatewayText(window.Controls.Gateway, window.Controls.RBN);
+  window.Controls.Spots.lblSources.Caption = GatewayText(window.Controls.Gateway, window.Controls.RBN) +
+                                             SotawatchText(window) + " | " + AlertsText(window) + " | " +
+                                             StreamStatusText(window.RBN.Status, NextCheck(window));
 }
 
 void ShowStreamStage(MainWindow& window) {
   auto stage = window.RBN.Status;
   stage.Lines = 0;  // this line is about the stage; the counts are on the status line
   stage.LastLine.reset();
-  window.Controls.RBN.lblRBNStatus.Caption = StreamStatusText(stage, {});
+  window.Controls.RBN.lblRBNStatus.Caption = StreamStatusText(stage, NextCheck(window));
   ShowSourceStatus(window);
 }
 

@@ -91,6 +91,7 @@ void BeginOrDelay(MainWindow& window) {
     return;
   }
   ShowInsteadOfSpots(window, "Connecting...");
+  timer.Interval = window.CheckInterval;
   InitializeInternetConnections(window);
 }
 

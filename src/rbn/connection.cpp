@@ -180,8 +180,11 @@ void ShowNoConnection(RBNConnection& connection, std::string_view reason) {
 }
 
 void SetStage(RBNConnection& connection, StreamStage stage) {
+  const auto now = connection.World.Time.LocalNow();
+  if (stage == StreamStage::NoConnection && !connection.DownSince) connection.DownSince = now;
+  if (stage == StreamStage::Receiving || stage == StreamStage::Off) connection.DownSince.reset();
   connection.Status.Stage = stage;
-  connection.Status.Since = connection.World.Time.LocalNow();
+  connection.Status.Since = stage == StreamStage::NoConnection ? *connection.DownSince : now;
   connection.StatusChanged.Raise();
 }
 

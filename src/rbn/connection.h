@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -61,6 +62,7 @@ struct RBNConnection {
   Instant LastArrival;         // of any bytes
   Instant LastRawRBNSpotTime;  // when a spot line was last read, or the login was completed
 
+  std::optional<DateTime> DownSince;  // local; from the first failure to the next login
   StreamStatus Status;
   Signal StatusChanged;  // raised when the stage changes, not for every line
 
