@@ -37,6 +37,7 @@ TEST(GatewayTab, WarnsOfWhatTheFormCannotCarry) {
     EXPECT_NE(CredentialWarning(bad, "secret"), "") << bad;
     EXPECT_NE(CredentialWarning("q0zz", bad), "") << bad;
   }
+  EXPECT_TRUE(CredentialWarning("q&", "+").starts_with("The login and the password both hold"));
   EXPECT_EQ(CredentialWarning(" q0zz ", "s3cret!#?/~"), "");
   for (const auto* bad : {"&", "<b>", "\"", "it's", "CQ \u2192"}) EXPECT_NE(TemplateWarning(bad), "") << bad;
   EXPECT_EQ(TemplateWarning("CQ CQ at XXX wpm. S/N=YYY dB at ZZZ {Via Tarnlink} \u20AC caf\u00E9"), "");

@@ -97,12 +97,16 @@ std::string GatewayStateText(const GatewayTab& tab, const RBNTab& rbn) {
 }
 
 std::string CredentialWarning(std::string_view login, std::string_view password) {
-  const std::string why =
-      " holds a character that the form cannot carry (&, =, %, +, a blank or one outside ASCII); logging in "
-      "will fail.";
-  if (CannotBeCarried(login)) return "The login" + why;
-  if (CannotBeCarried(password)) return "The password" + why;
-  return {};
+  const bool isLogin = CannotBeCarried(login);
+  const bool isPassword = CannotBeCarried(password);
+  if (!isLogin && !isPassword) return {};
+  const std::string_view whose = !isPassword ? "The login holds"
+                                 : !isLogin  ? "The password holds"
+                                             : "The login and the password both hold";
+  return std::string(whose) +
+         " a character that the form cannot carry (&, =, %, +, a blank or one outside ASCII); logging in "
+         "will "
+         "fail.";
 }
 
 std::string AddressWarning(std::string_view url) {

@@ -163,7 +163,7 @@ void QtHttpControl::Cancel() {
 void QtHttpControl::Start() {
   if (!IsWebAddress(hop_.Url))
     return Fail(QNetworkReply::ProtocolUnknownError,
-                "\"" + hop_.Url.toString().toStdString() + "\" is no web address");
+                "the address does not begin with http:// or https:// and the name of a server");
   answer_.clear();
   client_ = std::make_unique<QNetworkAccessManager>();
   client_->setProxy(ToolkitProxy(ProxyForUrl(proxies_, hop_.Url.toString().toStdString())));

@@ -92,6 +92,9 @@ QListWidget* MakeJournal() {
   journal->setToolTip("What was sent and what was refused, newest first");
   journal->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   journal->setAlternatingRowColors(true);
+  journal->setWordWrap(true);  // reasons are longer than the room beside the settings
+  journal->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+  journal->setResizeMode(QListView::Adjust);
   return journal;
 }
 
