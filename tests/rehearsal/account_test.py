@@ -232,10 +232,10 @@ class Lines(unittest.TestCase):
         self.assertEqual(later.check(30, out, OTHER).judge().items, [], 'the deletion outlives the next page')
 
     def test_near_a_boundary_in_real_time_nothing_is_decided(self) -> None:
-        story = Story(page=alerts_page('13:02')).hear(55).check(60.5)
+        story = Story(page=alerts_page('13:02')).hear(55).check(60.7)
         self.assertEqual(story.end(67).judge(REAL_TIME).of(Fate.UNDECIDABLE)[0].reason,
                          'near a boundary of the stream or of the first check')
-        posted = Story(page=alerts_page('13:02')).hear(55).check(60.5).check(70.6).post(70.7)
+        posted = Story(page=alerts_page('13:02')).hear(55).check(60.7).check(70.6).post(70.7)
         self.assertEqual(fates(posted.end(80).judge(REAL_TIME)), [('undecidable', 'near a boundary, and posted')])
 
 

@@ -4,7 +4,7 @@ Usage: python3 -m account [--real-time] [--password TEXT] FOLDER...
 
 Each folder has the ledger, "ledger.txt", and the settings and lists that the program was run with. Prints one
 table over all of them, and every spot that was missed, posted twice or posted wrongly. Exit status 1 when there
-is one, or when more than one spot in a hundred lines cannot be decided."""
+is one, or when more than one matched spot in a hundred cannot be decided."""
 
 import argparse
 import pathlib

@@ -57,14 +57,18 @@ class Tally:
     def of(self, *fates: Fate) -> list[Item]:
         return [item for item in self.items if item.fate in fates]
 
+    def matched(self) -> int:
+        return len([item for item in self.items if item.heard])
+
     def is_good(self) -> bool:
-        return not self.of(*BAD) and len(self.of(Fate.UNDECIDABLE)) * 100 <= max(self.lines, 1)
+        """Nothing bad, and at most one spot in a hundred undecidable; a single one shows nothing."""
+        return not self.of(*BAD) and len(self.of(Fate.UNDECIDABLE)) <= max(1, self.matched() // 100)
 
     def table(self) -> str:
         posted = [item for item in self.items if item.post is not None]
         rows = [('skimmer lines about a station', self.lines, {}),
                 ('lines that nobody was sent whole', self.lost, {}),
-                ('alert-matched spots', len([item for item in self.items if item.heard]), {}),
+                ('alert-matched spots', self.matched(), {}),
                 ('should be posted', len(self.of(Fate.POSTED, Fate.MISSED)), {}),
                 ('posted', len(posted), {})]
         for fate in (Fate.MISSED, Fate.TWICE, Fate.WRONGLY, Fate.UNDECIDABLE, Fate.REFUSED, Fate.UNFINISHED):

@@ -27,7 +27,7 @@ class Tolerance:
 
 EXACT = Tolerance(margin=0, jitter=0, haste=200)
 # A busy machine may take its time, but what follows at once comes before the next check.
-REAL_TIME = Tolerance(margin=1000, jitter=1000, haste=10_000, is_real_time=True)
+REAL_TIME = Tolerance(margin=400, jitter=1000, haste=10_000, is_real_time=True)
 
 
 class Replay:
