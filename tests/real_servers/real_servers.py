@@ -272,8 +272,8 @@ def slow(case: Case) -> None:
 
 
 def slow_to_begin(case: Case) -> None:
-    # Even the head comes a byte a second, so that for 30 s there is no answer.
-    nginx = case.nginx('limit_rate 1;' + PLAIN)
+    # Not a byte comes for longer than the 30 s that a silence may last.
+    nginx = case.nginx('location = /RssFeed { echo_sleep 60; echo late; }')
     case.watch(nginx.base)
     case.status_says('30 seconds', patience=40)
     nginx.serve(PLAIN)
@@ -440,6 +440,9 @@ def main() -> int:
         print('\n'.join(CASES))
         return 0
     names = sys.argv[1:] or list(CASES)
+    if unknown := [name for name in names if name not in CASES]:
+        print(f'No such case: {", ".join(unknown)}. Their names: {", ".join(CASES)}', file=sys.stderr)
+        return 2
     right = sum([run_case(name) for name in names])
     print(f'{right} passed, {len(names) - right} failed')
     return 0 if right == len(names) else 1
