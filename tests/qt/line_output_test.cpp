@@ -56,25 +56,6 @@ TEST(LineOutput, EveryLineIsOutAtOnce) {
   EXPECT_EQ(pipe.Read(), std::string(2000, 'x') + "\n");
 }
 
-// A reader that has stopped reading must not stop the writer; when it reads on, the lines come in order.
-TEST(LineOutput, AReaderThatPausesHoldsNobodyUp) {
-  Pipe pipe;
-  LineOutput output(pipe.WriteEnd());
-  std::string written;
-  for (int line = 0; line < 2000; ++line) {
-    const auto text = std::to_string(line) + std::string(100, '.');
-    output.Write(text);
-    written += text + "\n";
-  }
-  QtEventQueue queue;
-  std::string read;
-  for (int round = 0; round < 1000 && read.size() < written.size(); ++round) {
-    read += pipe.Read();
-    queue.WaitForEvents(Milliseconds(10));
-  }
-  EXPECT_EQ(read, written);
-}
-
 // Every line comes whole and in order; the ones that do not come are counted in their place.
 TEST(LineOutput, WhatIsKeptForASlowReaderIsBoundedAndWhatIsDroppedIsTold) {
   constexpr int Lines = 5000;

@@ -169,14 +169,11 @@ TEST_F(ProgramWindowTest, OneOptionOfAGroupIsChosenOnBothSides) {
   EXPECT_FALSE(Get<QRadioButton>("optLogFormat13").isChecked());
 }
 
-TEST_F(ProgramWindowTest, TextFromOutsideIsShownAsItIs) {
+TEST_F(ProgramWindowTest, TextFromOutsideIsShownAsItIsAndThePasswordIsNot) {
   screen_.Spots.lblStatus.Caption = "<b>404</b> Not Found";
   EXPECT_EQ(Get<QLabel>("lblStatus").textFormat(), Qt::PlainText);
   screen_.Spots.lblSpotListHeader.Caption = "UTC    Station\r\n======\r\n";
   EXPECT_EQ(Get<QLabel>("lblSpotListHeader").text(), "UTC    Station\n======");
-}
-
-TEST_F(ProgramWindowTest, ThePasswordIsNotReadable) {
   EXPECT_EQ(Get<QLineEdit>("txtSotawatchPassword").echoMode(), QLineEdit::Password);
 }
 

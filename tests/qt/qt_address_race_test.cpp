@@ -2,19 +2,14 @@
 
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
 #include <QTcpServer>
 #include <memory>
 #include <vector>
 
-#include "qt/ports/qt_event_queue.h"
+#include "wait_until.h"
 
 namespace brelwin {
 namespace {
-
-using std::chrono::milliseconds;
-
-constexpr int Forever = 20000;  // milliseconds; a test that waits this long has failed
 
 const QHostAddress Living("127.0.0.1");
 const QHostAddress Refusing("127.0.0.2");
@@ -53,8 +48,7 @@ class AddressRace : public ::testing::Test {
         addresses, server_.serverPort(),
         {[&](const SocketPointer& socket) { winner = socket->peerAddress().toString().toStdString(); },
          [&](const SocketError& error) { winner = "error " + std::to_string(error.Number); }});
-    QElapsedTimer watch;
-    for (watch.start(); winner.empty() && watch.elapsed() < Forever;) queue_.WaitForEvents(milliseconds(50));
+    test::WaitUntil(queue_, [&] { return !winner.empty(); });
     return winner;
   }
 

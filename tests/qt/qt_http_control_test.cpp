@@ -2,69 +2,20 @@
 
 #include <gtest/gtest.h>
 
-#include <QElapsedTimer>
-#include <QHostAddress>
-#include <QSslCertificate>
-#include <QSslConfiguration>
-#include <QSslKey>
-#include <QSslServer>
-#include <QTcpServer>
-#include <QTcpSocket>
 #include <functional>
 #include <vector>
 
-#include "qt/ports/qt_event_queue.h"
-#include "self_signed_certificate.h"
+#include "self_signed_server.h"
+#include "tiny_server.h"
+#include "wait_until.h"
 
 namespace brelwin {
 namespace {
 
-// A server of forms on loopback: takes whole requests and answers by their path. "close" hangs up without a
-// word, an empty answer is never given.
-class FormServer {
- public:
-  FormServer() {
-    server_.listen(QHostAddress::LocalHost);
-    QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] {
-      auto* socket = server_.nextPendingConnection();
-      QObject::connect(socket, &QTcpSocket::readyRead, socket, [this, socket] { Read(*socket); });
-      QObject::connect(socket, &QTcpSocket::disconnected, socket, &QObject::deleteLater);
-    });
-  }
-
-  std::string Url(const std::string& path, const std::string& host = "127.0.0.1") const {
-    return "http://" + host + ":" + std::to_string(server_.serverPort()) + path;
-  }
-
-  std::vector<QByteArray> Requests;  // whole ones
-  std::function<QByteArray(const QByteArray& path)> Answer;
-
- private:
-  void Read(QTcpSocket& socket) {
-    const auto request = socket.peek(1 << 20);
-    const auto headEnd = request.indexOf("\r\n\r\n");
-    if (headEnd < 0) return;
-    const auto at = request.indexOf("Content-Length: ");
-    const auto length = at < 0 ? 0 : request.mid(at + 16, request.indexOf("\r\n", at) - at - 16).toInt();
-    if (request.size() < headEnd + 4 + length) return;
-    Requests.push_back(socket.readAll());
-    const auto answer = Answer(request.split(' ')[1]);
-    if (answer.isEmpty()) return;
-    if (answer != "close") socket.write(answer);
-    socket.disconnectFromHost();
-  }
-
-  QTcpServer server_;
-};
-
-QByteArray Page(const QByteArray& body, const QByteArray& status = "200 OK", const QByteArray& headers = {}) {
-  return "HTTP/1.1 " + status + "\r\n" + headers + "Content-Length: " + QByteArray::number(body.size()) +
-         "\r\n\r\n" + body;
-}
-
-QByteArray Redirect(const QByteArray& status, const std::string& to) {
-  return Page("", status, "Location: " + QByteArray::fromStdString(to) + "\r\n");
-}
+using test::HangUp;
+using test::Page;
+using test::Redirect;
+using test::TinyServer;
 
 class QtHttpControlTest : public ::testing::Test {
  protected:
@@ -89,13 +40,10 @@ class QtHttpControlTest : public ::testing::Test {
     return std::to_string(ends_[0]) + " " + std::to_string(control_.ResponseCode()) + " " + body;
   }
 
-  void Wait(const std::function<bool()>& condition) {
-    QElapsedTimer watch;
-    for (watch.start(); !condition() && watch.elapsed() < 20000;) queue_.WaitForEvents(Milliseconds(50));
-  }
+  void Wait(const std::function<bool()>& condition) { test::WaitUntil(queue_, condition); }
 
   QtEventQueue queue_;
-  FormServer server_;
+  TinyServer server_;
   QtHttpControl control_{ProxySettings{}};
   std::vector<std::int16_t> ends_;
 };
@@ -132,7 +80,7 @@ TEST_F(QtHttpControlTest, TellsWhatIsNotCompleteAndNeverSendsItAgain) {
     if (path == "/interim") return "HTTP/1.1 103 Early Hints\r\n\r\n" + Page("whole");
     if (path == "/cut-head") return "HTTP/1.1 200 OK\r\nContent-Le";
     if (path == "/nonsense") return "what?\r\n\r\n";
-    return "close";
+    return HangUp;
   };
   for (const std::string path :
        {"/cut", "/cut500", "/cut-chunk", "/cut-head", "/interim", "/nonsense", "/close"}) {
@@ -148,7 +96,7 @@ TEST_F(QtHttpControlTest, TellsWhatIsNotCompleteAndNeverSendsItAgain) {
 }
 
 TEST_F(QtHttpControlTest, FollowsRedirectsButKeepsTheFormAtHome) {
-  FormServer other;
+  TinyServer other;
   other.Answer = [](const QByteArray&) { return Page("elsewhere"); };
   server_.Answer = [&](const QByteArray& path) -> QByteArray {
     if (path == "/see") return Redirect("303 See Other", "/end");
@@ -194,13 +142,8 @@ TEST_F(QtHttpControlTest, TellsAProxyOfPlainAddressesAtOnceWhoAsks) {
 }
 
 TEST_F(QtHttpControlTest, PostsNothingWhereNobodyVouchesForTheCertificate) {
-  QSslConfiguration configuration;
-  configuration.setLocalCertificate(QSslCertificate(test::SelfSignedCertificate));
-  configuration.setPrivateKey(QSslKey(test::KeyOfTheCertificate, QSsl::Ec));
-  QSslServer server;
-  server.setSslConfiguration(configuration);
-  ASSERT_TRUE(server.listen(QHostAddress::LocalHost));
-  const auto result = Result("https://127.0.0.1:" + std::to_string(server.serverPort()) + "/");
+  const test::SelfSignedServer server;
+  const auto result = Result(server.Url());
   EXPECT_TRUE(result.starts_with("11 ")) << result;
   EXPECT_NE(control_.ResponseInfo().find("certificate"), std::string::npos) << control_.ResponseInfo();
 }

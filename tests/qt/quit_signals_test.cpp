@@ -6,7 +6,7 @@
 #include <csignal>
 #include <string>
 
-#include "qt/ports/qt_event_queue.h"
+#include "wait_until.h"
 
 namespace brelwin {
 namespace {
@@ -20,7 +20,7 @@ TEST(QuitSignals, EverySignalIsToldFromTheQueueAlsoWhenInterruptsWereIgnored) {
     for (const int signal : {SIGINT, SIGTERM, SIGINT}) {
       std::raise(signal);
       const int before = asked;
-      for (int wait = 0; wait < 200 && asked == before; ++wait) queue.WaitForEvents(Milliseconds(50));
+      test::WaitUntil(queue, [&] { return asked != before; });
     }
   }
   EXPECT_EQ(asked, 3);
@@ -44,7 +44,7 @@ TEST(QuitSignals, WhatComesTooEarlyOrTooLateEndsNothing) {
   int asked = 0;
   {
     const QuitSignals quitSignals([&] { ++asked; });
-    for (int wait = 0; wait < 200 && asked == 0; ++wait) queue.WaitForEvents(Milliseconds(50));
+    test::WaitUntil(queue, [&] { return asked != 0; });
     EXPECT_EQ(SignalsHeldBackInAChild(), heldUsually);
   }
   EXPECT_EQ(asked, 1);

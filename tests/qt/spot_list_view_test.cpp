@@ -7,9 +7,10 @@
 #include <QKeyEvent>
 #include <QScrollBar>
 #include <QTest>
+#include <random>
 #include <string>
 
-#include "qt/ports/qt_event_queue.h"
+#include "wait_until.h"
 
 namespace brelwin {
 namespace {
@@ -63,6 +64,21 @@ class SpotListViewTest : public ::testing::Test {
   Watch watch_;
 };
 
+// The lines are changed where they differ; whatever they were, they become the new ones.
+TEST(SpotListModel, ShowsTheNewLinesWhateverItShowedBefore) {
+  std::mt19937 random(7);
+  SpotListModel model;
+  for (int round = 0; round < 2000; ++round) {
+    std::string text;
+    for (auto lines = random() % 12; lines > 0; --lines) text.append(1, "abcde"[random() % 5]).append("\r\n");
+    model.ShowText(text, {});
+    std::string shown;
+    for (int row = 0; row < model.rowCount(); ++row)
+      shown += model.index(row, 0).data().toString().toStdString() + "\r\n";
+    ASSERT_EQ(shown, text);
+  }
+}
+
 TEST_F(SpotListViewTest, TheReaderKeepsPlaceAndSelectionWhileBatchesArrive) {
   Receive(150);
   view_.scrollTo(view_.model()->index(40, 0), QListView::PositionAtTop);
@@ -103,9 +119,7 @@ TEST_F(SpotListViewTest, AListThatStaysEmptyIsShownEmpty) {
   control_.Spots.clear();
   control_.Text = std::string();
   EXPECT_EQ(view_.model()->rowCount(), 3);  // only the moment before the next text, so far
-  for (int wait = 0; wait < 100 && view_.model()->rowCount() > 0; ++wait)
-    queue_.WaitForEvents(Milliseconds(50));
-  EXPECT_EQ(view_.model()->rowCount(), 0);
+  EXPECT_TRUE(test::WaitUntil(queue_, [this] { return view_.model()->rowCount() == 0; }));
 }
 
 TEST_F(SpotListViewTest, ADoubleClickTellsTheSpotOfItsLineAndNothingOnOtherTexts) {

@@ -1,34 +1,36 @@
-// A web server on loopback that says what the test puts in its mouth, piece by piece.
+// A web server on loopback that says what the test puts in its mouth.
 #pragma once
 
 #include <QByteArray>
 #include <QHostAddress>
 #include <QTcpServer>
 #include <QTcpSocket>
-#include <QTimer>
 #include <functional>
 #include <string>
 #include <vector>
 
 namespace brelwin::test {
 
+inline const QByteArray HangUp =
+    "(hang up)";  // an answer that is none: the connection is closed without a word
+
 class TinyServer {
  public:
-  // Answers every request, once its head is there, with what the function gives for its first line; an empty
-  // answer is never sent. The connection is closed after the answer, unless told otherwise.
-  using Answer = std::function<QByteArray(const QByteArray& requestLine)>;
+  // Answers every whole request with what the function gives for its target; an empty answer is never sent.
+  // The connection is closed after the answer, unless told otherwise.
+  using Answerer = std::function<QByteArray(const QByteArray& target)>;
 
-  explicit TinyServer(Answer answer) : answer_(std::move(answer)) {
+  explicit TinyServer(Answerer answer = {}) : Answer(std::move(answer)) {
     server_.listen(QHostAddress::LocalHost);
     QObject::connect(&server_, &QTcpServer::newConnection, &server_, [this] { Accept(); });
   }
 
-  std::string Url(const std::string& path) const {
-    return "http://127.0.0.1:" + std::to_string(server_.serverPort()) + path;
+  std::string Url(const std::string& path, const std::string& host = "127.0.0.1") const {
+    return "http://" + host + ":" + std::to_string(server_.serverPort()) + path;
   }
-  quint16 Port() const { return server_.serverPort(); }
 
-  std::vector<QByteArray> Heads;  // of the requests so far
+  Answerer Answer;
+  std::vector<QByteArray> Requests;
   int OpenConnections = 0;
   bool KeepsConnections = false;  // after an answer
 
@@ -44,15 +46,22 @@ class TinyServer {
   }
 
   void Read(QTcpSocket& socket) {
-    if (!socket.peek(65536).contains("\r\n\r\n")) return;
-    Heads.push_back(socket.readAll());
-    const auto answer = answer_(Heads.back().left(Heads.back().indexOf("\r\n")));
+    if (!IsWhole(socket.peek(1 << 20))) return;
+    Requests.push_back(socket.readAll());
+    const auto answer = Answer(Requests.back().split(' ')[1]);
     if (answer.isEmpty()) return;
-    socket.write(answer);
+    if (answer != HangUp) socket.write(answer);
     if (!KeepsConnections) socket.disconnectFromHost();
   }
 
-  Answer answer_;
+  static bool IsWhole(const QByteArray& request) {
+    constexpr QByteArrayView LengthHeader = "Content-Length: ";
+    const auto headEnd = request.indexOf("\r\n\r\n");
+    const auto at = request.indexOf(LengthHeader);
+    const auto length = at < 0 ? 0 : request.mid(at + LengthHeader.size()).split('\r').first().toInt();
+    return headEnd >= 0 && request.size() >= headEnd + 4 + length;
+  }
+
   QTcpServer server_;
 };
 
@@ -61,6 +70,10 @@ inline QByteArray Page(const QByteArray& body, const QByteArray& status = "200 O
                        const QByteArray& headers = {}) {
   return "HTTP/1.1 " + status + "\r\n" + headers + "Content-Length: " + QByteArray::number(body.size()) +
          "\r\n\r\n" + body;
+}
+
+inline QByteArray Redirect(const QByteArray& status, const std::string& to) {
+  return Page("moved", status, "Location: " + QByteArray::fromStdString(to) + "\r\n");
 }
 
 }  // namespace brelwin::test
