@@ -1,7 +1,6 @@
 """The console and the files of its folder: what it keeps, what it refuses, what it does without."""
 
 import os
-import stat
 import unittest
 
 from processes import BUILD_BIN, Workshop, is_spot_line
@@ -19,18 +18,6 @@ class Folder(unittest.TestCase):
 
     def snapshot(self) -> dict[str, bytes]:
         return {file.name: file.read_bytes() for file in self.workshop.folder.iterdir()}
-
-    def test_settings_are_saved_and_nothing_of_the_users_is_lost(self) -> None:
-        self.workshop.write_settings(self.workshop.start_practice_network())
-        settings = self.workshop.folder / 'Brelwin.INI'
-        mine = '; my own comment\n[MyTool]\nColour = blue\n' + settings.read_text() + 'Unknown=kept\n'
-        settings.write_text(mine)
-        self.start_and_wait().stop()
-        saved = settings.read_text()
-        for line in mine.splitlines():
-            self.assertIn(line, saved.splitlines())
-        self.assertIn('GatewaySound=', saved)
-        self.assertEqual(stat.S_IMODE(settings.stat().st_mode) & 0o077, 0)
 
     def test_a_first_start_makes_its_own_settings(self) -> None:
         proxy = 'http://127.0.0.1:9'  # nobody listens there: the real services are not asked
@@ -73,25 +60,6 @@ class Folder(unittest.TestCase):
         self.assertEqual(console.stop()[0], 0)
         self.assertEqual(self.snapshot(), before)
         self.workshop.folder.chmod(0o700)
-
-    def test_lists_and_logs_appear_where_they_belong(self) -> None:
-        self.workshop.write_settings(self.workshop.start_practice_network('--seed', '5', '--speed', '0.01'))
-        settings = self.workshop.folder / 'Brelwin.INI'
-        settings.write_text(settings.read_text().replace(
-            '[General]', '[General]\nEnableLogging1=1\nLogFile1=spots.log\nLogFormat1=3'))
-        (self.workshop.folder / 'SOTAActivators.txt').write_bytes(b'g4abc/p\r\n\r\n  my own line  \r\n')
-        console = self.start_and_wait()
-        console.stop()
-        shown = [line for line in console.out.all() if is_spot_line(line)]
-        logged = self.workshop.read('spots.log').splitlines()
-        self.assertEqual(len(logged), len(shown))
-        self.assertTrue(all(line.count('|') >= 12 for line in logged))
-        activators = (self.workshop.folder / 'SOTAActivators.txt').read_bytes()
-        self.assertTrue(activators.startswith(b'g4abc/p\r\n\r\n  my own line  \r\n'))
-        learned = activators.decode().split('\r\n')[3:]
-        self.assertEqual(len(learned), len(set(learned)))
-        self.assertNotIn('G4ABC', learned)
-        self.assertIn(' launching, UTC Date/Time=', self.workshop.event_log())
 
 
 if __name__ == '__main__':

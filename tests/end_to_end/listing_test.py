@@ -78,17 +78,6 @@ class Listing(unittest.TestCase):
                  if entry['kind'] == 'asked' and entry['target'].startswith('/search.json')]
         self.assertIn(json.loads(fetch(base + '/search.json'))['results'][0]['id_str'], asked)
 
-    def test_a_delay_is_counted_down_before_anything_is_fetched(self) -> None:
-        base = self.workshop.start_practice_network()
-        self.workshop.write_settings(base)
-        console = self.workshop.start_console('delay=2')
-        console.out.wait_for_line('Internet connections will be initialized in 2 seconds...')
-        self.assertFalse((self.workshop.root / 'ledger.txt').read_text())
-        lines = console.out.wait_for(lambda lines: any(map(is_spot_line, lines)), 'a spot')
-        countdown = [line for line in lines if line.startswith('Internet connections')]
-        self.assertEqual(countdown, [f'Internet connections will be initialized in {seconds} seconds...'
-                                     for seconds in (2, 1)])
-
     def test_an_unreachable_feed_is_told_once_and_missed_nothing(self) -> None:
         base = self.workshop.start_practice_network('--seed', '3', '--speed', '0.01')
         network = self.workshop.processes[-1]

@@ -3,20 +3,17 @@
 
 #include <algorithm>
 #include <functional>
-#include <map>
 #include <set>
-#include <sstream>
 
+#include "announcements.h"
 #include "day_script.h"
 #include "feed.h"
-#include "pages.h"
 #include "world.h"
 
 namespace practice {
 namespace {
 
 constexpr std::int64_t Origin = 1795514400;  // 24 November 2026, 10:00 UTC
-constexpr std::int64_t Hour = 3600;
 constexpr std::size_t All = 500;
 
 std::string Operator(const ScriptedSpot& spot) {
@@ -25,29 +22,15 @@ std::string Operator(const ScriptedSpot& spot) {
   return {};
 }
 
-TEST(PracticeScript, IsTheSameForTheSameSeed) {
+TEST(PracticeScript, IsTheSameForTheSameSeedHoweverOftenItIsRead) {
   Feed first(7, 60, Origin);
   Feed second(7, 60, Origin);
   Feed other(8, 60, Origin);
+  for (std::int64_t time = 0; time < 3600; time += 7) second.Newest(Origin + time, 1);
   const auto spots = first.Newest(Origin + 3600, All);
   EXPECT_EQ(spots, second.Newest(Origin + 3600, All));
   EXPECT_NE(spots, other.Newest(Origin + 3600, All));
   EXPECT_EQ(spots.size(), All);
-}
-
-TEST(PracticeScript, DoesNotDependOnHowOftenItIsRead) {
-  Feed often(3, 200, Origin);
-  Feed once(3, 200, Origin);
-  for (std::int64_t second = 0; second < 1200; second += 7) often.Newest(Origin + second, 1);
-  EXPECT_EQ(often.Newest(Origin + 1200, All), once.Newest(Origin + 1200, All));
-}
-
-TEST(PracticeScript, BeginsWithTheSpotsOfThePastHours) {
-  Feed feed(1, 1, Origin);
-  const auto spots = feed.Newest(Origin, All);
-  EXPECT_GT(spots.size(), 30U);
-  EXPECT_GE(spots.back().Time, Origin - 4 * Hour);
-  EXPECT_LT(spots.back().Time, Origin - 3 * Hour);
 }
 
 TEST(PracticeScript, ServesThePresentWhateverItsSpeed) {
@@ -60,12 +43,6 @@ TEST(PracticeScript, ServesThePresentWhateverItsSpeed) {
     EXPECT_EQ(std::ranges::adjacent_find(spots, notLater), spots.end())
         << "a shared second at speed " << speed;
   }
-}
-
-TEST(PracticeScript, RunsOnPastTheFirstDay) {
-  Feed feed(1, 1, Origin);
-  const auto spots = feed.Newest(Origin + 3 * SecondsOfDay, 1);
-  EXPECT_GT(spots.front().Time, Origin + 3 * SecondsOfDay - 3600);
 }
 
 TEST(PracticeScript, ADayHasEverythingAReaderMeets) {
@@ -89,21 +66,6 @@ TEST(PracticeScript, ADayHasEverythingAReaderMeets) {
   EXPECT_TRUE(std::ranges::is_sorted(day, {}, &ScriptedSpot::Second));
 }
 
-TEST(PracticeScript, AnOperatorIsOnOneSummitAtATime) {
-  std::map<std::string, ScriptedSpot> last;
-  std::map<std::string, std::set<std::string>> left;  // summits that an operator has come down from
-  for (const auto& spot : ScriptDay(2, 0)) {
-    const auto callsign = Operator(spot);
-    const auto previous = last.find(callsign);
-    if (previous != last.end() && previous->second.Summit != spot.Summit) {
-      EXPECT_GT(spot.Second, previous->second.Second) << TitleOf(spot);
-      left[callsign].insert(previous->second.Summit + std::to_string(previous->second.Second / 10800));
-    }
-    EXPECT_FALSE(left[callsign].contains(spot.Summit + std::to_string(spot.Second / 10800))) << TitleOf(spot);
-    last[callsign] = spot;
-  }
-}
-
 TEST(PracticeScript, SkimmersHearWhoIsNotSpottedAndAPostedSpotComesAmongTheOthersInTime) {
   Feed feed(6, 1, Origin);
   feed.Publish({.Station = "G4ABC", .Spotter = "Q1ZZZ"}, Origin + 600);
@@ -120,30 +82,17 @@ TEST(PracticeScript, SkimmersHearWhoIsNotSpottedAndAPostedSpotComesAmongTheOther
   EXPECT_TRUE(std::ranges::all_of(spots, [](const auto& spot) { return spot.What.IsSpotted; }));
 }
 
-TEST(PracticeScript, ACrowdGivesHundredsOfActivatorsADay) {
-  std::set<std::string> stations;
-  for (const auto& spot : ScriptDay(1, 0, 300)) stations.insert(spot.Station);
-  EXPECT_GT(stations.size(), 250U);
-  const auto crowd = CrowdCallsigns(5000);
-  EXPECT_EQ(std::set<std::string>(crowd.begin(), crowd.end()).size(), 5000U);
-}
-
-TEST(PracticeScript, TitlesKeepTheirTokensInPlace) {
-  for (const auto& spot : ScriptDay(4, 1)) {
-    std::istringstream title(TitleOf(spot));
-    std::string station;
-    std::string summit;
-    std::string at;
-    std::string mode;
-    double frequency = 0;
-    for (std::string token; title >> token && token != "on";) station += token;
-    title >> summit >> at >> frequency >> mode;
-    EXPECT_TRUE(title && !station.empty() && title.peek() == EOF) << TitleOf(spot);
-    EXPECT_EQ(summit, spot.Summit);
-    EXPECT_EQ(at, "@");
-    EXPECT_GT(frequency, 1.8);
-    EXPECT_LT(frequency, 10500);
-  }
+TEST(PracticeScript, AnnouncementsAreTheSameFromTheSameSeedAndLieInOrderFromAnHourAgoOn) {
+  constexpr Playing Today{5, 10, 1'795'000'000};
+  const auto announcements = Announcements(Today, Today.Origin + 600);
+  ASSERT_GT(announcements.size(), 50U);
+  EXPECT_TRUE(std::ranges::is_sorted(announcements, {}, &Announcement::Time));
+  EXPECT_GE(announcements.front().Time, Today.Origin + 600 - 3600);
+  EXPECT_EQ(AlertsPage(announcements), AlertsPage(Announcements(Today, Today.Origin + 600)));
+  const auto has = [&](auto holds) { return std::ranges::any_of(announcements, holds); };
+  EXPECT_TRUE(has([](const auto& a) { return a.Comment.find("S+2") != std::string::npos; }));
+  EXPECT_TRUE(has([](const auto& a) { return a.Comment.find("CANCELLED") != std::string::npos; }));
+  EXPECT_TRUE(has([](const auto& a) { return a.Station.find(" & ") != std::string::npos; }));
 }
 
 }  // namespace

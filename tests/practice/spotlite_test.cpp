@@ -3,8 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
+#include <array>
 
 #include "site.h"
 
@@ -51,71 +50,14 @@ TEST(Spotlite, AnHonestFormSaysWhatIsWrong) {
   }
 }
 
-TEST(Spotlite, EveryAnswerCanBeAskedFor) {
-  EXPECT_EQ(Answer("server-error").Page.Status, 500);
-  EXPECT_FALSE(Answer("server-error").Spot);
-  EXPECT_FALSE(Has(Answer("without-echo").Page.Body, "G4ABC"));
-  EXPECT_LT(*Answer("cut").Page.CutAt, Answer("cut").Page.Body.size());
-  EXPECT_GT(Duration(Answer("slow").Page), 7'000);
-  EXPECT_EQ(Answer("slow").Page.Wait, 0);
-  EXPECT_EQ(Answer("late").Page.Wait, 8'000);
-  EXPECT_LT(Answer("pieces").Page.PieceSize, 20U);
-  for (const auto* taken : {"without-echo", "cut", "slow", "late", "pieces", "redirect", "accepted"})
-    EXPECT_TRUE(Answer(taken).Spot) << taken;
-}
-
-TEST(Spotlite, AMixIsDrawnByItsShares) {
-  SpotliteOptions options;
-  options.Mix = *ReadSpotliteMix("accepted:9,late");
-  Spotlite form(3, options);
-  int late = 0;
-  for (int i = 0; i < 1000; ++i) late += form.Take(ReadForm(Body)).Answer == SpotliteAnswer::Late ? 1 : 0;
-  EXPECT_NEAR(late, 100, 40);
-}
-
-class PracticeSite : public ::testing::Test {
- protected:
-  static constexpr std::int64_t Now = 1'795'000'000;
-  const std::string File = ::testing::TempDir() + "/practice_site_ledger.txt";
-
-  void SetUp() override { std::remove(File.c_str()); }
-
-  Exchange Ask(Site& site, const std::string& method, const std::string& target,
-               const std::string& body = {}) {
-    auto exchange = site.Answer({method, target, body, "tester", "http://here"}, Now);
-    site.Sent(exchange);
-    return exchange;
-  }
-
-  std::string Book() const {
-    std::ostringstream text;
-    text << std::ifstream(File).rdbuf();
-    return text.str();
-  }
-};
-
-TEST_F(PracticeSite, PublishesAnAcceptedSpotAfterItsLagAndWritesAllDown) {
+TEST(PracticeSite, GivesPagesTheTroubleThatIsAskedFor) {
+  constexpr std::int64_t Now = 1'795'000'000;
   SharedFeed feed(Feed(1, 1, Now));
-  Ledger ledger(File, [] { return Now * 1000; });
-  Site site(feed, ledger, {{1, 1, Now}, {.Mix = *ReadSpotliteMix("redirect")}});
-  const auto answer = Ask(site, "POST", std::string(SpotlitePath), Body);
-  EXPECT_EQ(answer.Page.Status, 303);
-  EXPECT_TRUE(Has(Ask(site, "GET", answer.Page.Location).Page.Body, "has been accepted"));
-  EXPECT_EQ(Ask(site, "POST", "/elsewhere", Body).Page.Status, 404);
-  EXPECT_EQ(feed.Newest(Now + 6, 1).front().What.Spotter, "Q0ZZ");
-  const auto book = Book();
-  for (const auto* part : {R"("kind":"asked","request":1,"method":"POST")", R"("comments":"CQ at 20 wpm")",
-                           R"("answer":"redirect","taken":true)", R"("status":404)"})
-    EXPECT_TRUE(Has(book, part)) << part << "\n" << book;
-}
-
-TEST_F(PracticeSite, GivesPagesTheTroubleThatIsAskedFor) {
-  SharedFeed feed(Feed(1, 1, Now));
-  Ledger ledger(File, [] { return Now * 1000; });
+  Ledger ledger({}, [] { return Now * 1000; });
   Site site(feed, ledger, {{1, 1, Now}, {}, 1000});
   int missing = 0, failed = 0, empty = 0, cut = 0, late = 0;
   for (int i = 0; i < 100; ++i) {
-    const auto page = Ask(site, "GET", "/RssFeed").Page;
+    const auto page = site.Answer({"GET", "/RssFeed", {}, "tester", "http://here"}, Now).Page;
     missing += page.Status == 0;
     failed += page.Status == 500;
     cut += page.CutAt.has_value();
