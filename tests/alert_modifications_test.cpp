@@ -1,6 +1,7 @@
 // The modifications file: what is kept, what is applied, and that no fault loses an entry.
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <random>
 
 #include "alert_properties.h"
@@ -88,8 +89,9 @@ TEST_F(ModificationsFile, EntriesAreAppliedInTheirOrder) {
           Entry("WHAT", Now(), "three")});
   Load().ApplyTo(alerts);
   std::string keys;
-  for (const auto& [place, alert] : alerts.All()) keys += alert->AlertKey + " ";
+  for (const auto& [place, alert] : alerts.OfStation("G4ABC")) keys += alert->AlertKey + " ";
   EXPECT_EQ(keys, "two one ");
+  EXPECT_EQ(alerts.All(), alerts.OfStation("G4ABC"));
 }
 
 TEST_F(ModificationsFile, AppendingFinishesAnUnfinishedLine) {
@@ -126,38 +128,8 @@ TEST_F(ModificationsFile, IsCleanedOnceWhateverItHolds) {
   }
 }
 
-// The same changes done one by one on the file, as a list of lines.
-class LineByLine {
- public:
-  LineByLine(DateTime now, std::vector<std::string> lines) : now_(now), lines_(std::move(lines)) {}
-
-  void Prune(const std::string& deletedKey) {
-    std::vector<std::string> kept;
-    for (const auto& line : lines_) {
-      SOTAAlert alert;
-      if (!SetDelimitedData(alert, std::string_view(line).substr(5)) || !alert.UTCAlertDateAndTime) continue;
-      const auto age = MinutesBetween(*alert.UTCAlertDateAndTime, now_);
-      const auto after = alert.MaxMinutesAfterAlertTime == 0 ? DefaultAfter : alert.MaxMinutesAfterAlertTime;
-      const bool isDeleted = !deletedKey.empty() && EqualsIgnoringCase(alert.ID, deletedKey);
-      if (age < after ? !isDeleted : line.starts_with("DEL") && age < 1440) kept.push_back(line);
-    }
-    lines_ = kept;
-  }
-
-  void Append(const std::string& line) { lines_.push_back(line); }
-
-  std::string Text() const {
-    std::string text;
-    for (const auto& line : lines_) text += line + "\r\n";
-    return text;
-  }
-
- private:
-  DateTime now_;
-  std::vector<std::string> lines_;
-};
-
-TEST_F(ModificationsFile, OneRewriteIsWorthManyPrunesAndAppends) {
+// One rewrite at the end is worth a reading and a writing for every change.
+TEST_F(ModificationsFile, ManyChangesAreWrittenAsOneByOne) {
   std::mt19937 random(11);
   const auto randomEntry = [&] {
     const std::string command = random() % 2 == 0 ? "ADD" : "DEL";
@@ -166,28 +138,29 @@ TEST_F(ModificationsFile, OneRewriteIsWorthManyPrunesAndAppends) {
     return Entry(command, Ago(minutes), key, random() % 3 == 0 ? 200 : 0);
   };
   for (int round = 0; round < 500; ++round) {
-    std::vector<std::string> lines;
-    for (auto left = random() % 12; left > 0; --left) lines.push_back(randomEntry());
-    Pruned({});
     std::string text;
-    for (const auto& line : lines) text += line + "\r\n";
-    host_.Disk.Put(File, text);
-
-    auto modifications = Load();
-    LineByLine model(Now(), lines);
-    model.Prune("");
-    for (auto steps = random() % 8; steps > 0; --steps) {
+    for (auto left = random() % 12; left > 0; --left) text += randomEntry() + "\r\n";
+    std::vector<std::function<void(Modifications&)>> changes{[](Modifications&) {}};
+    for (auto left = random() % 8; left > 0; --left) {
       SOTAAlert alert;
       ASSERT_TRUE(SetDelimitedData(alert, std::string_view(randomEntry()).substr(5)));
-      modifications.RemoveEntries(alert.ID);
-      model.Prune(alert.ID);
-      if (random() % 3 == 0) continue;
-      modifications.AddEntry(ModificationCommand::Add, alert);
-      model.Append(ModificationLine(ModificationCommand::Add, alert));
+      changes.push_back([alert, isRemovalOnly = random() % 3 == 0](Modifications& modifications) {
+        modifications.RemoveEntries(alert.ID);
+        if (!isRemovalOnly) modifications.AddEntry(ModificationCommand::Add, alert);
+      });
     }
-    model.Prune("");
-    ASSERT_TRUE(modifications.Save(host_.World));
-    ASSERT_EQ(Text(), model.Text());
+    host_.Disk.Put(File, text);
+    auto together = Load();
+    for (const auto& change : changes) change(together);
+    together.Save(host_.World);
+    const auto expected = Text();
+    host_.Disk.Put(File, text);
+    for (const auto& change : changes) {
+      auto alone = Load();
+      change(alone);
+      alone.Save(host_.World);
+    }
+    ASSERT_EQ(Text(), expected) << text;
   }
 }
 

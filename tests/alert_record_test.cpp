@@ -69,32 +69,6 @@ TEST(DelimitedData, KeepsItsFieldsApartWhateverTheyHold) {
   }
 }
 
-TEST(AlertCollection, FindsByKeyAndByStationInItsOrder) {
-  AlertCollection alerts;
-  EXPECT_TRUE(alerts.Add(Shared(AlertOf("a", "G4ABC"))));
-  EXPECT_TRUE(alerts.Add(Shared(AlertOf("b", "M0XYZ"))));
-  EXPECT_TRUE(alerts.Add(Shared(AlertOf("c", "G4ABC"))));
-  EXPECT_FALSE(alerts.AddInFront(Shared(AlertOf("A", "K1AA"))));
-  EXPECT_TRUE(alerts.AddInFront(Shared(AlertOf("d", "G4ABC"))));
-
-  const auto keysOfStation = [&alerts] {
-    std::string keys;
-    for (const auto& [place, alert] : alerts.OfStation("G4ABC")) keys += alert->AlertKey;
-    return keys;
-  };
-  EXPECT_EQ(keysOfStation(), "dac");
-  EXPECT_TRUE(alerts.Remove("A"));
-  EXPECT_FALSE(alerts.Remove("a"));
-  EXPECT_EQ(keysOfStation(), "dc");
-  EXPECT_TRUE(alerts.Add(Shared(AlertOf("a", "M0XYZ"))));
-  EXPECT_EQ(alerts.Find("A")->Station, "M0XYZ");
-  EXPECT_TRUE(alerts.Remove("b"));
-  EXPECT_TRUE(alerts.Remove("a"));
-  EXPECT_TRUE(alerts.OfStation("M0XYZ").empty());
-  EXPECT_EQ(alerts.Stations().Count(), 2U);
-  EXPECT_EQ(alerts.Count(), 2U);
-}
-
 TEST(AlertsReport, HasADayAHeadingAndKeepsThePointWordOfShortDescriptions) {
   AlertCollection alerts;
   const auto add = [&alerts](std::string day, std::string description, bool isSelfSpot = false) {

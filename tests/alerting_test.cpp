@@ -123,21 +123,6 @@ TEST_F(SoundTest, AWildFeedCostsABoundedNumberOfLooks) {
   EXPECT_EQ(Choice(), "xx.wav");
 }
 
-TEST_F(SoundTest, PlaysFromTheProgramFolderOrTheFolderGiven) {
-  std::string error = "left over";
-  EXPECT_FALSE(PlayWaveFile(World.World, "  ", false, error));
-  EXPECT_EQ(error, "");
-  EXPECT_TRUE(PlayWaveFile(World.World, " ding.wav ", true, error));
-  EXPECT_EQ(error, "The sound file /brelwin\\ding.wav does not exist.");
-  HaveFiles({"ding.wav"});
-  World.Disk.Put("/sounds/ding.wav", "RIFF");
-  PlayWaveFile(World.World, "ding.wav", true, error);
-  PlayWaveFile(World.World, "/sounds/ding.wav", false, error);
-  EXPECT_EQ(error, "");
-  EXPECT_EQ(World.Sound.Played, (std::vector<std::pair<std::string, bool>>{{"/brelwin\\ding.wav", true},
-                                                                           {"/sounds/ding.wav", false}}));
-}
-
 TEST_F(SoundTest, ButtonsSayWhatIsWrong) {
   FiltersTab filters;
   GatewayTab gateway;
@@ -158,7 +143,11 @@ TEST_F(SoundTest, ButtonsSayWhatIsWrong) {
             (Texts{"Play Alert Sound: The sound file /brelwin\\x.wav does not exist.",
                    "Play Gateway Sound: The sound file /brelwin\\x.wav does not exist."}));
   HaveFiles({"x.wav"});
+  World.Disk.Put("/sounds/y.wav", "RIFF");
   EXPECT_EQ(shownAfter(" x.wav"), Texts{});
+  EXPECT_EQ(shownAfter("/sounds/y.wav "), Texts{});
+  EXPECT_EQ(World.Sound.Played.front().first, "/brelwin\\x.wav");
+  EXPECT_EQ(World.Sound.Played.back().first, "/sounds/y.wav");
   World.Sound.Result = 0;
   EXPECT_EQ(shownAfter("x.wav"),
             Texts{"Play Alert Sound: Unexpected return value from the Windows API PlaySound function:0"});
@@ -200,22 +189,11 @@ TEST_F(AlertingTest, SoundsAndBringsAMinimisedWindowBack) {
   EXPECT_EQ(focused, 1);
 }
 
-TEST_F(AlertingTest, WithoutACallNeitherSoundsNorTouchesTheWindow) {
-  Filter.PlaySoundWhen = 0;
-  EXPECT_FALSE(Sounds());
-  EXPECT_FALSE(Sounds(true));
-  Filter.PlaySoundWhen = 5;
-  EXPECT_FALSE(Sounds());
-  NewSpots.Clear();
-  Filter.PlaySoundWhen = 6;
-  EXPECT_FALSE(Sounds());
-  EXPECT_EQ(Window.State.Get(), WindowState::Minimised);
-}
-
 TEST_F(AlertingTest, FiltersTheCandidatesBySourceToo) {
   Filter.FilterAlertSounds = true;
   Filter.NoSpotSourceFiltering = true;  // as the display filtering leaves it
   EXPECT_FALSE(Sounds());
+  EXPECT_EQ(Window.State.Get(), WindowState::Minimised);
   Filter.AlertSpotSourceSotawatch = true;
   EXPECT_TRUE(Sounds());
   Filter.mode = "FM";

@@ -1,16 +1,10 @@
 // Stories of the whole program as a gateway: an announced activator is heard and spotted, whatever the user
-// does meanwhile.
+// does meanwhile, at every single yield.
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
-#include "alerts_page_text.h"
 #include "base/text.h"
-#include "cycle/program.h"
-#include "feed_text.h"
 #include "gateway_story.h"
+#include "program_story.h"
 
 namespace brelwin {
 namespace {
@@ -18,47 +12,35 @@ namespace {
 using std::chrono::seconds;
 using test::FormFields;
 
-constexpr auto FeedAddress = "http://feed.test/rss";
-constexpr auto AlertsAddress = "http://alerts.test/page";
-const std::string HeardLine =
-    "DX de KM3T-2-#:  14062.0  G4ABC          CW    24 dB  22 WPM  CQ      1201Z\r\n";
 const std::string HeardAgainLine =
     "DX de KM3T-2-#:  14063.9  G4ABC          CW    24 dB  22 WPM  CQ      1202Z\r\n";
 
-struct GatewayProgram : test::TestHost {
-  explicit GatewayProgram(const std::string& gatewaySettings = "RBNSendAllSpotsToSotawatch=1\r\n") {
-    Disk.Put("/brelwin/Brelwin.INI",
-             "[General]\r\nSecondsBetweenChecks=3\r\nSotawatchSpotsViaRSS=1\r\n[ReverseBeaconNetwork]\r\n"
-             "RBNSpotsEnabled=1\r\nRBNCallsign=Q0ZZ\r\nMaxMinutesBeforeAlertTime=60\r\n"
-             "MaxMinutesAfterAlertTime=60\r\nSOTAAlertsRefreshInterval=5\r\nFilterDuplicateSpots=1\r\n"
-             "DuplicateSpotFilteringPeriod=10\r\n[Gateway]\r\nSotawatchLogin=q0zz\r\n"
-             "GatewayDelayBeforeFinalDupeCheckAndSendInSeconds=1\r\n"
-             "GatewayMinimumSecondsBetweenSpotsOfSameStation=600\r\n"
-             "SpotliteSpotSubmitURL=http://127.0.0.1/Spotlite/postSpot\r\n" +
-                 gatewaySettings + "[URLTemplates]\r\nSotawatchRSS=" + FeedAddress +
-                 "\r\nSotawatchAlerts=" + AlertsAddress + "\r\n");
+struct GatewayProgram : test::ProgramStory {
+  GatewayProgram() {
+    Settings("SecondsBetweenChecks=3\r\n",
+             "RBNSpotsEnabled=1\r\nFilterDuplicateSpots=1\r\nDuplicateSpotFilteringPeriod=10\r\n",
+             "SotawatchLogin=q0zz\r\nGatewayDelayBeforeFinalDupeCheckAndSendInSeconds=1\r\n"
+             "GatewayMinimumSecondsBetweenSpotsOfSameStation=600\r\nRBNSendAllSpotsToSotawatch=1\r\n"
+             "SpotliteSpotSubmitURL=http://127.0.0.1/Spotlite/postSpot\r\n");
     Internet.AnswerAlways(
-        FeedAddress,
-        test::FeedText({{.Title = "HB9XYZ on HB/BE-001 @ 7.032 CW", .Date = "24 Nov 2026 11:58:00"}}));
-    Internet.AnswerAlways(AlertsAddress, test::Heading() + test::Table({.Time = "12:10"}));
-    Http.Serve = [](const HttpRequest& request) {
+        test::FeedAddress,
+        test::FeedText({test::FeedItemText("HB9XYZ on HB/BE-001 @ 7.032 CW", test::PubDate("11:58:00"))}));
+    AnswerFormsAfter(Milliseconds(120));
+    Sockets.Peer(LoggingIn().Sends(test::HeardLine, seconds(4)).Sends(HeardAgainLine, seconds(8)));
+  }
+
+  // In several chunks.
+  void AnswerFormsAfter(Milliseconds delay) {
+    Http.Serve = [delay](const HttpRequest& request) {
       auto answer = test::ServeSpotlite(request);
       answer.Body += std::string(2500, ' ');
-      answer.Delay = Milliseconds(120);
+      answer.Delay = delay;
       return answer;
     };
-    Sockets.Peer(test::ScriptedPeer()
-                     .Accepts()
-                     .Sends("Please enter your callsign: ")
-                     .Expects("Q0ZZ\r\n")
-                     .Sends("Hello, Q0ZZ!\r\n")
-                     .Sends(HeardLine, seconds(4))
-                     .Sends(HeardAgainLine, seconds(8)));
-    Brelwin = std::make_unique<Program>(World);
   }
 
   void Run() {
-    Brelwin->Start({}, "secret");
+    Brelwin.Start({}, "secret");
     Queue.RunFor(seconds(25));
   }
 
@@ -74,22 +56,10 @@ struct GatewayProgram : test::TestHost {
     Queue.OnYield = nullptr;
   }
 
-  std::size_t Posts(const std::string& station) const {
-    std::size_t count = 0;
-    for (const auto& request : Http.Requests) count += FormFields(request.Body)["actCallsign"] == station;
-    return count;
-  }
+  std::size_t Posts(const std::string& station) const { return test::PostsOf(Http, station); }
+  std::size_t LinesWith(std::string_view text) const { return Split(EventLog(), text).size() - 1; }
 
-  std::size_t LinesWith(std::string_view text) const {
-    std::size_t count = 0;
-    const auto log = EventLog();
-    for (const auto line : SplitLines(log)) count += Contains(line, text) ? 1U : 0U;
-    return count;
-  }
-
-  GatewayTab& Tab() { return Brelwin->Controls().Gateway; }
-
-  std::unique_ptr<Program> Brelwin;
+  GatewayTab& Tab() { return Window().Gateway; }
 
  private:
   int yields_ = 0;
@@ -108,7 +78,7 @@ TEST(GatewayCycle, AHeardActivatorIsSpottedOnceAndEverythingSaysSo) {
   EXPECT_EQ(FormFields(program.Http.Requests[0].Body)["freq"], "14.062");
   EXPECT_EQ(program.LinesWith("The spot was sent successfully!"), 1U);
   EXPECT_EQ(program.LinesWith("(min sec for respot=600)"), 1U) << "heard again on another frequency";
-  auto& screen = program.Brelwin->Controls();
+  auto& screen = program.Window();
   EXPECT_TRUE(screen.Window.Caption.Get().ends_with(" --- by Q0ZZ --- Gateway Mode Enabled"));
   EXPECT_TRUE(Contains(screen.Spots.lblSources.Caption.Get(), "Gateway on: everyone's spots are sent | "));
   const auto& journal = program.Tab().lstGatewayJournal.Items.Get();
@@ -118,34 +88,15 @@ TEST(GatewayCycle, AHeardActivatorIsSpottedOnceAndEverythingSaysSo) {
   EXPECT_EQ(screen.Spots.txtSPOTList.Spots.at(1)->Comment,
             "CQ CQ at 22 wpm. S/N=24 dB at KM3T-2 {Via Tarnlink}")
       << "the posted comment stays in the spot";
-}
 
-TEST(GatewayCycle, TheSwitchesNeedALoginAndShowTheirState) {
-  GatewayProgram program("");
-  program.Brelwin->Start({}, {});
   auto& box = program.Tab().chkRBNSendAllSpotsToSotawatch;
-  const auto click = [&] {
-    box.Value = !box.Value;
-    box.Click();
-  };
-  click();
-  EXPECT_FALSE(box.Value);
-  ASSERT_EQ(program.Dialogs.Shown.size(), 1U);
-  auto& screen = program.Brelwin->Controls();
-  EXPECT_FALSE(Contains(screen.Window.Caption.Get(), "Gateway"));
-  program.Tab().txtSotawatchPassword.Text = "secret";
-  click();
-  EXPECT_TRUE(Contains(screen.Window.Caption.Get(), "Gateway Mode Enabled"));
-  EXPECT_TRUE(Contains(screen.Spots.lblSources.Caption.Get(), "Gateway on"));
-  click();
+  box.Value = false;
+  box.Click();
   EXPECT_FALSE(Contains(screen.Window.Caption.Get() + screen.Spots.lblSources.Caption.Get(), "Gateway"));
-}
-
-TEST(GatewayCycle, ADryRunSendsNothingAndCountsNothing) {
-  GatewayProgram program("RBNSendAllSpotsToSotawatch=1\r\nDryRun=1\r\n");
-  program.Run();
-  EXPECT_TRUE(program.Http.Requests.empty());
-  EXPECT_EQ(program.LinesWith("Dry run, the spot would have been sent: actCallsign=G4ABC&"), 2U);
+  program.Tab().txtSotawatchPassword.Text = "";
+  box.Value = true;
+  box.Click();
+  EXPECT_FALSE(box.Value) << "it needs a login";
 }
 
 TEST(GatewayCycle, WhateverIsPressedAtAnyWaitPostsTheSpotOnce) {
@@ -154,7 +105,7 @@ TEST(GatewayCycle, WhateverIsPressedAtAnyWaitPostsTheSpotOnce) {
     for (int yield = 1; yield <= yields; ++yield) {
       GatewayProgram program;
       program.RunWithIntruder(yield, [&] {
-        auto& spots = program.Brelwin->Controls().Spots;
+        auto& spots = program.Window().Spots;
         (intruder == 0   ? spots.cmdGetSPOTS
          : intruder == 1 ? spots.cmdReloadSpotList
                          : program.Tab().cmdTestSotawatchLogin)
@@ -164,6 +115,8 @@ TEST(GatewayCycle, WhateverIsPressedAtAnyWaitPostsTheSpotOnce) {
       ASSERT_EQ(program.LinesWith("The spot was sent successfully!"), 1U) << intruder << " at " << yield;
       ASSERT_EQ(program.LinesWith("(min sec for respot=600)"), 1U) << intruder << " at " << yield;
       ASSERT_EQ(program.LinesWith("Error, Number="), 0U) << intruder << " at " << yield;
+      for (const auto& message : program.Dialogs.Shown)
+        ASSERT_EQ(message.Icon, MessageIcon::Information) << intruder << " at " << yield << message.Text;
     }
   }
 }
@@ -178,7 +131,7 @@ TEST(GatewayCycle, QuittingAtAnyWaitPostsNothingMoreAndEndsTheLog) {
     program.RunWithIntruder(yield, [&] {
       begun = program.LinesWith("Begin processing") >
               program.LinesWith("returned status") + program.LinesWith("min sec for respot");
-      program.Brelwin->Quit();
+      program.Brelwin.Quit();
       posts = program.Http.Requests.size();
       quit = program.Time.Now();
     });
@@ -187,6 +140,9 @@ TEST(GatewayCycle, QuittingAtAnyWaitPostsNothingMoreAndEndsTheLog) {
     ASSERT_EQ(program.Http.Requests.size(), posts) << yield;
     ASSERT_TRUE(program.EventLog().ends_with(": Form_Unload End\r\n")) << yield;
     ASSERT_GE(program.LinesWith("The program is ending, nothing more is sent."), begun ? 1U : 0U) << yield;
+    const auto answers = program.Disk.Text("/brelwin/GatewayServerResponseLog.txt");
+    ASSERT_EQ(program.LinesWith("The spot was sent successfully!"), answers.empty() ? 0U : 1U)
+        << yield << ": an answer that had come is still taken";
   }
 }
 
@@ -197,9 +153,9 @@ TEST(GatewayCycle, GetSpotsNowDuringAWaitTakesSotawatchsSpotsAtOnce) {
     if (readsAtOnce > 0 || program.World.FetchInProgress || program.LinesWith("Begin delay") == 0) return;
     readsAtOnce = 1;  // what it yields to itself is left alone
     const auto before = program.Internet.Queries.size();
-    program.Brelwin->Controls().Spots.cmdGetSPOTS.Click();
+    program.Window().Spots.cmdGetSPOTS.Click();
     readsAtOnce = program.Internet.Queries.size() - before;
-    EXPECT_FALSE(program.Brelwin->Controls().Spots.lblCheckingForSpots.Visible);
+    EXPECT_FALSE(program.Window().Spots.lblCheckingForSpots.Visible);
   };
   program.Run();
   EXPECT_EQ(readsAtOnce, 1U);
@@ -210,12 +166,8 @@ TEST(GatewayCycle, GetSpotsNowDuringAWaitTakesSotawatchsSpotsAtOnce) {
 // The tick finds the login being tested, leaves the stream alone and takes it up at the next one.
 TEST(GatewayCycle, ALoginTestHoldsTheStreamBackAndLosesNothing) {
   GatewayProgram program;
-  program.Http.Serve = [](const HttpRequest& request) {
-    auto answer = test::ServeSpotlite(request);
-    answer.Delay = Milliseconds(4500);
-    return answer;
-  };
-  program.Brelwin->Start({}, "secret");
+  program.AnswerFormsAfter(Milliseconds(4500));
+  program.Brelwin.Start({}, "secret");
   program.Queue.RunFor(seconds(4));
   program.Tab().cmdTestSotawatchLogin.Click();
   EXPECT_EQ(program.LinesWith("Begin processing"), 0U);

@@ -146,6 +146,9 @@ TEST(GatewayProcessing, GivesUpWithoutSpotsToCompareWith) {
 TEST(GatewayProcessing, PassesOverWhomItDoesNotSend) {
   GatewayStory story;
   story.Excluded.Add("G4ABC", "G4ABC");
+  story.Recent.AddInFront(story.SotawatchSpot({"G4ABC", "14.062", 1}),
+                          "a duplicate, which is not looked for");
+  story.Recent.AddInFront(story.SotawatchSpot({"HB9DEF", "7.031", 1}), "another one");
   const auto excluded = story.SkimmerSpot("G4ABC", "14.062");
   const auto unmatched = story.SkimmerSpot("G4AAA", "14.062");
   unmatched->IsMatchedToAlert = false;
@@ -201,27 +204,24 @@ TEST(GatewayProcessing, FindsDuplicatesInAFeedFromBeforeTheClockWasSetBack) {
 }
 
 TEST(GatewayProcessing, LooksAtNothingUnlessEverythingIsThere) {
-  const auto resultWith = [](auto change) {
+  void (*const changes[])(GatewayStory&) = {
+      [](GatewayStory& story) { story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false; },
+      [](GatewayStory& story) { story.Tab.txtSotawatchLogin.Text = " "; },
+      [](GatewayStory& story) { story.Tab.txtSotawatchPassword.Text = ""; },
+      [](GatewayStory& story) {
+        story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false;
+        story.Tab.chkRBNSendMySpotsToSotawatch.Value = true;
+        story.RBN.txtRBNCallsign.Text = " ";
+      },
+      [](GatewayStory& story) { story.RBN.chkRBNFilterDuplicateSpots.Value = false; },
+      [](GatewayStory& story) { story.RBN.txtDuplicateSpotFilteringPeriod.Text = "0.5"; }};
+  for (const auto change : changes) {
     GatewayStory story;
     change(story);
-    const auto result = story.Process({story.SkimmerSpot("G4ABC", "14.062")});
+    EXPECT_EQ(story.Process({story.SkimmerSpot("G4ABC", "14.062")}), 0);
     EXPECT_EQ(story.EventLog(), "");
     EXPECT_TRUE(story.Http.Requests.empty());
-    return result;
-  };
-  EXPECT_EQ(resultWith([](GatewayStory& story) { story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false; }),
-            0);
-  EXPECT_EQ(resultWith([](GatewayStory& story) { story.Tab.txtSotawatchLogin.Text = " "; }), 0);
-  EXPECT_EQ(resultWith([](GatewayStory& story) { story.Tab.txtSotawatchPassword.Text = ""; }), 0);
-  EXPECT_EQ(resultWith([](GatewayStory& story) {
-              story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false;
-              story.Tab.chkRBNSendMySpotsToSotawatch.Value = true;
-              story.RBN.txtRBNCallsign.Text = " ";
-            }),
-            0);
-  EXPECT_EQ(resultWith([](GatewayStory& story) { story.RBN.chkRBNFilterDuplicateSpots.Value = false; }), 0);
-  EXPECT_EQ(resultWith([](GatewayStory& story) { story.RBN.txtDuplicateSpotFilteringPeriod.Text = "0.5"; }),
-            0);
+  }
   GatewayStory corrected;
   corrected.RBN.chkRBNFilterDuplicateSpots.Value = false;
   corrected.RBN.txtDuplicateSpotFilteringPeriod.Text = "none";

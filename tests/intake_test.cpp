@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "feed_pages.h"
+#include "feed_text.h"
 #include "test_host.h"
 
 namespace brelwin {
@@ -119,21 +119,6 @@ TEST_F(Intake, ForgettingDeliversAnewButOnlyWhenTheReadSucceeds) {
   EXPECT_EQ(Take(feed), "");
   intake_.Forget();
   EXPECT_EQ(Take(feed), "G4BBB G4AAA ");
-}
-
-TEST_F(Intake, SaysOnceThatTheFeedIsAwayAndOnceThatItIsBack) {
-  const auto feed = FeedText({});
-  Take(feed);
-  EXPECT_EQ(host_.EventLog(), "");
-  EXPECT_EQ(intake_.StatusText(), "Connected to Sotawatch");
-  for (int i = 0; i < 3; ++i) TakeServerDown();
-  EXPECT_EQ(intake_.StatusText(), "No connection to Sotawatch: Connection refused");
-  Take(feed);
-  Take(feed);
-  const auto log = host_.EventLog();
-  EXPECT_EQ(SplitLines(log).size(), 2U) << log;
-  EXPECT_TRUE(Contains(log, "GetSotawatchSpots - No connection to Sotawatch: Connection refused\r\n"));
-  EXPECT_TRUE(Contains(log, "GetSotawatchSpots - Connected to Sotawatch\r\n"));
 }
 
 TEST_F(Intake, AnItemWithoutAStationIsLoggedOnce) {

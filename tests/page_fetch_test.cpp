@@ -23,12 +23,6 @@ class PageFetch : public testing::Test {
   }
   std::int64_t Seconds() const { return SecondsBetween(start_, host_.World.Time.Now()); }
 
-  void ExpectNotOpened() const {
-    EXPECT_FALSE(transfer_.LastStatus());
-    EXPECT_EQ(transfer_.LastErrorMessage(), "Unable to open URL");
-    EXPECT_NE(transfer_.LastTransportError(), "");
-  }
-
   test::TestHost host_;
   InternetTransfer transfer_{host_.World};
   Instant start_;
@@ -49,41 +43,33 @@ TEST_F(PageFetch, EveryAnswerCountsAsOpened) {
 
 TEST_F(PageFetch, NoServerIsNotOpenedAndTheNextPageMakesUpForIt) {
   EXPECT_EQ(Read({.Status = 0, .ErrorText = "Connection refused"}), "");
-  ExpectNotOpened();
+  EXPECT_FALSE(transfer_.LastStatus());
+  EXPECT_EQ(transfer_.LastErrorMessage(), "Unable to open URL");
   EXPECT_EQ(transfer_.LastTransportError(), "Connection refused");
   Read({.Body = "there"});
   EXPECT_TRUE(transfer_.LastStatus());
   EXPECT_EQ(transfer_.LastTransportError(), "");
 }
 
-TEST_F(PageFetch, WaitsThirtySecondsForTheConnection) {
-  Read({.Body = "never", .Delay = Milliseconds(-1)});
-  ExpectNotOpened();
-  EXPECT_EQ(Seconds(), 30);
-}
-
-TEST_F(PageFetch, ASilentServerEndsTheTextAfterThirtySeconds) {
-  EXPECT_EQ(Read({.Body = "abcdef", .BetweenPieces = Milliseconds(31'000), .PieceSize = 3}), "abc");
-  EXPECT_TRUE(transfer_.LastStatus());
-  EXPECT_EQ(Seconds(), 30);
-}
-
-TEST_F(PageFetch, ASlowServerEndsTheTextAfterTwoMinutes) {
-  const auto text = Read({.Body = std::string(500, 'x'), .BetweenPieces = Milliseconds(1'000)});
-  EXPECT_TRUE(transfer_.LastStatus());
-  EXPECT_EQ(text.size(), 120U);
-  EXPECT_EQ(Seconds(), 120);
-}
-
-TEST_F(PageFetch, WhatComesWithoutAnythingToShowIsNoSilence) {
-  const auto slowly = [](int hiddenPieces) {
-    return ScriptedAnswer{.Body = "x", .BetweenPieces = Milliseconds(1'000), .HiddenPieces = hiddenPieces};
+// Thirty seconds of silence, two minutes in all; what gives nothing to show is no silence.
+TEST_F(PageFetch, EveryWaitHasItsEnd) {
+  constexpr Milliseconds Second{1'000};
+  const struct {
+    ScriptedAnswer Answer;
+    std::string Text;
+    std::int64_t Seconds;
+  } cases[] = {
+      {{.Body = "never", .Delay = Milliseconds(-1)}, "", 30},
+      {{.Body = "abcdef", .BetweenPieces = 31 * Second, .PieceSize = 3}, "abc", 30},
+      {{.Body = std::string(500, 'x'), .BetweenPieces = Second}, std::string(120, 'x'), 120},
+      {{.Body = "x", .BetweenPieces = Second, .HiddenPieces = 60}, "x", 61},
+      {{.Body = "x", .BetweenPieces = Second, .HiddenPieces = 500}, "", 120},
   };
-  EXPECT_EQ(Read(slowly(60)), "x");
-  EXPECT_EQ(Seconds(), 61);
-  EXPECT_EQ(Read(slowly(500)), "");
-  ExpectNotOpened();
-  EXPECT_EQ(Seconds(), 120);
+  for (const auto& [answer, text, seconds] : cases) {
+    EXPECT_EQ(Read(answer), text);
+    EXPECT_EQ(transfer_.LastStatus(), !text.empty());
+    EXPECT_EQ(Seconds(), seconds);
+  }
 }
 
 TEST_F(PageFetch, QuittingEndsItAtOnce) {

@@ -197,19 +197,6 @@ TEST(ProgramFolder, IsTheNamedOneOrThatOfTheExecutable) {
   ::unsetenv("BRELWIN_FOLDER");
 }
 
-TEST(FolderLock, RefusesASecondInstanceUntilTheFirstEnds) {
-  const TemporaryFolder folder;
-  ::chmod(folder.Path().c_str(), 0500);
-  auto first = FolderLock::Take(folder.In(""));
-  ASSERT_TRUE(first);
-  EXPECT_FALSE(FolderLock::Take(folder.In("")));
-  const auto moved = std::move(*first);
-  first.reset();
-  EXPECT_FALSE(FolderLock::Take(folder.In("")));
-  EXPECT_TRUE(fs::is_empty(folder.Path()));
-  ::chmod(folder.Path().c_str(), 0700);
-}
-
 TEST(ProxySettings, ReadsEveryFormOfAProxyAddress) {
   struct Case {
     std::string Text;

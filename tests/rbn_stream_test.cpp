@@ -53,15 +53,6 @@ class RBNStream : public ::testing::Test {
 
   bool Says(std::string_view message) { return Contains(host_.EventLog(), ": " + std::string(message)); }
 
-  // The messages of the event log since it was last asked for, one a line, without their times.
-  std::string Messages() {
-    std::string messages;
-    const auto log = host_.EventLog();
-    for (const auto line : SplitLines(log)) messages.append(line.substr(line.find(": ") + 2)).append("\n");
-    host_.Disk.Put("/brelwin/BrelwinEventLog.txt", "");
-    return messages;
-  }
-
   bool ShowsNoConnection() { return screen_.Spots.lblNoConnectionToRBN.Visible; }
 
   test::TestHost host_;
@@ -85,7 +76,7 @@ TEST_F(RBNStream, ConnectsLogsInAndHandsOverWholeLines) {
   EXPECT_EQ(Check(), "K1AA");
   EXPECT_EQ(Check(), "");
   EXPECT_EQ(host_.Sockets.Unexpected, "");
-  EXPECT_EQ(Messages(),
+  EXPECT_EQ(host_.TakeMessages(),
             "WinsockArray_Connect(0) State=7\n"
             "OpenRBNConnection Successful, Host=rbn.example Port=7000 WinsockArray(0) StateAfterConnect=7\n"
             "WinsockArray_DataArrival(0) - Sending callsign Q0ZZ\n"
@@ -110,9 +101,9 @@ TEST_F(RBNStream, FallsBackToThePublicServerAndRefusesPortsThatDoNotExist) {
   std::string errorText;
   EXPECT_TRUE(OpenRBNConnection(stream_, " ", -1, errorText));
   EXPECT_EQ(host_.Sockets.Tried.front(), std::pair(std::string("telnet.reversebeacon.net"), 7000));
-  Messages();
+  host_.TakeMessages();
   EXPECT_FALSE(OpenRBNConnection(stream_, "a", 65536, errorText));
-  EXPECT_EQ(Messages(),
+  EXPECT_EQ(host_.TakeMessages(),
             "OpenRBNConnection Error, Number=9 Error=Port out of range (StateBeforeTryConnect=-9999) "
             "StateAfterTryConnect=-9999\n");
   EXPECT_TRUE(ShowsNoConnection());
@@ -122,7 +113,7 @@ TEST_F(RBNStream, FallsBackToThePublicServerAndRefusesPortsThatDoNotExist) {
 TEST_F(RBNStream, ShowsARefusalAndTriesAgainOnceInEveryCheck) {
   host_.Sockets.Peer(ScriptedPeer().Refuses());
   Check();
-  EXPECT_EQ(Messages(),
+  EXPECT_EQ(host_.TakeMessages(),
             "WinsockArray_Error(0) 10061 Connection refused peer State=9\n"
             "OpenRBNConnection NOT Successful, Host=rbn.example Port=7000 WinsockArray(0) "
             "StateAfterConnect=0\n");
@@ -173,9 +164,9 @@ TEST_F(RBNStream, LeavesSocketsThatHangInClosingButTheFirst) {
     Pass(seconds(1));
     EXPECT_TRUE(ShowsNoConnection());
   }
-  Messages();
+  host_.TakeMessages();
   Check();
-  EXPECT_TRUE(Messages().starts_with(
+  EXPECT_TRUE(host_.TakeMessages().starts_with(
       "OpenRBNConnection - WinsockArray(2) is in hung State=8, loading new control index=3\n"
       "OpenRBNConnection - WinsockArray(3) loaded successfully\n"
       "OpenRBNConnection - WinsockArray(2) unloaded successfully\n"));
@@ -280,7 +271,7 @@ TEST_F(RBNStream, GivesUpConnectionsThatSayNothingOrNeverAskForTheCallsign) {
     Check();
     Pass(seconds(1));
     for (int minute = 1; minute <= 40 && stream_.Connected; ++minute) {
-      Messages();
+      host_.TakeMessages();
       Pass(minutes(1));
       Check();  // there is no further peer, so that a closed connection stays so
       EXPECT_EQ(stream_.Connected, minute != story.MinutesUntilClosed) << story.Reason << minute;
@@ -299,15 +290,6 @@ TEST_F(RBNStream, NestedCallsFindTheAttemptUnderWay) {
   host_.Queue.OnYield = nullptr;
   EXPECT_TRUE(stream_.Connected);
   EXPECT_EQ(host_.Sockets.Tried.size(), 1U);
-}
-
-TEST_F(RBNStream, QuittingEndsTheWaitAndLeavesTheTimerStill) {
-  host_.Sockets.Peer(ScriptedPeer());
-  const auto quit = host_.Queue.CallAfter(seconds(1), [&] { host_.World.ShuttingDown = true; });
-  const auto start = host_.Time.Now();
-  Check();
-  EXPECT_LT(host_.Time.Now() - start, seconds(2));
-  EXPECT_FALSE(screen_.tmrCheckSpots.Enabled);
 }
 
 TEST_F(RBNStream, SwitchingOffEndsEverythingAlsoAnAttempt) {

@@ -39,18 +39,6 @@ TEST(Scrambling, GivesNothingForWhatLeavesTheRange) {
   EXPECT_EQ(ShiftDecode("\x01", 2), "");
 }
 
-TEST(Scrambling, DrawsRandomCharactersOfTheirKind) {
-  std::mt19937 generator(1);
-  std::array<std::set<char>, 3> drawn;
-  for (int i = 0; i < 3000; ++i) {
-    for (std::size_t kind = 0; kind < 3; ++kind)
-      drawn.at(kind).insert(RandomCharacter(static_cast<int>(kind), generator));
-  }
-  EXPECT_EQ(drawn[0].size(), 36U);
-  EXPECT_EQ(drawn[1], std::set<char>(drawn[0].upper_bound('9'), drawn[0].end()));
-  EXPECT_EQ(drawn[2], std::set<char>(drawn[0].begin(), drawn[0].upper_bound('9')));
-}
-
 struct IniFile {
   explicit IniFile(std::string text = {}) {
     ini.INIPath = "/f.ini";

@@ -270,45 +270,13 @@ TEST(Settings, APasswordFromTheEnvironmentIsNeverWritten) {
   }
 }
 
-TEST(Settings, PasswordsOfFilesFromElsewhereAreRead) {
-  // The codes 130 and 237 as bytes, as the characters of these bytes, and as U+0082 and U+00ED.
-  for (const std::string stored : {"\x82\xED", "\xE2\x80\x9A\xC3\xAD", "\xC2\x82\xC3\xAD"}) {
-    test::TestHost host;
-    host.Disk.Put(Path, "[Gateway]\nSotawatchPassword=" + stored + "\n");
-    const ProgramRun run(host);
-    EXPECT_EQ(run.Controls.Gateway.txtSotawatchPassword.Text.Get(), "\xE2\x82\xAC\xC3\xA9");
-  }
-}
-
-TEST(Settings, AFullDiskIsLoggedAndTheNextSaveWritesEverything) {
-  test::TestHost host;
-  ProgramRun run(host);
-  host.Disk.FailAtCall = 1;
-  run.Controls.Filters.txtFilterBand.Text = "20";
-  EXPECT_FALSE(run.File.SaveSettings());
-  host.Disk.FailAtCall = 0;
-  EXPECT_TRUE(run.File.SaveSettings());
-  EXPECT_EQ(run.Stored("General", "FilterBand"), "20");
-}
-
 TEST(Settings, SavingAnyFileLosesNothing) {
   std::mt19937 generator(1);
-  std::vector<std::string> pieces = {"[General]\n",
-                                     "[Gateway]\r\n",
-                                     "[ReverseBeaconNetwork]\n",
-                                     "\n",
-                                     "; note\n",
-                                     "=",
-                                     "'",
-                                     "\"",
-                                     " ",
-                                     "\t",
-                                     "9",
-                                     "1",
-                                     "x",
-                                     "\xC3\xA9",
-                                     "\xE9",
-                                     "]"};
+  std::vector<std::string> pieces;
+  for (const auto piece : Split(
+           "[General]\n|[Gateway]\r\n|[ReverseBeaconNetwork]\n|\n|; note\n|=|'|\"| |\t|9|1|x|\xC3\xA9|\xE9|]",
+           "|"))
+    pieces.emplace_back(piece);
   for (const auto& row : SettingsTable()) pieces.push_back("\n" + std::string(row.Key) + "=");
   for (int round = 0; round < 150; ++round) {
     std::string file;
@@ -317,40 +285,47 @@ TEST(Settings, SavingAnyFileLosesNothing) {
   }
 }
 
+// A run whose files fail when the test says so. The file of the settings is loaded, and a box is typed into.
+struct FaultyRun {
+  explicit FaultyRun(test::TestHost& host) : Files(host.Disk), World(host.WithFiles(Files)) {
+    File.LoadSettings(Path, {});
+    Controls.Filters.txtFilterBand.Text = "20";
+  }
+
+  test::FaultyFiles Files;
+  Host World;
+  Screen Controls;
+  Configuration Config;
+  Settings File{World, Controls, Config};
+};
+
 TEST(Faults, PowerOffAtAnyFileCallOfASaveLeavesTheOldOrTheNewFile) {
   for (int call = 1; call < 10; ++call) {
     test::TestHost host;
     { ProgramRun(host).File.SaveSettings(); }
     const auto before = host.Disk.Text(Path);
-    test::FaultyFiles files(host.Disk);
-    auto world = host.WithFiles(files);
-    Screen screen;
-    Configuration configuration;
-    Settings settings(world, screen, configuration);
-    settings.LoadSettings(Path, {});
-    screen.Filters.txtFilterBand.Text = "20";
-    files.PowerOffAtCall = files.Calls() + call;
-    const bool isSaved = settings.SaveSettings();
+    FaultyRun run(host);
+    run.Files.PowerOffAtCall = run.Files.Calls() + call;
+    const bool isSaved = run.File.SaveSettings();
     auto after = before;
     WriteProfileValue(after, "General", "FilterBand", "20");
     EXPECT_EQ(host.Disk.Text(Path), isSaved ? after : before) << call;
-    EXPECT_EQ(isSaved, files.Calls() < files.PowerOffAtCall);
+    EXPECT_EQ(isSaved, run.Files.Calls() < run.Files.PowerOffAtCall);
   }
 }
 
-TEST(Faults, ASingleFailingFileCallOfASaveLosesNothing) {
+TEST(Faults, ASingleFailingFileCallOfASaveLosesNothingAndTheNextSaveWritesEverything) {
   for (int call = 1; call < 6; ++call) {
     test::TestHost host;
-    host.Disk.Put(Path, "; mine\n[General]\nUnknown=1\n");
-    test::FaultyFiles files(host.Disk);
-    auto world = host.WithFiles(files);
-    Screen screen;
-    Configuration configuration;
-    Settings settings(world, screen, configuration);
-    settings.LoadSettings(Path, {});
-    files.FailAtCall = files.Calls() + call;
-    settings.SaveSettings();
-    EXPECT_TRUE(host.Disk.Text(Path).starts_with("; mine\n[General]\nUnknown=1\n")) << call;
+    const std::string mine = "; mine\n[General]\nUnknown=1\nFilterBand=";
+    host.Disk.Put(Path, mine + "40\n");
+    FaultyRun run(host);
+    run.Files.FailAtCall = run.Files.Calls() + call;
+    run.File.SaveSettings();
+    EXPECT_TRUE(host.Disk.Text(Path).starts_with(mine)) << call;
+    run.Files.FailAtCall = 0;
+    EXPECT_TRUE(run.File.SaveSettings());
+    EXPECT_TRUE(host.Disk.Text(Path).starts_with(mine + "20\n")) << call;
   }
 }
 

@@ -83,17 +83,6 @@ TEST_F(FilterTest, TestsEachFieldInItsOwnForm) {
   }
 }
 
-TEST_F(FilterTest, NeverFiltersOutASpotThatLacksTheField) {
-  Filter.NoSpotSourceFiltering = true;
-  Filter.mode = "CW";
-  Filter.SummitReference = "G/*";
-  Filter.Station = "G4ABC";
-  auto bare = MakeSpot("1", "", "");
-  bare.ModeString.clear();
-  EXPECT_EQ(Passed(Collect({bare})), Ids{"1"});
-  EXPECT_EQ(Passed({}), Ids{});
-}
-
 TEST_F(FilterTest, KeepsOnlyTheSpotSourcesThatWereChosen) {
   auto matched = MakeSpot("matched", "G4ABC", "");
   matched.IsRBNSpot = matched.IsMatchedToAlert = true;
@@ -102,6 +91,7 @@ TEST_F(FilterTest, KeepsOnlyTheSpotSourcesThatWereChosen) {
   const auto spots = Collect({MakeSpot("feed", "G4ABC", ""), matched, unmatched});
 
   EXPECT_EQ(Passed(spots), Ids{});
+  EXPECT_EQ(Passed({}), Ids{});
   Filter.AlertSpotSourceRBNMatched = true;
   EXPECT_EQ(Passed(spots), Ids{"matched"});
   Filter.AlertSpotSourceRBNUnmatched = true;

@@ -29,23 +29,6 @@ std::string_view Cell(std::string_view line, std::size_t column, std::size_t wid
   return FirstCharacters(line.substr(before), width);
 }
 
-TEST(SpotList, HeaderStandsOverTheColumns) {
-  const std::string text = SpotListHeader();
-  const auto lines = SplitLines(text);
-  ASSERT_EQ(lines.size(), 2U);
-  EXPECT_TRUE(text.ends_with("=\r\n"));
-  EXPECT_EQ(lines[1], std::string(lines[0].size(), '='));
-  const auto line = FixedWidthLine(FullSpot());
-  EXPECT_EQ(lines[0].find("Station"), line.find("G4ABC/P"));
-  EXPECT_EQ(lines[0].find("Summit"), line.find("G/LD"));
-  EXPECT_EQ(lines[0].find("Summit Name"), line.find("Scafell"));
-  EXPECT_EQ(lines[0].find("Pts"), line.find("10 "));
-  EXPECT_EQ(lines[0].find("Mode"), line.find("CW"));
-  EXPECT_EQ(lines[0].find("Operator"), line.find("Ann"));
-  EXPECT_EQ(lines[0].find("Comment"), line.find("CQ CQ"));
-  EXPECT_EQ(lines[0].find("Spotter"), line.find("[K6ABC]"));
-}
-
 TEST(SpotList, LineIsToTheBlank) {
   EXPECT_EQ(FixedWidthLine(FullSpot()),
             "10:05  "

@@ -30,23 +30,17 @@ TEST(SpotCollections, HelpersReportWhatTheyDid) {
   EXPECT_FALSE(RemoveFromCollection("G4ABC", calls));
   EXPECT_TRUE(AddToCollection("G4ABC", "G4ABC", calls));
   EXPECT_FALSE(AddToCollection("g4abc", "g4abc", calls));
-  EXPECT_EQ(*calls.At(1), "G4ABC");
-  EXPECT_TRUE(ExistsInCollection(calls, "g4ABC"));
 
-  SpotCollection spots;
-  EXPECT_FALSE(AddObjectToCollection(SpotPointer(), "1", spots));
+  auto spots = Collection({"2", "3", "3"}, "a");
   EXPECT_FALSE(AddSpotByID(nullptr, spots));
-  EXPECT_TRUE(AddSpotByID(MakeSpot("1", "held"), spots));
-  EXPECT_FALSE(AddSpotByID(MakeSpot("1", "new"), spots));
-  EXPECT_EQ(Summary(spots), "1held ");
-}
-
-TEST(SpotCollections, CopyingAddsOnlyWhatIsNotHeld) {
-  auto target = Collection({"2", "3"}, "a");
-  EXPECT_EQ(CopyNewSpots(Collection({"1", "2", "4"}, "b"), target), 2);
-  EXPECT_EQ(Summary(target), "2a 3a 1b 4b ");
-  target.Add(MakeSpot(""), "");
-  EXPECT_EQ(CopyNewSpots(target, target), 0);
+  EXPECT_EQ(CopyNewSpots(Collection({"1", "2", "4"}, "b"), spots), 2);
+  EXPECT_EQ(CopyNewSpots(spots, spots), 0);
+  TrimCollection(-1, spots);
+  EXPECT_EQ(Summary(spots), "2a 3a 1b 4b ");
+  TrimCollection(3, spots);
+  EXPECT_EQ(Summary(spots), "2a 3a 1b ");
+  TrimCollection(0, spots);
+  EXPECT_TRUE(spots.Empty());
 }
 
 TEST(SpotCollections, MergingPutsTheNewestBatchWholeInFront) {
@@ -73,17 +67,6 @@ TEST(SpotCollections, MergingIntoABoundedListKeepsWhatMergingAndTrimmingWould) {
   EXPECT_TRUE(turned.Contains("2"));
 }
 
-TEST(SpotCollections, TrimmingKeepsTheNewest) {
-  auto spots = Collection({"3", "2", "1"}, "");
-  TrimCollection(-1, spots);
-  TrimCollection(5, spots);
-  EXPECT_EQ(spots.Count(), 3U);
-  TrimCollection(1, spots);
-  EXPECT_EQ(Summary(spots), "3 ");
-  TrimCollection(0, spots);
-  EXPECT_TRUE(spots.Empty());
-}
-
 TEST(SpotCollections, DuplicatesAreTheSameStationOnTheSameThousandth) {
   SpotCollection spots;
   for (const auto& [call, mhz] : std::initializer_list<std::pair<const char*, float>>{
@@ -95,21 +78,6 @@ TEST(SpotCollections, DuplicatesAreTheSameStationOnTheSameThousandth) {
   }
   EXPECT_EQ(CountSpotsMatching(spots, **spots.At(1)), 2);
   EXPECT_EQ(CountSpotsMatching({}, **spots.At(1)), 0);
-}
-
-TEST(SpotRecord, CopiesEverythingIncludingNoTime) {
-  Spot source;
-  source.Comment = "CQ";
-  source.SummitPoints = 10;
-  source.UTCTime = "10:00";
-  Spot target;
-  target.UTCDateTime = DateTime{1};
-  target.CopyMyPropertiesFromThisSpot(&source);
-  EXPECT_FALSE(target.UTCDateTime);
-  EXPECT_EQ(target.Comment + target.UTCTime, "CQ10:00");
-  EXPECT_EQ(target.SummitPoints, 10);
-  target.CopyMyPropertiesFromThisSpot(nullptr);
-  EXPECT_EQ(target.Comment, "CQ");
 }
 
 }  // namespace

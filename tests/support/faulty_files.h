@@ -12,10 +12,8 @@ class FaultyFiles final : public Files {
  public:
   explicit FaultyFiles(Files& files) : files_(files) {}
 
-  int FailAtCall = 0;       // this one call fails, those after it work again; 0 is never
-  int PowerOffAtCall = 0;   // this call and all later ones do nothing; of an append, half still arrives
-  bool DiskFull = false;    // what would make a file longer fails
-  bool ShortWrite = false;  // half of an append arrives before it fails
+  int FailAtCall = 0;      // this one call fails, those after it work again; 0 is never
+  int PowerOffAtCall = 0;  // this call and all later ones do nothing; of an append, half still arrives
   int Calls() const { return calls_; }
 
   bool Exists(std::string_view path) const override { return Works() && files_.Exists(path); }
@@ -26,15 +24,13 @@ class FaultyFiles final : public Files {
   }
 
   FileResult Write(std::string_view path, std::string_view bytes, FileAccess access) override {
-    if (!Works() || DiskFull) return {"No space left on device"};
+    if (!Works()) return {"No space left on device"};
     return files_.Write(path, bytes, access);
   }
 
   FileResult Append(std::string_view path, std::string_view bytes, FileAccess access) override {
-    const bool works = Works();
-    if (works && !DiskFull && !ShortWrite) return files_.Append(path, bytes, access);
-    if (ShortWrite || calls_ == PowerOffAtCall)
-      files_.Append(path, bytes.substr(0, bytes.size() / 2), access);
+    if (Works()) return files_.Append(path, bytes, access);
+    if (calls_ == PowerOffAtCall) files_.Append(path, bytes.substr(0, bytes.size() / 2), access);
     return {"No space left on device"};
   }
 

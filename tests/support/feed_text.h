@@ -6,22 +6,24 @@
 
 namespace brelwin::test {
 
-struct FeedItem {
-  std::string Title;               // "G4ABC/P on G/LD-001 @ 7.032 CW"
-  std::string Date;                // "24 Nov 2026 11:58:00"
-  std::string Description = "CQ";  // the comment
-  std::string PostedBy = "G4XYZ";
-};
+// A pubDate of 24 November 2026, the day of the test clock.
+inline std::string PubDate(const std::string& clockTime) {
+  return "Tue, 24 Nov 2026 " + clockTime + " GMT";
+}
 
-inline std::string FeedText(const std::vector<FeedItem>& items) {
+inline std::string FeedItemText(const std::string& title, const std::string& pubDate,
+                                const std::string& description = "CQ Posted by G4XYZ") {
+  return "<item>\r\n<title>" + title + "</title>\r\n<description>" + description +
+         "</description>\r\n<pubDate>" + pubDate + "</pubDate>\r\n</item>\r\n";
+}
+
+inline std::string FeedText(const std::vector<std::string>& items) {
   std::string text =
-      "<?xml version=\"1.0\"?>\n<rss version=\"2.0\">\n<channel>\n<title>SOTAwatch</title>\n"
-      "<lastBuildDate>Tue, 24 Nov 2026 12:00:00 GMT</lastBuildDate>\n";
-  for (const auto& item : items) {
-    text += "<item>\n<title>" + item.Title + "</title>\n<description>" + item.Description + " Posted by " +
-            item.PostedBy + "</description>\n<pubDate>Tue, " + item.Date + " GMT</pubDate>\n</item>\n";
-  }
-  return text + "</channel>\n</rss>\n";
+      "<?xml version=\"1.0\"?>\r\n<rss version=\"2.0\">\r\n<channel>\r\n<title>Sotawatch</title>\r\n"
+      "<description>Spots Posted by many</description>\r\n<lastBuildDate>" +
+      PubDate("12:00:00") + "</lastBuildDate>\r\n";
+  for (const auto& item : items) text += item;
+  return text + "</channel>\r\n</rss>\r\n";
 }
 
 }  // namespace brelwin::test

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "feed_text.h"
 #include "gateway/gateway_processing.h"
 #include "radio/dates.h"
 #include "radio/frequency.h"
@@ -45,6 +46,13 @@ inline ScriptedPost ServeSpotlite(const HttpRequest& request) {
   return {.Body = AcceptedPage(request)};
 }
 
+// How often a spot of the station reached the server.
+inline std::size_t PostsOf(const ScriptedHttp& http, const std::string& station) {
+  std::size_t count = 0;
+  for (const auto& request : http.Requests) count += FormFields(request.Body)["actCallsign"] == station;
+  return count;
+}
+
 struct ListedSpot {
   std::string Station;
   std::string Frequency;  // MHz
@@ -80,9 +88,9 @@ struct GatewayStory : TestHost {
 
   // What the feed answers from now on, newest first.
   void Feed(const std::vector<ListedSpot>& items) {
-    std::string xml = "<rss>\r\n";
-    for (const auto& item : items) xml += ItemText(item);
-    Internet.AnswerAlways(Config.Addresses.SotawatchRSS, xml + "</rss>\r\n");
+    std::vector<std::string> texts;
+    for (const auto& item : items) texts.push_back(ItemText(item));
+    Internet.AnswerAlways(Config.Addresses.SotawatchRSS, FeedText(texts));
   }
 
   // A spot as the intake holds it.
@@ -122,12 +130,7 @@ struct GatewayStory : TestHost {
     return PerformGatewayProcessing(TheGateway, matched, Values, Message);
   }
 
-  // How often a spot of the station reached the server.
-  std::size_t Posts(const std::string& station) const {
-    std::size_t count = 0;
-    for (const auto& request : Http.Requests) count += FormFields(request.Body)["actCallsign"] == station;
-    return count;
-  }
+  std::size_t Posts(const std::string& station) const { return PostsOf(Http, station); }
 
   // The event log's lines without their times, and without those of other procedures.
   std::string GatewayEvents() const {
@@ -146,9 +149,8 @@ struct GatewayStory : TestHost {
  private:
   std::string ItemText(const ListedSpot& item) const {
     const auto time = AddMinutes(Time.LocalNow(), -item.MinutesAgo);
-    return "<item>\r\n<title>" + item.Station + " ON G/LD-001 at " + item.Frequency + " CW</title>\r\n" +
-           "<pubDate>Tue, " + DateTimeText(time) + " GMT</pubDate>\r\n" +
-           "<description>test Posted by G4XYZ</description>\r\n</item>\r\n";
+    return FeedItemText(item.Station + " ON G/LD-001 at " + item.Frequency + " CW",
+                        "Tue, " + DateTimeText(time) + " GMT");
   }
 };
 

@@ -69,13 +69,12 @@ class MemoryFiles final : public Files {
   std::set<std::string> Unreadable;  // names (as Name gives them) that exist but cannot be read
   std::set<std::string> Unwritable;  // names that can only be read
   bool ReadOnly = false;             // every write fails
-  int FailAtCall = 0;                // the write with this number, from 1, and all later ones fail
   int WriteCalls = 0;
 
  private:
   bool Fails() {
     ++WriteCalls;
-    return ReadOnly || (FailAtCall != 0 && WriteCalls >= FailAtCall);
+    return ReadOnly;
   }
 
   void NoteAccess(std::string_view path, FileAccess access) {

@@ -59,7 +59,6 @@ class ScriptedSockets final : public SocketControls {
 
   // The peer of the next connection that is tried; when there is none left the connection is refused.
   void Peer(ScriptedPeer peer) { peers_.push_back(std::move(peer)); }
-  bool AllPeersMet() const { return peers_.empty(); }
 
   std::unique_ptr<SocketControl> Create() override { return std::make_unique<Socket>(*this); }
 

@@ -71,6 +71,18 @@ struct TestHost {
   }
 
   std::string EventLog() const { return Disk.Text("/brelwin/BrelwinEventLog.txt"); }
+
+  // What the event log says since it was last asked for, one message a line, without their times.
+  std::string TakeMessages() {
+    std::string messages;
+    const auto log = EventLog();
+    for (const auto line : SplitLines(log)) {
+      const auto endOfTime = line.find(": ");
+      messages.append(endOfTime == std::string_view::npos ? line : line.substr(endOfTime + 2)).append("\n");
+    }
+    Disk.Put("/brelwin/BrelwinEventLog.txt", "");
+    return messages;
+  }
 };
 
 }  // namespace brelwin::test
