@@ -76,6 +76,7 @@ void LoadList(MainWindow& window, std::string_view fileName, CallsignCollection&
 void LoadWebsites(MainWindow& window) {
   window.Websites = ReadWebsites(window.World, InProgramFolder(window.World, "SOTAWebsites.INI"));
   std::vector<std::string> names;
+  names.reserve(window.Websites.size());
   for (const auto& website : window.Websites) names.push_back(website.Name);
   window.Controls.Files.lstWebsites.Items = std::move(names);
 }
