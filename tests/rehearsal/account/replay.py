@@ -228,7 +228,7 @@ class Replay:
             return now
         if (spot.is_late or spot.is_near or is_open) and not self._was_looked_at(body, now, rest):
             return self._leave_aside(spot, body, now)
-        spot.is_near = spot.is_near or spot.is_late or is_open
+        spot.is_near = spot.is_near or is_open  # that a late one was looked at is decided by now
         if not self._final_check_follows(now):
             return self._miss_final_check(spot, body, now)
         return self._decide_finally(spot, body, self._next_page())
