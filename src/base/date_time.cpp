@@ -22,7 +22,8 @@ std::optional<DateTime> DateTimeFromCalendar(const CalendarTime& parts) {
                                          std::chrono::day(static_cast<unsigned>(parts.Day))};
   if (!date.ok()) return {};
   const std::int64_t days = std::chrono::sys_days(date).time_since_epoch().count();
-  return DateTime{days * SecondsPerDay + parts.Hour * 3600 + parts.Minute * 60 + parts.Second};
+  const int secondOfDay = parts.Hour * 3600 + parts.Minute * 60 + parts.Second;
+  return DateTime{days * SecondsPerDay + secondOfDay};
 }
 
 CalendarTime CalendarFromDateTime(DateTime time) {

@@ -127,7 +127,7 @@ SubmissionResult SendSpotToSotawatch(Host& host, SpotliteTransfer& transfer,
   if (host.ShuttingDown) return {.Reason = "the program is ending"};
   const auto check = CheckSpotliteForm(login, password, *spot);
   if (check.Refusal != FormRefusal::None) return NotSent(host, check);
-  const auto result = Submit(host, transfer, configuration, check.Form);
+  auto result = Submit(host, transfer, configuration, check.Form);
   TrapErrorsSilently([&] { LogSubmission(host, *spot, result.LogLine); });
   return result;
 }

@@ -141,7 +141,7 @@ std::optional<DateTime> ReadDateTime(std::string_view text) {
 
 bool IsTimeAlone(DateTime time) {
   const auto zero = DateTimeFromCalendar(DayZero);
-  return zero && time >= *zero && time < AddSeconds(*zero, 24 * 3600);
+  return zero && time >= *zero && time < AddSeconds(*zero, std::int64_t{24} * 3600);
 }
 
 bool IsDateNotNumber(std::string_view text) {
