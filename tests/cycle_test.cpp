@@ -122,8 +122,9 @@ TEST_F(Story, AnUnreachableFeedIsSaidOnceAndItsReturnToo) {
   Start();
   EXPECT_EQ(List().Text.Get(), "") << "what stood there before the first read says nothing true any more";
   EXPECT_FALSE(Window().Spots.picDownload.Visible);
-  Queue.RunFor(minutes(3));
   const auto linesWhileAway = SplitLines(EventLog()).size();
+  Queue.RunFor(minutes(3));
+  EXPECT_EQ(SplitLines(EventLog()).size(), linesWhileAway);
   EXPECT_FALSE(Window().Spots.lblStatus.Caption.Get().empty());
   Internet.AnswerAlways(FeedAddress, FeedText({Middle, Oldest}));
   Queue.RunFor(minutes(3));

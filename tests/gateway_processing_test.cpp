@@ -176,7 +176,9 @@ TEST(GatewayProcessing, KeepsTheIntervalWhateverTheWallClockDoes) {
   story.Process({story.SkimmerSpot("G4ABC", "14.062")});
   story.Time.SetLocalTime(AddMinutes(story.Time.LocalNow(), -60));
   story.Queue.RunFor(std::chrono::seconds(599));
+  const auto reads = story.Internet.Queries.size();
   story.Process({story.SkimmerSpot("G4ABC", "7.033")});
+  EXPECT_EQ(story.Internet.Queries.size(), reads + 1) << "the feed is looked at before the interval";
   const std::string tooSoon =
       "Spot not sent because the gateway sent a spot for the same station 599 seconds ago (min sec for "
       "respot=600).\n";
