@@ -54,7 +54,7 @@ class Scrape {
         return Withdraw(std::move(alert), Withdrawal::OptedOut,
                         "An alert containing NOTARNLINK/RBNN was not saved:");
       case Withdrawal::RemovedByEntry:
-      case Withdrawal::None: return Keep(std::move(alert), window.IsCustom);
+      case Withdrawal::None: return Keep(alert, window.IsCustom);
     }
   }
 
@@ -68,7 +68,7 @@ class Scrape {
   }
 
   // A deletion in the file is the activator's later word, so it is left alone.
-  void Keep(AlertPointer alert, bool hasCustomWindow) {
+  void Keep(const AlertPointer& alert, bool hasCustomWindow) {
     if (!alerts_.Add(alert) || !hasCustomWindow || modifications_.HoldsDeletion(alert->ID)) return;
     modifications_.RemoveEntries(alert->ID);
     modifications_.AddEntry(ModificationCommand::Add, *alert);

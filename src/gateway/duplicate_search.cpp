@@ -10,8 +10,13 @@ namespace {
 
 constexpr std::int64_t NearInHertz = 1000;
 
+// By the 7-digit decimal: spots and feeds write that, and the doubles behind them differ by chance.
 std::int64_t Hertz(float mhz) {
   return std::llround(ToDouble(SingleText(mhz)) * 1'000'000);
+}
+
+std::int64_t DistanceInHertz(float oneInMhz, float otherInMhz) {
+  return std::abs(Hertz(oneInMhz) - Hertz(otherInMhz));
 }
 
 bool IsTooOld(const Spot& spot, DupeAge age) {
@@ -53,10 +58,6 @@ DupeSearch Walk(const SpotCollection& spots, const Spot& spot, DupeAge age, Comp
 }
 
 }  // namespace
-
-std::int64_t DistanceInHertz(float oneInMhz, float otherInMhz) {
-  return std::abs(Hertz(oneInMhz) - Hertz(otherInMhz));
-}
 
 DupeSearch SearchCurrentSpots(const SpotCollection* current, const Spot& spot, DupeAge age) {
   if (current == nullptr) return {DupeFinding::NoCollection, nullptr};

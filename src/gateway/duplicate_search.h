@@ -37,8 +37,4 @@ DupeSearch SearchCurrentSpots(const SpotCollection* current, const Spot& spot, D
 // frequency less than 1 kHz away.
 DupeSearch SearchFeedSpots(const SpotCollection& feed, const Spot& spot, DupeAge age);
 
-// The distance of two frequencies in whole hertz, by their 7-digit decimals in MHz: spots and feeds write
-// those, and the doubles behind them differ by chance.
-std::int64_t DistanceInHertz(float oneInMhz, float otherInMhz);
-
 }  // namespace brelwin
