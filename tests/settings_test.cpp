@@ -176,8 +176,8 @@ TEST(Settings, SavingLeavesAloneWhatTheScreenCannotShow) {
   };
   for (const auto& [section, key, stored] :
        {Case{"General", "FilterStation", longText}, Case{"General", "PlaySoundWhen", "9"},
-        Case{"General", "LogFormat1", "tab"}, Case{"General", "FilterLog1", "on"},
-        Case{"Gateway", "SotawatchPassword", "\x01\x01"}, Case{"Gateway", "SotawatchPassword", longText}}) {
+        Case{"General", "LogFormat1", "tab"}, Case{"Gateway", "SotawatchPassword", "\x01\x01"},
+        Case{"Gateway", "SotawatchPassword", longText}}) {
     test::TestHost host;
     host.Disk.Put(Path, "[" + section + "]\r\n" + key + "=" + stored + "\r\n");
     ProgramRun run(host);
@@ -188,7 +188,6 @@ TEST(Settings, SavingLeavesAloneWhatTheScreenCannotShow) {
     run.Controls.Filters.txtFilterStation.Text = "touched";
     run.Controls.Filters.optPlaySoundWhen.Value = 3;
     run.Controls.Logs.optLogFormat1.Value = 3;
-    run.Controls.Logs.chkFilterLog1.Value = true;
     run.Controls.Gateway.txtSotawatchPassword.Text = "new";
     EXPECT_TRUE(run.File.SaveSettings());
     EXPECT_NE(run.Stored(section, key), stored);

@@ -1,7 +1,5 @@
 #include "settings/setting_value.h"
 
-#include <algorithm>
-#include <array>
 #include <type_traits>
 
 #include "base/encoding.h"
@@ -92,14 +90,6 @@ bool SurvivesTheFile(std::string_view text) {
   return read == text && text == Trim(text) && CharacterCount(text) <= LongestProfileValue;
 }
 
-// Any other word reads as off, but off is not what it says.
-bool IsNeitherOnNorOff(const SettingRow& row, std::string_view stored) {
-  constexpr std::array<std::string_view, 5> FalseWords = {"", "0", "FALSE", "NO", "OFF"};
-  if (!std::holds_alternative<CheckBox& (*)(Screen&)>(row.Target)) return false;
-  return !IsTrueWord(stored) &&
-         std::find(FalseWords.begin(), FalseWords.end(), UpperCase(Trim(stored))) == FalseWords.end();
-}
-
 bool HasNoOption(const SettingRow& row, SettingHolders holders, std::string_view stored) {
   const auto* access = std::get_if<OptionGroup& (*)(Screen&)>(&row.Target);
   return access != nullptr && !OptionOf((*access)(holders.Controls), Trim(stored));
@@ -132,7 +122,6 @@ std::optional<std::string> StoredForm(const SettingRow& row, std::string_view te
 std::string_view ReasonNotShown(const SettingRow& row, SettingHolders holders, std::string_view stored) {
   if (CharacterCount(stored) > LongestProfileValue) return "it is longer than 127 characters";
   if (HasNoOption(row, holders, stored)) return "no option button stands for its value";
-  if (IsNeitherOnNorOff(row, stored)) return "its value is neither on nor off";
   const auto text = Trim(stored);
   if (row.Use == SettingUse::Scrambled && ShiftDecode(text, PasswordShift).empty() != text.empty())
     return "it could not be decoded";
