@@ -7,7 +7,7 @@ import time
 import unittest
 
 from account import alerts, feed, ledger, radio, settings
-from account.items import Fate
+from account.items import BAD, Fate
 from account.replay import EXACT, REAL_TIME, Replay
 
 NOON = 1_795_521_600  # 24 November 2026, 12:00 UTC, in seconds
@@ -237,6 +237,14 @@ class Lines(unittest.TestCase):
                          'near a boundary of the stream or of the first check')
         posted = Story(page=alerts_page('13:02')).hear(55).check(60.7).check(70.6).post(70.7)
         self.assertEqual(fates(posted.end(80).judge(REAL_TIME)), [('undecidable', 'near a boundary, and posted')])
+
+    def test_of_two_late_lines_either_may_have_been_looked_at(self) -> None:
+        both = alerts_page() + alerts_page(station='M0XYZ/P').split('</span>', 1)[1]
+        duplicate = item('G4ABC/P on G/LD-001 @ 7.032 CW', 0)
+        story = Story(page=both).hear(59.95).hear(60.001, '7042.0', 'M0XYZ/P').check(60).check(70.01, duplicate, OTHER)
+        story.check(78.05, duplicate, OTHER).check(88.1, duplicate, OTHER)
+        story.post(88.2, BODY.replace('G4ABC', 'M0XYZ').replace('freq=7.032', 'freq=7.042'))
+        self.assertEqual(story.end(100).judge(REAL_TIME).of(*BAD), [])
 
 
 class Rules(unittest.TestCase):

@@ -4,14 +4,14 @@ Usage: python3 -m account [--real-time] [--password TEXT] FOLDER...
 
 Each folder has the ledger, "ledger.txt", and the settings and lists that the program was run with. Prints one
 table over all of them, and every spot that was missed, posted twice or posted wrongly. Exit status 1 when there
-is one, or when more than one matched spot in a hundred cannot be decided."""
+is one, or when more than one matched spot in a hundred (of fewer, more than one) cannot be decided."""
 
 import argparse
 import pathlib
 import sys
 
 from account import ledger, settings
-from account.items import BAD, Tally
+from account.items import BAD, Fate, Tally
 from account.replay import EXACT, REAL_TIME, Replay
 
 
@@ -36,7 +36,7 @@ def main() -> int:
         if not tally.is_good():
             failed.append(folder)
             print(f'{folder}:')
-            print('\n'.join(map(str, tally.of(*BAD)[:20])))
+            print('\n'.join(map(str, tally.of(*BAD, Fate.UNDECIDABLE)[:20])))
     print(whole.table())
     for folder in failed:
         print(f'FAILED: {folder}')

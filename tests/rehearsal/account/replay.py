@@ -122,6 +122,9 @@ class Replay:
         heard, about_stations = self.parser.parse(lines, now)
         for spot in heard:
             spot.is_late = now - spot.line.t < self.tolerance.jitter
+        late = [spot for spot in heard if spot.is_late]
+        for spot in late:
+            spot.has_company = len(late) > 1
         self.parsed_at = now
         self.tally.lines += about_stations
         self.quiet_since = self._pass_gates(heard, now) if self.settings.sends else now
@@ -280,8 +283,10 @@ class Replay:
         refusal = self._final_refusal(spot, page, now)
         if body is None and not refusal:
             refusal = 'the form cannot carry it'
-        spot.is_near = spot.is_near or self._is_open(lambda moment: self._final_refusal(spot, page, moment), now)
         post = self._post_that_follows(now)
+        is_open = self._is_open(lambda moment: self._final_refusal(spot, page, moment), now)
+        is_confirmed = post is not None and post.body == body and not refusal
+        spot.is_near = spot.is_near or is_open or (spot.has_company and not is_confirmed)
         if refusal and not (spot.is_near and post is not None):
             self.tally.add(Item(Fate.REFUSED, refusal, now, spot, body))
             return None if refusal.startswith('there are no spots') else now

@@ -26,6 +26,7 @@ class Heard:
     summit: str
     is_near: bool  # within the margin of a boundary: it might as well not have come this far
     is_late: bool = False  # came so shortly before the check that it may belong to the next one
+    has_company: bool = False  # of other late ones: which of them was looked at only a post can tell
 
 
 def fields_of(text: str) -> list[str]:
