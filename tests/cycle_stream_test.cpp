@@ -194,5 +194,13 @@ TEST_F(StreamStory, AnOutageIsToldFromItsBeginAndWithTheNextAttempt) {
       << status();
 }
 
+TEST_F(StreamStory, AConnectionLostBetweenTwoChecksIsTriedAgainByTheNextOne) {
+  Sockets.Peer(LoggingIn().Closes(seconds(4)));
+  Brelwin.Start({}, {});
+  Queue.RunFor(seconds(5));
+  const auto status = Window().RBN.lblRBNStatus.Caption.Get();
+  EXPECT_TRUE(status.ends_with("(closed by the server), next attempt at 12:00:10")) << status;
+}
+
 }  // namespace
 }  // namespace brelwin

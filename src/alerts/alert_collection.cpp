@@ -40,7 +40,8 @@ const AlertCollection::Places& AlertCollection::OfStation(const std::string& bas
 
 void AlertCollection::NoteWithdrawn(AlertPointer alert, Withdrawal reason) {
   stationMarks_.Note(alert->stationBaseCallsign);
-  withdrawn_[alert->stationBaseCallsign].push_back({alert, reason});
+  auto& ofStation = withdrawn_[alert->stationBaseCallsign];
+  ofStation.push_back({std::move(alert), reason});
 }
 
 const std::vector<WithdrawnAlert>& AlertCollection::WithdrawnOf(const std::string& baseCallsign) const {

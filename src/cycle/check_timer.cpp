@@ -4,16 +4,23 @@
 
 namespace brelwin {
 
-CheckTimerDriver::CheckTimerDriver(EventQueue& events, CheckTimer& timer, std::function<void()> onTick)
-    : events_(events),
+CheckTimerDriver::CheckTimerDriver(const Clock& time, EventQueue& events, CheckTimer& timer,
+                                   std::function<void()> onTick)
+    : time_(time),
+      events_(events),
       timer_(timer),
       onTick_(std::move(onTick)),
       enabled_(timer.Enabled.WhenChanged([this] { Restart(); })),
       interval_(timer.Interval.WhenChanged([this] { Restart(); })) {}
 
 void CheckTimerDriver::Restart() {
-  pending_ = timer_.Enabled ? events_.CallAfter(Milliseconds(timer_.Interval.Get()), [this] { Tick(); })
-                            : TimerHandle();
+  const Milliseconds interval(timer_.Interval.Get());
+  due_ = time_.Now() + interval;
+  pending_ = timer_.Enabled ? events_.CallAfter(interval, [this] { Tick(); }) : TimerHandle();
+}
+
+std::optional<Instant> CheckTimerDriver::Due() const {
+  return timer_.Enabled ? std::optional(due_) : std::nullopt;
 }
 
 void CheckTimerDriver::Tick() {

@@ -37,7 +37,7 @@ auto Handler(MainWindow& window, std::function<void()> body) {
 // A box is not ticked while its click cannot be acted on.
 auto BoxHandler(MainWindow& window, CheckBox& box, std::function<void()> body) {
   return [&window, &box, handler = Handler(window, std::move(body))] {
-    if (window.FormLoading) box.Value = !box.Value;
+    if (window.FormLoading || window.World.ShuttingDown) box.Value = !box.Value;
     handler();
   };
 }
@@ -165,6 +165,12 @@ void SwitchGatewayForAll(MainWindow& window) {
   window.Controls.Window.Caption = WindowCaption(tab.chkRBNSendAllSpotsToSotawatch.Value);
 }
 
+// While a spot is being sent the test is refused in words, whatever else is going on.
+void TestLoginUnlessFetching(MainWindow& window) {
+  if (window.World.FetchInProgress && !window.SpotGateway.Transfer.SendInProgress()) return;
+  cmdTestSotawatchLogin_Click(window.SpotGateway);
+}
+
 void ConnectGateway(MainWindow& window) {
   auto& tab = window.Controls.Gateway;
   auto& all = tab.chkRBNSendAllSpotsToSotawatch;
@@ -172,8 +178,7 @@ void ConnectGateway(MainWindow& window) {
   all.Click = BoxHandler(window, all, [&window] { SwitchGatewayForAll(window); });
   mine.Click = BoxHandler(
       window, mine, [&window] { chkRBNSendMySpotsToSotawatch_Click(window.World, window.Controls.Gateway); });
-  tab.cmdTestSotawatchLogin.Click =
-      WorkHandler(window, [](MainWindow& form) { cmdTestSotawatchLogin_Click(form.SpotGateway); });
+  tab.cmdTestSotawatchLogin.Click = Handler(window, [&window] { TestLoginUnlessFetching(window); });
 }
 
 }  // namespace

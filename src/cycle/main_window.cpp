@@ -10,7 +10,7 @@ MainWindow::MainWindow(Host& host)
     : World(host),
       Commands(host, CommandMemory(host, InProgramFolder(host, "Brelwin.INI"),
                                    [this] { return SettingsFile.PrepareFile(); })),
-      TickDriver(host.Events, Controls.tmrCheckSpots,
+      TickDriver(host.Time, host.Events, Controls.tmrCheckSpots,
                  [this] { Enter(*this, [this] { tmrCheckSpots_Timer(*this); }); }) {
   // Shown only while they are true.
   Controls.Spots.picDownload.Visible = false;

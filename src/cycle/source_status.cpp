@@ -3,10 +3,13 @@
 #include <chrono>
 #include <string>
 
+#include "base/text.h"
 #include "radio/dates.h"
 
 namespace brelwin {
 namespace {
+
+constexpr Milliseconds HalfASecond{500};  // to round
 
 std::string SotawatchText(const MainWindow& window) {
   const auto& state = window.Sotawatch;
@@ -17,7 +20,15 @@ std::string SotawatchText(const MainWindow& window) {
 // When the next check, and with it the next attempt at what failed in this one, is due.
 std::optional<DateTime> NextCheck(const MainWindow& window) {
   if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return {};
-  return AddSeconds(window.World.Time.LocalNow(), window.CheckInterval / 1000);
+  const auto& time = window.World.Time;
+  const auto due = window.TickDriver.Due();
+  const auto seconds = due ? SecondsBetween(time.Now(), *due + HalfASecond) : window.CheckInterval / 1000;
+  return AddSeconds(time.LocalNow(), seconds);
+}
+
+// Without a callsign there is no attempt.
+std::optional<DateTime> NextAttempt(const MainWindow& window) {
+  return Trim(window.Controls.RBN.txtRBNCallsign.Text.Get()).empty() ? std::nullopt : NextCheck(window);
 }
 
 std::string AlertsText(const MainWindow& window) {
@@ -44,14 +55,14 @@ std::string GatewayText(const GatewayTab& tab, const RBNTab& rbn) {
 void ShowSourceStatus(MainWindow& window) {
   window.Controls.Spots.lblSources.Caption = GatewayText(window.Controls.Gateway, window.Controls.RBN) +
                                              SotawatchText(window) + " | " + AlertsText(window) + " | " +
-                                             StreamStatusText(window.RBN.Status, NextCheck(window));
+                                             StreamStatusText(window.RBN.Status, NextAttempt(window));
 }
 
 void ShowStreamStage(MainWindow& window) {
   auto stage = window.RBN.Status;
   stage.Lines = 0;  // this line is about the stage; the counts are on the status line
   stage.LastLine.reset();
-  window.Controls.RBN.lblRBNStatus.Caption = StreamStatusText(stage, NextCheck(window));
+  window.Controls.RBN.lblRBNStatus.Caption = StreamStatusText(stage, NextAttempt(window));
   ShowSourceStatus(window);
 }
 

@@ -105,8 +105,7 @@ std::string CredentialWarning(std::string_view login, std::string_view password)
                                              : "The login and the password both hold";
   return std::string(whose) +
          " a character that the form cannot carry (&, =, %, +, a blank or one outside ASCII); logging in "
-         "will "
-         "fail.";
+         "will fail.";
 }
 
 std::string AddressWarning(std::string_view url) {

@@ -62,7 +62,7 @@ struct RBNConnection {
   Instant LastArrival;         // of any bytes
   Instant LastRawRBNSpotTime;  // when a spot line was last read, or the login was completed
 
-  std::optional<DateTime> DownSince;  // local; from the first failure to the next login
+  std::optional<DateTime> DownSince;  // local; the first failure after the last login, or since switched on
   StreamStatus Status;
   Signal StatusChanged;  // raised when the stage changes, not for every line
 

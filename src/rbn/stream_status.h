@@ -13,7 +13,7 @@ enum class StreamStage : std::uint8_t { Off, Connecting, AwaitingLogin, Receivin
 
 struct StreamStatus {
   StreamStage Stage = StreamStage::Off;
-  DateTime Since;                    // local; of no connection, since the last login was lost
+  DateTime Since;                    // local; of no connection, since the first failure after the last login
   std::string Peer;                  // host and port
   std::string Failure;               // why there is no connection, in words
   std::int64_t Lines = 0;            // received since the login, of every kind
