@@ -26,8 +26,16 @@ struct Decimal {
 
 int DigitsBeforePoint(double magnitude) {
   int digits = 0;
-  for (double power = 1; magnitude >= power; power *= 10) ++digits;
-  for (double power = 0.1; magnitude < power; power /= 10) --digits;
+  double power = 1;
+  while (magnitude >= power) {
+    ++digits;
+    power *= 10;
+  }
+  power = 0.1;
+  while (magnitude < power) {
+    --digits;
+    power /= 10;
+  }
   return digits;
 }
 
