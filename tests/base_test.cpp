@@ -1,7 +1,14 @@
-// What of the ground floor no other test would miss: broken encodings, and watchers that come and go.
+// What of the ground floor no other test would miss: broken encodings, watchers that come and go, and the
+// keyed collection under every order of changes.
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <random>
+#include <utility>
+#include <vector>
+
 #include "base/encoding.h"
+#include "base/keyed_collection.h"
 #include "base/observable.h"
 
 namespace brelwin {
@@ -37,6 +44,76 @@ TEST(Observable, TellsOfChangesOnlyAndSurvivesWatchersThatComeAndGo) {
   first = Watch();
   value = 3;
   EXPECT_EQ(told, 1);
+}
+
+// The collection as it would be without an index: slow, and plainly right.
+class PlainCollection {
+ public:
+  bool Add(int item, const std::string& key, bool inFront) {
+    if (!key.empty() && Find(key) != entries_.end()) return false;
+    entries_.insert(inFront ? entries_.begin() : entries_.end(), {key, item});
+    return true;
+  }
+  bool Remove(const std::string& key) {
+    const auto found = key.empty() ? entries_.end() : Find(key);
+    if (found == entries_.end()) return false;
+    entries_.erase(found);
+    return true;
+  }
+  void Trim(std::size_t count) { entries_.resize(std::min(count, entries_.size())); }
+  void Reverse() { std::reverse(entries_.begin(), entries_.end()); }
+
+  void ExpectSame(const KeyedCollection<int>& collection) {
+    ASSERT_EQ(collection.Count(), entries_.size());
+    std::size_t position = 0;
+    for (const auto& entry : collection) {
+      const auto& [key, item] = entries_[position++];
+      ASSERT_EQ(std::pair(entry.Key, entry.Item), std::pair(key, item));
+      ASSERT_EQ(*collection.At(position), item);
+      ASSERT_TRUE(key.empty() || collection.Find(UpperCase(key)) == &entry.Item);
+    }
+    ASSERT_EQ(collection.At(0), nullptr);
+    ASSERT_EQ(collection.At(position + 1), nullptr);
+  }
+
+ private:
+  std::vector<std::pair<std::string, int>>::iterator Find(const std::string& key) {
+    return std::find_if(entries_.begin(), entries_.end(),
+                        [&key](const auto& entry) { return EqualsIgnoringCase(entry.first, key); });
+  }
+
+  std::vector<std::pair<std::string, int>> entries_;
+};
+
+TEST(KeyedCollection, HoldsWhatAPlainListWouldAfterAnyChanges) {
+  std::mt19937 random(11);
+  KeyedCollection<int> collection;
+  PlainCollection plain;
+  for (int item = 1; item <= 20'000; ++item) {
+    const auto chosen = random() % 200;
+    const auto key =
+        chosen == 0 ? "" : (random() % 2 == 0 ? "Key of a spot " : "KEY OF A SPOT ") + std::to_string(chosen);
+    const auto change = random() % 100;
+    if (change < 55) {
+      const bool inFront = change < 25;
+      ASSERT_EQ(inFront ? collection.AddInFront(item, key) : collection.Add(item, key),
+                plain.Add(item, key, inFront));
+    } else if (change < 97) {
+      ASSERT_EQ(collection.Remove(key), plain.Remove(key));
+    } else if (change == 97) {
+      collection.Reverse();
+      plain.Reverse();
+    } else if (change == 98) {
+      const auto most = random() % 300;
+      collection.Trim(most);
+      plain.Trim(most);
+    } else {
+      auto moved = std::move(collection);
+      collection = KeyedCollection<int>(moved);
+    }
+    if (item % 50 == 0) plain.ExpectSame(collection);
+    if (testing::Test::HasFatalFailure()) return;
+  }
 }
 
 }  // namespace

@@ -3,13 +3,14 @@
 #pragma once
 
 #include <cstddef>
-#include <list>
+#include <cstdint>
+#include <deque>
+#include <iterator>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 
-#include "base/text.h"
+#include "base/key_index.h"
 
 namespace brelwin {
 
@@ -20,12 +21,51 @@ class KeyedCollection {
     std::string Key;  // as given; empty when the item has none
     T Item;
   };
-  using const_iterator = typename std::list<Entry>::const_iterator;
 
-  // A sparse index: walking over keys that share a place costs more than the place.
-  KeyedCollection() { index_.max_load_factor(0.5F); }
-  KeyedCollection(KeyedCollection&&) noexcept = default;
-  KeyedCollection& operator=(KeyedCollection&&) noexcept = default;
+ private:
+  struct Node : Entry {
+    Node* Previous = nullptr;
+    Node* Next = nullptr;
+    std::uint32_t Number = 0;  // of the node among all
+  };
+  using Nodes = std::deque<Node>;
+
+ public:
+  class const_iterator {
+   public:
+    using iterator_category = std::bidirectional_iterator_tag;
+    using value_type = Entry;
+    using difference_type = std::ptrdiff_t;
+    using pointer = const Entry*;
+    using reference = const Entry&;
+
+    const_iterator() = default;
+    explicit const_iterator(const Node* node) : node_(node) {}
+    reference operator*() const { return *node_; }
+    pointer operator->() const { return node_; }
+    const_iterator& operator++() {
+      node_ = node_->Next;
+      return *this;
+    }
+    const_iterator& operator--() {
+      node_ = node_->Previous;
+      return *this;
+    }
+    const_iterator operator++(int) { return const_iterator(std::exchange(node_, node_->Next)); }
+    const_iterator operator--(int) { return const_iterator(std::exchange(node_, node_->Previous)); }
+    bool operator==(const const_iterator& other) const = default;
+
+   private:
+    const Node* node_ = nullptr;
+  };
+
+  KeyedCollection() { Clear(); }
+  KeyedCollection(KeyedCollection&& other) noexcept : KeyedCollection() { Swap(other); }
+  KeyedCollection& operator=(KeyedCollection&& other) noexcept {
+    KeyedCollection taken(std::move(other));
+    Swap(taken);
+    return *this;
+  }
   KeyedCollection(const KeyedCollection& other) : KeyedCollection() {
     Reserve(other.Count());
     for (const auto& entry : other) Add(entry.Item, entry.Key);
@@ -37,89 +77,122 @@ class KeyedCollection {
   ~KeyedCollection() = default;
 
   // Makes room for this many keys, so that adding many items does not sort them in anew again and again.
-  void Reserve(std::size_t count) { index_.reserve(count); }
+  void Reserve(std::size_t count) { index_.Reserve(count); }
 
   // Adds the item at the end, or in front of all others. False, with nothing changed, when the key is not
   // empty and already held. Items without a key can always be added.
-  bool Add(T item, std::string_view key) { return Insert(entries_.end(), std::move(item), key); }
-  bool AddInFront(T item, std::string_view key) { return Insert(entries_.begin(), std::move(item), key); }
+  bool Add(T item, std::string_view key) { return Insert(Ring(), std::move(item), key); }
+  bool AddInFront(T item, std::string_view key) { return Insert(*Ring().Next, std::move(item), key); }
 
-  bool Contains(std::string_view key) const { return index_.contains(key); }
+  bool Contains(std::string_view key) const { return index_.Find(nodes_, key) != 0; }
 
   // The item under the key, or a null pointer. It stays valid until the item is removed.
   const T* Find(std::string_view key) const {
-    const auto found = index_.find(key);
-    return found == index_.end() ? nullptr : &found->second->Item;
+    const auto number = index_.Find(nodes_, key);
+    return number == 0 ? nullptr : &nodes_[number].Item;
   }
   T* Find(std::string_view key) {
-    const auto found = index_.find(key);
-    return found == index_.end() ? nullptr : &found->second->Item;
+    const auto number = index_.Find(nodes_, key);
+    return number == 0 ? nullptr : &nodes_[number].Item;
   }
 
   // The item at the 1-based position, or a null pointer. Walks from the nearer end.
   const T* At(std::size_t position) const {
-    if (position < 1 || position > entries_.size()) return nullptr;
+    if (position < 1 || position > count_) return nullptr;
     const auto index = static_cast<std::ptrdiff_t>(position - 1);
-    const auto size = static_cast<std::ptrdiff_t>(entries_.size());
-    const auto found =
-        index <= size / 2 ? std::next(entries_.begin(), index) : std::prev(entries_.end(), size - index);
-    return &found->Item;
+    const auto size = static_cast<std::ptrdiff_t>(count_);
+    return &(index <= size / 2 ? std::next(begin(), index) : std::prev(end(), size - index))->Item;
   }
 
   // True when an item had the key and was removed.
   bool Remove(std::string_view key) {
-    const auto found = index_.find(key);
-    if (found == index_.end()) return false;
-    const auto entry = found->second;
-    index_.erase(found);
-    entries_.erase(entry);
+    const auto number = index_.Remove(nodes_, key);
+    if (number == 0) return false;
+    Unlink(nodes_[number]);
     return true;
   }
 
   // Keeps the first `count` items.
   void Trim(std::size_t count) {
-    while (entries_.size() > count) {
-      index_.erase(entries_.back().Key);
-      entries_.pop_back();
+    while (count_ > count) {
+      auto& last = *Ring().Previous;
+      index_.Remove(nodes_, last.Key);
+      Unlink(last);
     }
   }
 
   // Turns the order round.
-  void Reverse() { entries_.reverse(); }
-
-  void Clear() {
-    index_.clear();
-    entries_.clear();
+  void Reverse() {
+    auto* node = &Ring();
+    do {
+      std::swap(node->Previous, node->Next);
+      node = node->Previous;
+    } while (node != &Ring());
   }
 
-  std::size_t Count() const { return entries_.size(); }
-  bool Empty() const { return entries_.empty(); }
-  const_iterator begin() const { return entries_.begin(); }
-  const_iterator end() const { return entries_.end(); }
+  void Clear() {
+    index_.Clear();
+    nodes_.clear();
+    free_ = nullptr;
+    count_ = 0;
+    auto& ring = nodes_.emplace_back();
+    ring.Previous = ring.Next = &ring;
+  }
+
+  std::size_t Count() const { return count_; }
+  bool Empty() const { return count_ == 0; }
+  const_iterator begin() const { return const_iterator(nodes_.front().Next); }
+  const_iterator end() const { return const_iterator(&nodes_.front()); }
 
  private:
-  struct HashIgnoringCase {
-    std::size_t operator()(std::string_view key) const { return brelwin::HashIgnoringCase(key); }
-  };
-  struct EqualIgnoringCase {
-    bool operator()(std::string_view left, std::string_view right) const {
-      return EqualsIgnoringCase(left, right);
-    }
-  };
+  // The first node closes the ring: it stands behind the last entry and in front of the first.
+  Node& Ring() { return nodes_.front(); }
 
-  bool Insert(const_iterator where, T item, std::string_view key) {
-    std::list<Entry> single;
-    single.push_back({std::string(key), std::move(item)});
-    if (!key.empty() && !index_.try_emplace(single.front().Key, single.begin()).second) return false;
-    entries_.splice(where, single);
+  Node& NewNode() {
+    auto& node = nodes_.emplace_back();
+    node.Number = static_cast<std::uint32_t>(nodes_.size() - 1);
+    return node;
+  }
+
+  bool Insert(Node& next, T item, std::string_view key) {
+    auto& node = free_ != nullptr ? *std::exchange(free_, free_->Next) : NewNode();
+    node.Key = key;
+    if (!key.empty() && !index_.Add(nodes_, node.Number)) {
+      Free(node);
+      return false;
+    }
+    node.Item = std::move(item);
+    node.Next = &next;
+    node.Previous = std::exchange(next.Previous, &node);
+    node.Previous->Next = &node;
+    ++count_;
     return true;
   }
 
-  std::list<Entry> entries_;
-  // The keys point into the entries, which never move.
-  std::unordered_map<std::string_view, typename std::list<Entry>::iterator, HashIgnoringCase,
-                     EqualIgnoringCase>
-      index_;
+  void Unlink(Node& node) {
+    node.Previous->Next = node.Next;
+    node.Next->Previous = node.Previous;
+    --count_;
+    Free(node);
+  }
+
+  void Free(Node& node) {
+    node.Key = {};
+    node.Item = {};
+    node.Next = std::exchange(free_, &node);
+  }
+
+  void Swap(KeyedCollection& other) noexcept {
+    nodes_.swap(other.nodes_);
+    std::swap(index_, other.index_);
+    std::swap(free_, other.free_);
+    std::swap(count_, other.count_);
+  }
+
+  Nodes nodes_;  // they never move, and one that becomes free is used again
+  KeyIndex<Nodes> index_;
+  Node* free_ = nullptr;
+  std::size_t count_ = 0;
 };
 
 }  // namespace brelwin
