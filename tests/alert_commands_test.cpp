@@ -40,7 +40,7 @@ class ProgramRun {
 
   std::string Keys() const {
     std::string keys;
-    for (const auto& [place, alert] : Alerts.All()) keys += alert->AlertKey + "\n";
+    for (const auto& entry : Alerts.All()) keys += entry.Item.Alert->AlertKey + "\n";
     return keys;
   }
 

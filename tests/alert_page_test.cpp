@@ -25,7 +25,7 @@ class AlertsPageTest : public ::testing::Test {
 
   std::string Keys() const {
     std::string keys;
-    for (const auto& [place, alert] : alerts_.All()) keys += alert->AlertKey + "\n";
+    for (const auto& entry : alerts_.All()) keys += entry.Item.Alert->AlertKey + "\n";
     return keys;
   }
 
@@ -52,7 +52,7 @@ TEST_F(AlertsPageTest, ReadsEveryFieldAsPeopleReadIt) {
              .Frequencies = "14.062-cw,&nbsp;<strong>7</strong>-ssb"});
   EXPECT_EQ(Take("<html>" + Heading() + table), -1);
   ASSERT_EQ(alerts_.Count(), 1U);
-  const auto& alert = *alerts_.All().begin()->second;
+  const auto& alert = *alerts_.All().begin()->Item.Alert;
   EXPECT_EQ(alert.OperatorName, "Jos\xC3\xA9 B");
   EXPECT_EQ(alert.SummitName, "Pico <Alto>");
   EXPECT_EQ(alert.SummitElevationInMeters, 1);
@@ -157,7 +157,7 @@ TEST_F(AlertsPageTest, AnAlertWithItsOwnWindowIsWrittenToTheModificationsOnce) {
 
   // Gone from the page, it comes back from the file.
   Take(Heading() + Table({.Callsign = "M0XYZ"}));
-  EXPECT_EQ(alerts_.All().begin()->second->AlertKey, key);
+  EXPECT_EQ(alerts_.All().begin()->Item.Alert->AlertKey, key);
   EXPECT_EQ(alerts_.Count(), 2U);
 
   // Written over with a word of withdrawal, it does not.

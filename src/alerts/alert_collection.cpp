@@ -2,34 +2,36 @@
 
 namespace brelwin {
 
-bool AlertCollection::Insert(AlertPointer alert, std::int64_t place) {
-  if (!placeOfKey_.try_emplace(alert->AlertKey, place).second) return false;
-  const auto& station = alert->stationBaseCallsign;
+AlertCollection::Places& AlertCollection::PlacesFor(const SOTAAlert& alert) {
+  const auto& station = alert.stationBaseCallsign;
   if (stations_.Add(station, station)) stationMarks_.Note(station);
-  InsertAtEnd(ofStation_[station], place, alert);
-  InsertAtEnd(alerts_, place, std::move(alert));
+  return ofStation_[station];
+}
+
+bool AlertCollection::Add(const AlertPointer& alert) {
+  if (!alerts_.Add({alert, last_ + 1}, alert->AlertKey)) return false;
+  auto& places = PlacesFor(*alert);
+  places.emplace_hint(places.end(), ++last_, alert);
   return true;
 }
 
-// A new alert has the first or the last place of all.
-void AlertCollection::InsertAtEnd(Places& places, std::int64_t place, AlertPointer alert) {
-  places.emplace_hint(place < 0 ? places.begin() : places.end(), place, std::move(alert));
+bool AlertCollection::AddInFront(const AlertPointer& alert) {
+  if (!alerts_.AddInFront({alert, first_ - 1}, alert->AlertKey)) return false;
+  auto& places = PlacesFor(*alert);
+  places.emplace_hint(places.begin(), --first_, alert);
+  return true;
 }
 
 bool AlertCollection::Remove(std::string_view key) {
-  const auto found = placeOfKey_.find(key);
-  if (found == placeOfKey_.end()) return false;
-  const auto place = found->second;
-  placeOfKey_.erase(found);
-  const auto alert = alerts_.find(place);
-  ofStation_[alert->second->stationBaseCallsign].erase(place);
-  alerts_.erase(alert);
-  return true;
+  const auto* held = alerts_.Find(key);
+  if (held == nullptr) return false;
+  ofStation_[held->Alert->stationBaseCallsign].erase(held->Place);
+  return alerts_.Remove(key);
 }
 
 AlertPointer AlertCollection::Find(std::string_view key) const {
-  const auto found = placeOfKey_.find(key);
-  return found == placeOfKey_.end() ? nullptr : alerts_.at(found->second);
+  const auto* held = alerts_.Find(key);
+  return held == nullptr ? nullptr : held->Alert;
 }
 
 const AlertCollection::Places& AlertCollection::OfStation(const std::string& baseCallsign) const {

@@ -13,7 +13,6 @@
 
 #include "alerts/sota_alert.h"
 #include "base/presence_marks.h"
-#include "base/text.h"
 #include "spots/spot.h"
 
 namespace brelwin {
@@ -26,25 +25,31 @@ struct WithdrawnAlert {
   Withdrawal Reason = Withdrawal::None;
 };
 
+struct PlacedAlert {
+  AlertPointer Alert;
+  std::int64_t Place = 0;  // grows from the first to the last of a collection
+};
+
 class AlertCollection {
  public:
-  // Alerts by their place: walking it is walking them in collection order.
+  // The alerts of a station by their place among all: walking them is walking in collection order.
   using Places = std::map<std::int64_t, AlertPointer>;
 
   // Adds the alert under its AlertKey at the end, or in front of all others, and its base callsign to the
-  // stations. False, with nothing changed, when the key is held already; keys have no letter case.
-  bool Add(AlertPointer alert) { return Insert(std::move(alert), ++last_); }
-  bool AddInFront(AlertPointer alert) { return Insert(std::move(alert), --first_); }
+  // stations. False, with nothing changed, when the key is held already; keys have no letter case. One
+  // without a key is always added.
+  bool Add(const AlertPointer& alert);
+  bool AddInFront(const AlertPointer& alert);
 
   // True when an alert had the key and was removed. Its station stays among the stations.
   bool Remove(std::string_view key);
 
-  bool Contains(std::string_view key) const { return Find(key) != nullptr; }
+  bool Contains(std::string_view key) const { return alerts_.Contains(key); }
   AlertPointer Find(std::string_view key) const;  // null without one
 
-  std::size_t Count() const { return alerts_.size(); }
-  bool Empty() const { return alerts_.empty(); }
-  const Places& All() const { return alerts_; }
+  std::size_t Count() const { return alerts_.Count(); }
+  bool Empty() const { return alerts_.Empty(); }
+  const KeyedCollection<PlacedAlert>& All() const { return alerts_; }
 
   // Base callsigns for which an alert was added, each once, in the order in which they came.
   const CallsignCollection& Stations() const { return stations_; }
@@ -69,23 +74,11 @@ class AlertCollection {
   void SetReadAt(DateTime local) { readAt_ = local; }
 
  private:
-  struct HashWithoutCase {
-    std::size_t operator()(std::string_view key) const { return HashIgnoringCase(key); }
-  };
-  struct EqualWithoutCase {
-    bool operator()(std::string_view left, std::string_view right) const {
-      return EqualsIgnoringCase(left, right);
-    }
-  };
-
-  bool Insert(AlertPointer alert, std::int64_t place);
-  static void InsertAtEnd(Places& places, std::int64_t place, AlertPointer alert);
+  Places& PlacesFor(const SOTAAlert& alert);  // its station becomes one of the stations
 
   std::int64_t first_ = 0;
   std::int64_t last_ = 0;
-  Places alerts_;
-  // The keys point into the alerts, which do not change.
-  std::unordered_map<std::string_view, std::int64_t, HashWithoutCase, EqualWithoutCase> placeOfKey_;
+  KeyedCollection<PlacedAlert> alerts_;
   std::unordered_map<std::string, Places> ofStation_;
   std::unordered_map<std::string, std::vector<WithdrawnAlert>> withdrawn_;
   CallsignCollection stations_;

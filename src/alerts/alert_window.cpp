@@ -22,10 +22,9 @@ std::int32_t ReadMinutes(const ProfileSection& section, std::string_view key) {
 }
 
 std::string DigitsAndPoints(std::string_view text) {
-  constexpr std::string_view Wanted = "0123456789.";
   std::string digits;
   for (const char c : text) {
-    if (Contains(Wanted, std::string_view(&c, 1))) {
+    if ((c >= '0' && c <= '9') || c == '.') {
       digits.push_back(c);
     } else if (c != ' ') {
       break;
@@ -37,6 +36,14 @@ std::string DigitsAndPoints(std::string_view text) {
 bool IsTooLarge(std::string_view digits) {
   digits.remove_prefix(std::min(digits.find_first_not_of('0'), digits.size()));
   return std::min(digits.find('.'), digits.size()) > MostDigits;
+}
+
+// The comment is in upper case. 0 without the marker.
+float NumberAfter(std::string_view comment, std::string_view marker) {
+  const auto at = comment.find(marker);
+  if (at == std::string_view::npos) return 0;
+  const auto digits = DigitsAndPoints(comment.substr(at + marker.size()));
+  return IsTooLarge(digits) ? std::numeric_limits<float>::max() : ToSingle(ToDouble(digits));
 }
 
 std::int32_t MinutesOfHours(float hours) {
@@ -66,23 +73,16 @@ AlertWindow DurationOverrides::Of(std::string_view baseCallsign) const {
 
 AnnouncedWindow WindowOfAlert(const AlertWindow& override, std::string_view comment) {
   AnnouncedWindow window{override, override != AlertWindow()};
-  if (const auto hours = NumberAfterMarker(comment, "S-"); hours > 0) {
+  const auto upper = UpperCase(comment);
+  if (const auto hours = NumberAfter(upper, "S-"); hours > 0) {
     window.Window.MinutesBefore = MinutesOfHours(hours);
     window.IsCustom = true;
   }
-  if (const auto hours = NumberAfterMarker(comment, "S+"); hours > 0) {
+  if (const auto hours = NumberAfter(upper, "S+"); hours > 0) {
     window.Window.MinutesAfter = MinutesOfHours(hours);
     window.IsCustom = true;
   }
   return window;
-}
-
-float NumberAfterMarker(std::string_view text, std::string_view marker) {
-  if (marker.empty()) return 0;
-  const auto at = UpperCase(text).find(UpperCase(marker));
-  if (at == std::string::npos) return 0;
-  const auto digits = DigitsAndPoints(text.substr(at + marker.size()));
-  return IsTooLarge(digits) ? std::numeric_limits<float>::max() : ToSingle(ToDouble(digits));
 }
 
 }  // namespace brelwin

@@ -39,11 +39,8 @@ struct AnnouncedWindow {
 };
 
 // The override, amended by the markers in the comment: "S-1.5" opens the window 90 minutes before the alert
-// time, "S+2" closes it 120 minutes after it.
+// time, "s+2" closes it 120 minutes after it. The first marker of a kind counts; its number is the digits and
+// "." up to the first other character, blanks left out, and is held at the largest when it is too large.
 AnnouncedWindow WindowOfAlert(const AlertWindow& override, std::string_view comment);
-
-// The number behind the first such marker, whatever its letter case: digits and "." up to the first other
-// character, blanks left out. 0 without one. A number too large for the type is held at the largest.
-float NumberAfterMarker(std::string_view text, std::string_view marker);
 
 }  // namespace brelwin

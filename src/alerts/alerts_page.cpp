@@ -32,15 +32,16 @@ class Scrape {
 
   void Take(AnnouncedActivation&& activation) {
     const auto& stations = activation.Stations;
-    for (std::size_t i = 0; i + 1 < stations.size(); ++i) TakeStation(activation.Alert, stations[i]);
-    if (!stations.empty()) TakeStation(std::move(activation.Alert), stations.back());
+    for (std::size_t i = 0; i + 1 < stations.size(); ++i)
+      TakeStation(std::make_shared<SOTAAlert>(activation.Alert), stations[i]);
+    if (!stations.empty())
+      TakeStation(std::make_shared<SOTAAlert>(std::move(activation.Alert)), stations.back());
   }
 
   AlertCollection&& Result() { return std::move(alerts_); }
 
  private:
-  void TakeStation(SOTAAlert announced, const std::string& station) {
-    auto alert = std::make_shared<SOTAAlert>(std::move(announced));
+  void TakeStation(std::shared_ptr<SOTAAlert> alert, const std::string& station) {
     alert->Station = station;
     alert->stationBaseCallsign = GetBaseCallsign(station);
     const auto window = WindowOfAlert(overrides_.Of(alert->stationBaseCallsign), alert->Comment);

@@ -149,11 +149,11 @@ std::optional<AnnouncedActivation> ReadTable(std::string_view table, std::option
   auto cells = table;
   const auto popUp = TakeBetween(cells, PopUpBegin, PopUpEnd);
   if (!popUp) return {};
-  AnnouncedActivation activation;
-  auto& alert = activation.Alert;
+  std::optional<AnnouncedActivation> activation(std::in_place);
+  auto& alert = activation->Alert;
   SetAlertDate(alert, date);
   SetPopUp(alert, *popUp);
-  SetCells(activation, cells);
+  SetCells(*activation, cells);
   auto commentRest = table;
   alert.Comment = PlainText(TakeBetween(commentRest, CommentBegin, SpanEnd).value_or(""));
   auto posterRest = table;

@@ -47,7 +47,7 @@ class AlertsReport {
 
 std::string AlertsReportText(const AlertCollection& alerts) {
   AlertsReport report;
-  for (const auto& [place, alert] : alerts.All()) report.AddAlert(*alert);
+  for (const auto& entry : alerts.All()) report.AddAlert(*entry.Item.Alert);
   return report.Text();
 }
 
