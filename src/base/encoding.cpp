@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstring>
 
 namespace brelwin {
 namespace {
@@ -14,6 +15,17 @@ constexpr std::array<char16_t, 32> Windows1252From80 = {
 
 bool IsAscii(char c) {
   return static_cast<unsigned char>(c) < 0x80;
+}
+// Most text is plain, so it is looked at eight bytes at a time.
+std::size_t AsciiLength(std::string_view bytes) {
+  std::uint64_t word = 0;
+  std::size_t length = 0;
+  for (; bytes.size() - length >= sizeof word; length += sizeof word) {
+    std::memcpy(&word, bytes.data() + length, sizeof word);
+    if ((word & 0x8080808080808080) != 0) break;
+  }
+  while (length < bytes.size() && IsAscii(bytes[length])) ++length;
+  return length;
 }
 bool IsContinuation(char c) {
   return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
@@ -48,8 +60,7 @@ void AppendLineAsUtf8(std::string& text, std::string_view line) {
 
 bool IsUtf8(std::string_view bytes) {
   while (!bytes.empty()) {
-    const auto ascii = std::find_if_not(bytes.begin(), bytes.end(), IsAscii);
-    bytes.remove_prefix(static_cast<std::size_t>(ascii - bytes.begin()));
+    bytes.remove_prefix(AsciiLength(bytes));
     if (bytes.empty()) return true;
     const auto length = SequenceLength(bytes);
     if (length == 0) return false;

@@ -34,10 +34,13 @@ std::string LowerCase(std::string_view text) {
   return result;
 }
 
+// Of two texts that differ, most differ in their lengths or first letters.
 bool EqualsIgnoringCase(std::string_view left, std::string_view right) {
-  if (left == right) return true;
-  return std::equal(left.begin(), left.end(), right.begin(), right.end(),
-                    [](char a, char b) { return ToUpper(a) == ToUpper(b); });
+  const auto isEqual = [](char a, char b) { return ToUpper(a) == ToUpper(b); };
+  if (left.size() != right.size()) return false;
+  if (left.empty()) return true;
+  return isEqual(left[0], right[0]) &&
+         (left == right || std::equal(left.begin(), left.end(), right.begin(), isEqual));
 }
 
 // Eight bytes at a time, all without the bit that makes a letter small: keys are long and looked up often,
@@ -46,14 +49,18 @@ std::size_t HashIgnoringCase(std::string_view text) {
   constexpr std::uint64_t CaseBits = 0x2020202020202020;
   constexpr std::uint64_t Spread = 0x9E3779B97F4A7C15;  // 2^64 by the golden ratio
   std::uint64_t hash = text.size();
-  while (!text.empty()) {
-    std::uint64_t word = 0;
-    const auto taken = std::min(text.size(), sizeof word);
-    std::memcpy(&word, text.data(), taken);
+  const auto mix = [&hash](std::uint64_t word) {
     hash = (hash ^ (word & ~CaseBits)) * Spread;
     hash ^= hash >> 32;
-    text.remove_prefix(taken);
+  };
+  std::uint64_t word = 0;
+  for (; text.size() >= sizeof word; text.remove_prefix(sizeof word)) {
+    std::memcpy(&word, text.data(), sizeof word);
+    mix(word);
   }
+  word = 0;
+  for (const char c : text) word = word << 8 | static_cast<unsigned char>(c);
+  mix(word);
   return hash;
 }
 

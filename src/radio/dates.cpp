@@ -5,31 +5,35 @@
 namespace brelwin {
 namespace {
 
-// Appends the last digits of the number, with leading zeros.
-void AppendNumber(std::string& text, int number, std::size_t digits) {
-  text.append(digits, '0');
-  for (auto digit = text.rbegin(); number > 0 && digits > 0; ++digit, --digits, number /= 10)
-    *digit = static_cast<char>('0' + number % 10);
+// The last two digits of the number, with a leading zero.
+void AppendTwoDigits(std::string& text, int number) {
+  text.push_back(static_cast<char>('0' + number / 10 % 10));
+  text.push_back(static_cast<char>('0' + number % 10));
+}
+
+void AppendYear(std::string& text, int year) {
+  AppendTwoDigits(text, year / 100);
+  AppendTwoDigits(text, year);
 }
 
 void AppendDate(std::string& text, const CalendarTime& time, std::string_view separator) {
-  AppendNumber(text, time.Year, 4);
+  AppendYear(text, time.Year);
   text.append(separator);
-  AppendNumber(text, time.Month, 2);
+  AppendTwoDigits(text, time.Month);
   text.append(separator);
-  AppendNumber(text, time.Day, 2);
+  AppendTwoDigits(text, time.Day);
 }
 
 void AppendMinutes(std::string& text, const CalendarTime& time, std::string_view separator) {
-  AppendNumber(text, time.Hour, 2);
+  AppendTwoDigits(text, time.Hour);
   text.append(separator);
-  AppendNumber(text, time.Minute, 2);
+  AppendTwoDigits(text, time.Minute);
 }
 
 void AppendSeconds(std::string& text, const CalendarTime& time, std::string_view separator) {
   AppendMinutes(text, time, separator);
   text.append(separator);
-  AppendNumber(text, time.Second, 2);
+  AppendTwoDigits(text, time.Second);
 }
 
 }  // namespace
@@ -69,9 +73,9 @@ std::string MonthFirstText(DateTime time) {
   const auto parts = CalendarFromDateTime(time);
   std::string text(ShortMonthName(parts.Month));
   text.push_back(' ');
-  AppendNumber(text, parts.Day, 2);
+  AppendTwoDigits(text, parts.Day);
   text.push_back(' ');
-  AppendNumber(text, parts.Year, 4);
+  AppendYear(text, parts.Year);
   text.push_back(' ');
   AppendSeconds(text, parts, ":");
   return text;

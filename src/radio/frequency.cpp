@@ -47,8 +47,7 @@ constexpr std::array<Band, 23> Bands = {{
 
 double WholeMhz(float mhz, NumberFormat format) {
   if (format.DecimalSign != '.') return 0;
-  const bool hasDecimals = SingleText(mhz).find('.') != std::string::npos;
-  return hasDecimals ? std::trunc(double{mhz}) : 0;
+  return SingleHasDecimals(mhz) ? std::trunc(double{mhz}) : 0;
 }
 
 // Empty without text and for a number that does not fit.
@@ -88,7 +87,7 @@ float MhzFromKHz(std::string_view text, NumberFormat format) {
 }
 
 std::string DuplicateKey(std::string_view stationBaseCallsign, float mhz) {
-  return std::string(stationBaseCallsign) + RoundedToThreeDecimalsText(mhz);
+  return std::string(stationBaseCallsign).append(RoundedToThreeDecimalsText(mhz));
 }
 
 double MetersToFeet(double meters) {

@@ -80,12 +80,10 @@ void RoundToDecimals(Decimal& decimal, int decimals) {
   decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
 }
 
-std::string WholePart(const Decimal& decimal) {
-  if (decimal.Point <= 0) return {};
-  const auto length = static_cast<std::size_t>(decimal.Point);
-  std::string whole = decimal.Digits.substr(0, length);
-  whole.resize(length, '0');
-  return whole;
+void AppendWholePart(std::string& text, const Decimal& decimal) {
+  if (decimal.Point <= 0) return;
+  const auto length = text.size() + static_cast<std::size_t>(decimal.Point);
+  text.append(decimal.Digits, 0, static_cast<std::size_t>(decimal.Point)).resize(length, '0');
 }
 
 std::string WholeNumberText(double value) {
@@ -95,11 +93,14 @@ std::string WholeNumberText(double value) {
   return {buffer.data(), end};
 }
 
-std::string Decimals(const Decimal& decimal) {
-  if (decimal.Digits.empty() || decimal.Point >= static_cast<int>(decimal.Digits.size())) return {};
-  const auto zeros = static_cast<std::size_t>(std::max(-decimal.Point, 0));
-  return std::string(zeros, '0') +
-         decimal.Digits.substr(static_cast<std::size_t>(std::max(decimal.Point, 0)));
+bool HasDecimals(const Decimal& decimal) {
+  return !decimal.Digits.empty() && decimal.Point < static_cast<int>(decimal.Digits.size());
+}
+
+void AppendDecimals(std::string& text, const Decimal& decimal) {
+  if (!HasDecimals(decimal)) return;
+  text.append(static_cast<std::size_t>(std::max(-decimal.Point, 0)), '0');
+  text.append(decimal.Digits, static_cast<std::size_t>(std::max(decimal.Point, 0)));
 }
 
 }  // namespace
@@ -145,18 +146,26 @@ std::string SingleText(float value) {
   if (value == std::trunc(value) && std::fabs(value) < LowestTooLong)
     return std::to_string(static_cast<std::int32_t>(value));
   const auto decimal = DecimalOf(value);
-  auto text = WholePart(decimal);
-  if (text.empty()) text = "0";
-  if (decimal.Negative) text.insert(0, "-");
-  const auto decimals = Decimals(decimal);
-  return decimals.empty() ? text : text + "." + decimals;
+  std::string text = decimal.Negative ? "-" : "";
+  if (decimal.Point <= 0) text.push_back('0');
+  AppendWholePart(text, decimal);
+  if (HasDecimals(decimal)) text.push_back('.');
+  AppendDecimals(text, decimal);
+  return text;
+}
+
+bool SingleHasDecimals(float value) {
+  return value != std::trunc(value) && HasDecimals(DecimalOf(value));
 }
 
 std::string FormatSingle(float value) {
   auto decimal = DecimalOf(value);
   RoundToDecimals(decimal, PatternDecimals);
-  const bool negative = decimal.Negative && !decimal.Digits.empty();
-  return (negative ? "-" : "") + WholePart(decimal) + "." + Decimals(decimal);
+  std::string text = decimal.Negative && !decimal.Digits.empty() ? "-" : "";
+  AppendWholePart(text, decimal);
+  text.push_back('.');
+  AppendDecimals(text, decimal);
+  return text;
 }
 
 double RoundedToThreeDecimals(float value) {
@@ -168,12 +177,14 @@ std::string RoundedToThreeDecimalsText(float value) {
   if (!std::isfinite(value)) return "0";
   const double rounded = RoundedToThreeDecimals(value);
   if (std::fabs(rounded) >= LongestInThousandths) return WholeNumberText(rounded);
-  auto text = std::to_string(std::llabs(std::llrint(rounded * 1000.0)));
-  if (text.size() <= 3) text.insert(0, 4 - text.size(), '0');
-  text.insert(text.size() - 3, ".");
-  text.erase(text.find_last_not_of('0') + 1);
-  if (text.ends_with('.')) text.pop_back();
-  return rounded < 0 ? "-" + text : text;
+  std::string text = rounded < 0 ? "-" : "";
+  const auto thousandths = std::llabs(std::llrint(rounded * 1000.0));
+  text.append(std::to_string(thousandths / 1000));
+  if (thousandths % 1000 == 0) return text;
+  text.push_back('.');
+  for (auto rest = thousandths % 1000; rest != 0; rest = rest * 10 % 1000)
+    text.push_back(static_cast<char>('0' + rest / 100));
+  return text;
 }
 
 }  // namespace brelwin

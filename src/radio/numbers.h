@@ -29,6 +29,9 @@ std::int32_t WholeNumber(std::string_view text, NumberFormat format = {});
 // "0" for a value that is no number.
 std::string SingleText(float value);
 
+// Whether that text has decimals.
+bool SingleHasDecimals(float value);
+
 // The 7-digit text in the pattern "######.#####": at most five decimals, rounded half away from zero, and no
 // zero before the point: "145.525", "7.", ".135"; "." for 0.
 std::string FormatSingle(float value);

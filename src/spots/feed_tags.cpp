@@ -25,9 +25,11 @@ bool EndsName(char c) {
 }
 
 const ElementName* NameAt(std::string_view text) {
-  for (const auto& name : ElementNames) {
-    if (text.starts_with(name.Name) && text.size() > name.Name.size() && EndsName(text[name.Name.size()]))
-      return &name;
+  for (const auto& element : ElementNames) {
+    const auto name = element.Name;
+    if (text.size() > name.size() && text[0] == name[0] && text.starts_with(name) &&
+        EndsName(text[name.size()]))
+      return &element;
   }
   return nullptr;
 }
