@@ -82,18 +82,5 @@ TEST(PracticeScript, SkimmersHearWhoIsNotSpottedAndAPostedSpotComesAmongTheOther
   EXPECT_TRUE(std::ranges::all_of(spots, [](const auto& spot) { return spot.What.IsSpotted; }));
 }
 
-TEST(PracticeScript, AnnouncementsAreTheSameFromTheSameSeedAndLieInOrderFromAnHourAgoOn) {
-  constexpr Playing Today{5, 10, 1'795'000'000};
-  const auto announcements = Announcements(Today, Today.Origin + 600);
-  ASSERT_GT(announcements.size(), 50U);
-  EXPECT_TRUE(std::ranges::is_sorted(announcements, {}, &Announcement::Time));
-  EXPECT_GE(announcements.front().Time, Today.Origin + 600 - 3600);
-  EXPECT_EQ(AlertsPage(announcements), AlertsPage(Announcements(Today, Today.Origin + 600)));
-  const auto has = [&](auto holds) { return std::ranges::any_of(announcements, holds); };
-  EXPECT_TRUE(has([](const auto& a) { return a.Comment.find("S+2") != std::string::npos; }));
-  EXPECT_TRUE(has([](const auto& a) { return a.Comment.find("CANCELLED") != std::string::npos; }));
-  EXPECT_TRUE(has([](const auto& a) { return a.Station.find(" & ") != std::string::npos; }));
-}
-
 }  // namespace
 }  // namespace practice

@@ -47,17 +47,5 @@ TEST_F(DesktopShellTest, HandsAddressesAsTheyAreAndPathsAsTheSystemWritesThem) {
   EXPECT_EQ(TakeNote(), "1:" + folder_.filePath("xdg-open").toUtf8());
 }
 
-TEST_F(DesktopShellTest, WithoutAnOpenerTextIsShownByOurOwnViewer) {
-  std::string viewed;
-  DesktopShell shell([&](std::string_view path) {
-    viewed = path;
-    return true;
-  });
-  EXPECT_FALSE(shell.Open("http://127.0.0.1/"));
-  EXPECT_TRUE(shell.ViewText("/folder\\file.txt"));
-  EXPECT_EQ(viewed, "/folder/file.txt");
-  EXPECT_FALSE(DesktopShell().ViewText("/folder/file.txt"));
-}
-
 }  // namespace
 }  // namespace brelwin

@@ -47,15 +47,6 @@ class Pipe {
   std::array<int, 2> ends_{-1, -1};
 };
 
-TEST(LineOutput, EveryLineIsOutAtOnce) {
-  Pipe pipe;
-  LineOutput output(pipe.WriteEnd());
-  output.Write("one");
-  EXPECT_EQ(pipe.Read(), "one\n");
-  output.Write(std::string(2000, 'x'));  // more than one safe write
-  EXPECT_EQ(pipe.Read(), std::string(2000, 'x') + "\n");
-}
-
 // Every line comes whole and in order; the ones that do not come are counted in their place.
 TEST(LineOutput, WhatIsKeptForASlowReaderIsBoundedAndWhatIsDroppedIsTold) {
   constexpr int Lines = 5000;

@@ -7,10 +7,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMessageBox>
-#include <QPushButton>
-#include <QRadioButton>
 #include <QTabWidget>
 #include <QTest>
 #include <set>
@@ -160,27 +157,12 @@ TEST_F(ProgramWindowTest, ACheckBoxCallsItsHandlerForTheUserOnly) {
   EXPECT_FALSE(box.isChecked());
 }
 
-TEST_F(ProgramWindowTest, OneOptionOfAGroupIsChosenOnBothSides) {
-  screen_.Logs.optLogFormat1.Value = 3;
-  EXPECT_TRUE(Get<QRadioButton>("optLogFormat13").isChecked());
-  Get<QRadioButton>("optLogFormat11").click();
-  EXPECT_EQ(screen_.Logs.optLogFormat1.Value, 1);
-  EXPECT_EQ(screen_.Logs.optLogFormat2.Value, 0);
-  EXPECT_FALSE(Get<QRadioButton>("optLogFormat13").isChecked());
-}
-
 TEST_F(ProgramWindowTest, TextFromOutsideIsShownAsItIsAndThePasswordIsNot) {
   screen_.Spots.lblStatus.Caption = "<b>404</b> Not Found";
   EXPECT_EQ(Get<QLabel>("lblStatus").textFormat(), Qt::PlainText);
   screen_.Spots.lblSpotListHeader.Caption = "UTC    Station\r\n======\r\n";
   EXPECT_EQ(Get<QLabel>("lblSpotListHeader").text(), "UTC    Station\n======");
   EXPECT_EQ(Get<QLineEdit>("txtSotawatchPassword").echoMode(), QLineEdit::Password);
-}
-
-TEST_F(ProgramWindowTest, TheFocusIsTakenToTheBoxOnItsTab) {
-  screen_.RBN.txtRBNCallsign.SetFocus.Raise();
-  EXPECT_EQ(screen_.Window.CurrentTab, 3);
-  EXPECT_TRUE(Get<QLineEdit>("txtRBNCallsign").hasFocus());
 }
 
 // The pages behind the first are made when the window was painted, or sooner when somebody needs one.
@@ -193,17 +175,6 @@ TEST(NewProgramWindow, ATabThatIsTurnedToIsComplete) {
   const auto* box = window.findChild<QLineEdit*>("txtRBNCallsign");
   ASSERT_NE(box, nullptr);
   EXPECT_EQ(box->text(), "Q0ZZ");
-}
-
-TEST_F(ProgramWindowTest, TheOpenButtonOpensTheChosenWebsite) {
-  std::vector<std::size_t> opened;
-  screen_.Files.lstWebsites.DoubleClick = [&](std::size_t index) { opened.push_back(index); };
-  screen_.Files.lstWebsites.Items = std::vector<std::string>{"one", "two"};
-  Get<QPushButton>("cmdOpenWebsite").click();
-  EXPECT_TRUE(opened.empty());
-  Get<QListWidget>("lstWebsites").setCurrentRow(1);
-  Get<QPushButton>("cmdOpenWebsite").click();
-  EXPECT_EQ(opened, std::vector<std::size_t>{1});
 }
 
 TEST_F(ProgramWindowTest, ClosingAsksTheProgramToQuitFirst) {

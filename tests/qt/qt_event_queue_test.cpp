@@ -80,11 +80,5 @@ TEST(QtEventQueue, QuitEndsTheOutermostLoopFromInsideAWait) {
   EXPECT_TRUE(afterQuit);
 }
 
-TEST(QtEventQueue, QuitBeforeTheLoopEndsItAtOnce) {
-  QtEventQueue queue;
-  queue.Quit();
-  queue.Run();
-}
-
 }  // namespace
 }  // namespace brelwin

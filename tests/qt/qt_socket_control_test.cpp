@@ -1,8 +1,6 @@
 #include "qt/ports/qt_socket_control.h"
 
 #include <gtest/gtest.h>
-#include <netinet/in.h>
-#include <netinet/tcp.h>
 #include <sys/socket.h>
 
 #include <QTcpServer>
@@ -84,29 +82,6 @@ TEST_F(QtSocket, TellsOfAConversationInOrderAndStaysClosingUntilItIsClosed) {
   EXPECT_NE(Connect(), nullptr);
 }
 
-TEST_F(QtSocket, KeepsWhatWasNotTakenWhenThePeerCloses) {
-  socket_->Events.DataArrival = nullptr;
-  auto* peer = Connect();
-  ASSERT_NE(peer, nullptr);
-  peer->write("DX de\r\n");
-  peer->disconnectFromHost();
-  EXPECT_TRUE(WaitForEvent("close"));
-  EXPECT_EQ(socket_->PeekData(), "DX de\r\n");
-  EXPECT_EQ(socket_->GetData(), "DX de\r\n");
-  EXPECT_EQ(socket_->GetData(), "");
-}
-
-TEST_F(QtSocket, TakesABurstWholeAndInOrder) {
-  auto* peer = Connect();
-  ASSERT_NE(peer, nullptr);
-  QByteArray burst;
-  for (int line = 0; line < 100'000; ++line) burst += "line " + QByteArray::number(line) + "\r\n";
-  peer->write(burst);
-  peer->disconnectFromHost();
-  EXPECT_TRUE(WaitForEvent("close"));
-  EXPECT_EQ(received_, burst.toStdString());
-}
-
 TEST_F(QtSocket, TellsOfAConnectionThatIsCut) {
   auto* peer = Connect();
   ASSERT_NE(peer, nullptr);
@@ -116,34 +91,6 @@ TEST_F(QtSocket, TellsOfAConnectionThatIsCut) {
   setsockopt(static_cast<int>(peer->socketDescriptor()), SOL_SOCKET, SO_LINGER, &reset, sizeof reset);
   peer->abort();
   EXPECT_TRUE(WaitForEvent("close in state 8"));
-}
-
-// The process's own end of the connection to the port; -1 when there is none.
-int DescriptorConnectedTo(quint16 port) {
-  for (int descriptor = 0; descriptor < 1024; ++descriptor) {
-    sockaddr_in peer{};
-    socklen_t size = sizeof peer;
-    if (getpeername(descriptor, reinterpret_cast<sockaddr*>(&peer), &size) == 0 &&
-        ntohs(peer.sin_port) == port)
-      return descriptor;
-  }
-  return -1;
-}
-
-int OptionOf(int descriptor, int level, int option) {
-  int value = -1;
-  socklen_t size = sizeof value;
-  getsockopt(descriptor, level, option, &value, &size);
-  return value;
-}
-
-TEST_F(QtSocket, ProbesForAPeerThatVanishedWithoutAWord) {
-  ASSERT_NE(Connect(), nullptr);
-  const auto descriptor = DescriptorConnectedTo(server_.serverPort());
-  EXPECT_NE(OptionOf(descriptor, SOL_SOCKET, SO_KEEPALIVE), 0);
-  EXPECT_EQ(OptionOf(descriptor, IPPROTO_TCP, TCP_KEEPIDLE), 60);
-  EXPECT_EQ(OptionOf(descriptor, IPPROTO_TCP, TCP_KEEPINTVL), 10);
-  EXPECT_EQ(OptionOf(descriptor, IPPROTO_TCP, TCP_KEEPCNT), 3);
 }
 
 TEST_F(QtSocket, TellsWhyThereIsNoConnection) {

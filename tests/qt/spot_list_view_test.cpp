@@ -105,15 +105,6 @@ TEST_F(SpotListViewTest, AtTheVeryTopNewLinesComeIntoView) {
   EXPECT_EQ(Selected(), QStringList{"spot 150"});
 }
 
-TEST_F(SpotListViewTest, WhenTheTopLineIsTrimmedTheNextOneOrTheEndIsShown) {
-  Receive(150);
-  view_.setCurrentIndex(view_.model()->index(100, 0));
-  view_.scrollTo(view_.model()->index(100, 0), QListView::PositionAtTop);
-  Receive(0, 60);
-  EXPECT_EQ(view_.model()->rowCount(), 60);
-  EXPECT_EQ(view_.verticalScrollBar()->value(), view_.verticalScrollBar()->maximum());
-}
-
 TEST_F(SpotListViewTest, AListThatStaysEmptyIsShownEmpty) {
   Receive(3);
   control_.Spots.clear();
@@ -170,15 +161,6 @@ TEST_F(SpotListViewTest, CopiesTheSelectedLinesInTheOrderOfTheList) {
   EXPECT_TRUE(lines[1].startsWith("spot 2."));
   Press(QKeySequence::SelectAll);
   EXPECT_EQ(Selected().size(), 5);
-}
-
-TEST_F(SpotListViewTest, TheHeaderFollowsSidewaysAndStaysAbove) {
-  view_.Header().setText("UTC    Station\n==============");
-  Receive(150);
-  view_.horizontalScrollBar()->setValue(50);
-  view_.verticalScrollBar()->setValue(500);
-  EXPECT_EQ(view_.Header().x(), -50);
-  EXPECT_EQ(view_.Header().mapTo(&view_, QPoint(0, view_.Header().height())).y(), view_.viewport()->y());
 }
 
 }  // namespace

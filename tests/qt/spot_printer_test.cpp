@@ -41,15 +41,6 @@ class SpotPrinterTest : public ::testing::Test {
   SpotPrinter printer_{screen_, [this](std::string_view line) { printed_.emplace_back(line); }};
 };
 
-TEST_F(SpotPrinterTest, TheNewestSpotIsAlwaysTheLastLine) {
-  screen_.Spots.lblSpotListHeader.Caption = "UTC    Station\r\n===\r\n";
-  const auto oldest = MakeSpot("1"), middle = MakeSpot("2"), newest = MakeSpot("3  ");
-  ShowSpots({middle, oldest});
-  EXPECT_EQ(TakePrinted(), (Lines{"UTC    Station", "===", "1", "2"}));
-  ShowSpots({newest, middle, oldest});
-  EXPECT_EQ(TakePrinted(), Lines{"3  "});
-}
-
 TEST_F(SpotPrinterTest, ASpotIsPrintedOnceHoweverTheListChanges) {
   const auto first = MakeSpot("same"), twin = MakeSpot("same"), third = MakeSpot("x");
   ShowSpots({first});

@@ -13,7 +13,7 @@ import tempfile
 import threading
 import time
 import xml.etree.ElementTree
-from typing import Callable, NamedTuple
+from typing import Callable
 
 BUILD_BIN = pathlib.Path(os.environ.get('BRELWIN_BIN', 'build/dev/bin')).resolve()
 # Long enough for the slowest machine and build; nothing waits for it unless something is broken.
@@ -158,33 +158,8 @@ class Workshop:
         return self.read('BrelwinEventLog.txt')
 
 
-class SpotLine(NamedTuple):
-    """A line of the list, taken apart at its columns."""
-    time: str
-    station: str
-    summit: str
-    frequency: str
-    mode: str
-    comment: str
-    spotter: str
-
-
-def read_spot_line(line: str) -> SpotLine:
-    head, _, spotter = line.rpartition('[')
-    columns = []
-    for width in (7, 12, 12, 32, 3, 11, 6, 14):
-        columns.append(head[:width].strip())
-        head = head[width:]
-    return SpotLine(columns[0], columns[1], columns[2], columns[5], columns[6], head.strip(),
-                    spotter.strip().removesuffix(']'))
-
-
 def is_spot_line(line: str) -> bool:
     return len(line) > 100 and line[2:3] == ':' and line[:2].isdigit()
-
-
-def spot_lines(lines: list[str]) -> list[SpotLine]:
-    return [read_spot_line(line) for line in lines if is_spot_line(line)]
 
 
 def expected_stations(feed: str) -> list[tuple[str, str, str]]:
@@ -202,4 +177,5 @@ def expected_stations(feed: str) -> list[tuple[str, str, str]]:
 
 
 def stations(lines: list[str]) -> list[tuple[str, str, str]]:
-    return [(spot.time, spot.station, spot.summit) for spot in spot_lines(lines)]
+    """The same of every line of the list, taken from its columns."""
+    return [(line[:7].strip(), line[7:19].strip(), line[19:31].strip()) for line in filter(is_spot_line, lines)]
