@@ -6,7 +6,6 @@
 #include "alerts/alerts_page.h"
 #include "alerts_page_text.h"
 #include "core/ini_utilities.h"
-#include "faulty_files.h"
 #include "radio/dates.h"
 #include "test_host.h"
 
@@ -245,54 +244,6 @@ TEST(AlertCommands, WhatCannotBeWrittenIsTriedAgain) {
   EXPECT_EQ(run.Keys(), keys);
   EXPECT_TRUE(Contains(host.Disk.Text(ModificationsPath), "ADD||"));
   EXPECT_TRUE(Contains(host.Disk.Text(SettingsPath), "LastAlertCommand=2026-11-24 11:50:00 "));
-}
-
-TEST(AlertCommands, QuittingLeavesTheRestForTheNextStart) {
-  test::TestHost host;
-  host.World.ShuttingDown = true;
-  ProgramRun(host.World).Take({SpotOf("G4ABC", "11:45", "later")});
-  EXPECT_FALSE(host.Disk.Exists(SettingsPath));
-  host.World.ShuttingDown = false;
-  ProgramRun run(host.World);
-  run.Take({SpotOf("G4ABC", "11:45", "later")});
-  EXPECT_EQ(run.Alerts.Count(), 1U);
-}
-
-// The power goes off at any file call of a day, and the program is started anew: the alerts are those of an
-// undisturbed day, and the file holds whole entries only.
-TEST(AlertCommands, NoFaultOfAFileLosesACommandOrAModification) {
-  const auto page = PageOfTwo + Table({.Time = "11:00", .Callsign = "M0XYZ", .Comment = "S+4"}) +
-                    Table({.Time = "11:00", .Callsign = "K1AA", .Comment = "S+5"});
-  const std::vector<SpotPointer> spots = {SpotOf("G4ABC", "11:45", "moved"), SpotOf("M0XYZ", "11:50", "RBNN"),
-                                          SpotOf("N1ZZ", "11:55", "new")};
-  const auto day = [&](Host world) {
-    ProgramRun run(std::move(world));
-    run.Page = page;
-    run.ReadPage();
-    run.Take(spots);
-    run.ReadPage();
-    return run.Keys();
-  };
-  const auto start = [](test::TestHost& host) {
-    host.Disk.Put(SettingsPath, "[General]\r\nSounds=1\r\n");
-    host.Disk.Put("/brelwin/SOTAActivators.txt", "N1ZZ\r\n");
-  };
-  test::TestHost undisturbed;
-  start(undisturbed);
-  test::FaultyFiles counted(undisturbed.Disk);
-  const auto expected = day(undisturbed.WithFiles(counted));
-  const auto calls = counted.Calls();
-  ASSERT_GT(calls, 20);
-  for (int call = 1; call <= calls; ++call) {
-    test::TestHost host;
-    start(host);
-    test::FaultyFiles files(host.Disk);
-    files.PowerOffAtCall = call;
-    day(host.WithFiles(files));
-    EXPECT_EQ(day(host.World), expected) << "power off at call " << call;
-    EXPECT_FALSE(Contains(host.EventLog(), "fewer than 13 fields")) << call;
-    EXPECT_TRUE(Contains(host.Disk.Text(SettingsPath), "Sounds=1"));
-  }
 }
 
 }  // namespace

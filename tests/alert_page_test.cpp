@@ -5,7 +5,6 @@
 #include "alerts/alert_window.h"
 #include "alerts/alerts_page.h"
 #include "alerts_page_text.h"
-#include "radio/dates.h"
 #include "random_text.h"
 #include "test_host.h"
 
@@ -89,11 +88,8 @@ TEST_F(AlertsPageTest, DaysAndStationsMakeAlertsOfTheirOwn) {
 }
 
 TEST_F(AlertsPageTest, CallsignsAreFoundHoweverTheWordOnIsSetAndMarkupIsNone) {
-  struct Case {
-    const char* Cell;
-    const char* Key;  // of the alert without its time
-  };
-  const Case cases[] = {
+  const std::pair<const char*, const char*> cases[] = {
+      // the cell, and the key without its time
       {"<strong>G4ABC</strong>&nbsp;on&nbsp;<a href=x>G/LD-001</a>", "G4ABC_G/LD-001_"},
       {"<strong>G4ABC</strong><br>on <a href=x>G/LD-001</a>", "G4ABC_G/LD-001_"},
       {"G4ABC\ton<a href=x>G/LD-001</a>", "G4ABC_G/LD-001_"},
@@ -117,12 +113,7 @@ TEST_F(AlertsPageTest, MarkersAndOverridesGiveAnAlertItsOwnWindow) {
                  "[m0xyz]\nMaxMinutesBeforeAlertTime=30\nMaxMinutesAfterAlertTime=\"45\"\n[M0XYZ]\n"
                  "MaxMinutesAfterAlertTime=99\n[K1AA]\nMaxMinutesBeforeAlertTime=0\n");
   const auto overrides = DurationOverrides::Load(host_.World);
-  struct Case {
-    std::string Station;
-    std::string Comment;
-    AlertWindow Window;
-    bool IsCustom;
-  };
+  using Case = std::tuple<std::string, std::string, AlertWindow, bool>;
   const std::int32_t most = std::numeric_limits<std::int32_t>::max();
   for (const auto& [station, comment, window, isCustom] :
        std::vector<Case>{{"G4ABC", "QRP S+2 S-1.5", {90, 120}, true},
@@ -166,17 +157,6 @@ TEST_F(AlertsPageTest, AnAlertWithItsOwnWindowIsWrittenToTheModificationsOnce) {
   EXPECT_FALSE(host_.Disk.Exists("/brelwin/SOTAAlertModifications.txt"));
 }
 
-TEST_F(AlertsPageTest, ADeletionOutlivesTheNextReading) {
-  Take(Heading() + Table({.Comment = "S+4"}));
-  PutModifications(Modifications() + Replace(Modifications(), "ADD", "del"));
-  const auto before = Modifications();
-  Take(Heading() + Table({.Comment = "S+4"}));
-  EXPECT_TRUE(alerts_.Empty());
-  EXPECT_EQ(Modifications(), before);
-  EXPECT_EQ(alerts_.WithdrawnOf("G4ABC").size(), 1U);
-  EXPECT_EQ(alerts_.Stations().Count(), 1U);
-}
-
 TEST_F(AlertsPageTest, WithdrawnAlertsAreLoggedAndRemembered) {
   Take(Heading() + Table({.Comment = "canceled"}) + Table({.Comment = "r B n&#110;"}) +
        Table({.Comment = "No TarnLink"}) + Table({.Comment = "RB-NN"}));
@@ -187,32 +167,6 @@ TEST_F(AlertsPageTest, WithdrawnAlertsAreLoggedAndRemembered) {
   EXPECT_TRUE(IsLogged(": 2026-11-24 10:00:00||10:00||G4ABC||G4ABC||G/LD-001||Ann||r B nn||G4ABC||"));
   EXPECT_EQ(alerts_.WithdrawnOf("G4ABC").size(), 3U);
   EXPECT_FALSE(IsLogged("NO alerts"));
-}
-
-TEST_F(AlertsPageTest, ReadingStopsAtTheFirstAlertTooFarAhead) {
-  const auto near = Table({.Time = "23:59"});
-  Take(Heading("Friday 27th November 2026") + near + Table({.Time = "13:00"}) +
-           Heading("Saturday 28th November 2026") + Table({.Time = "00:01"}),
-       72);
-  EXPECT_TRUE(alerts_.Empty());
-  EXPECT_TRUE(IsLogged("NO alerts were successfully parsed."));
-  Take(Heading("Friday 27th November 2026") + Table({.Time = "12:59"}) + near, 72);
-  EXPECT_EQ(alerts_.Count(), 1U);
-}
-
-TEST_F(AlertsPageTest, APageWithoutAlertsSaysHowLongItWas) {
-  const auto page = Heading() + "caf\xC3\xA9";
-  Take(Heading() + Table({}));
-  EXPECT_EQ(Take(page), -1);
-  EXPECT_TRUE(alerts_.Empty());
-  EXPECT_TRUE(host_.EventLog().starts_with(" \r\n"));
-  EXPECT_TRUE(IsLogged("GetAlertsFromSotawatchHTMLPage - Alert HTML was downloaded from Sotawatch (" +
-                       std::to_string(page.size()) + " bytes) but NO alerts were successfully parsed.\r\n"));
-
-  Take(Heading() + Table({}));
-  EXPECT_EQ(Take("404 not found"), -1);
-  EXPECT_EQ(alerts_.Count(), 1U);
-  EXPECT_TRUE(IsLogged("(13 bytes)"));
 }
 
 TEST_F(AlertsPageTest, TheFetchIsTakenWithItsFaults) {
@@ -248,7 +202,9 @@ TEST_F(AlertsPageTest, TheFetchIsTakenWithItsFaults) {
   host_.Internet.Forget(request.Url);
   host_.Internet.Answer(request.Url, {.Body = Heading() + "caf\xE9"});
   EXPECT_EQ(fetch(), -1);
-  EXPECT_TRUE(IsLogged("(" + std::to_string(Heading().size() + 4) + " bytes)"));
+  EXPECT_TRUE(IsLogged("GetAlertsFromSotawatchHTMLPage - Alert HTML was downloaded from Sotawatch (" +
+                       std::to_string(Heading().size() + 4) +
+                       " bytes) but NO alerts were successfully parsed.\r\n"));
 }
 
 TEST_F(AlertsPageTest, NewActivatorsAreLearned) {

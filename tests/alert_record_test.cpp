@@ -25,28 +25,6 @@ AlertPointer Shared(SOTAAlert alert) {
   return std::make_shared<const SOTAAlert>(std::move(alert));
 }
 
-TEST(DelimitedData, IsThirteenFieldsAndComesBack) {
-  auto alert = AlertOf("K", "G4ABC");
-  alert.SummitDesignator = "G/LD-001";
-  alert.OperatorName = "Ann";
-  alert.Comment = "|QRP || S+2|";
-  alert.Spotter = "G4XYZ";
-  alert.FrequencyModes = "14.062-cw";
-  alert.MaxMinutesAfterAlertTime = 120;
-  alert.IsSelfSpotAlert = true;
-  const auto line = DelimitedData(alert);
-  EXPECT_EQ(line,
-            "2026-11-24 10:00:00||10:00||G4ABC||G4ABC||G/LD-001||Ann||-QRP - S+2-||G4XYZ||14.062-cw||0||"
-            "120||-1||K");
-  SOTAAlert rebuilt;
-  EXPECT_TRUE(SetDelimitedData(rebuilt, line));
-  EXPECT_EQ(DelimitedData(rebuilt), line);
-  EXPECT_EQ(rebuilt.ID, "K");
-  EXPECT_EQ(rebuilt.UTCAlertDateStr, alert.UTCAlertDateStr);
-  EXPECT_EQ(rebuilt.UTCAlertDate, alert.UTCAlertDate);
-  EXPECT_EQ(rebuilt.UTCAlertTime, alert.UTCAlertTime);
-}
-
 TEST(DelimitedData, TakesWhatAShortOrStrangeLineHolds) {
   auto alert = AlertOf("K", "G4ABC");
   EXPECT_FALSE(SetDelimitedData(alert, "no date||ignored||M0XYZ||M0XYZ||G/SP-004"));

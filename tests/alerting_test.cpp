@@ -66,13 +66,6 @@ TEST(SoundDecision, ALaterSpotOfTheBatchDoesNotSilenceAnEarlierOne) {
   EXPECT_EQ(CallingIds(5, newSpots, list), std::vector<std::string>{"2"});
 }
 
-TEST(SoundDecision, WeighsEveryNewSpotButOffersOnlyCandidates) {
-  const auto newSpots = Collect({MakeSpot("2", "G4ABC", "G/LD-001"), MakeSpot("1", "G4ABC", "G/LD-001")});
-  const auto candidates = Collect({MakeSpot("2", "G4ABC", "G/LD-001")});
-  EXPECT_TRUE(SpotsCallingForSound(5, candidates, newSpots, newSpots).empty());
-  EXPECT_EQ(SpotsCallingForSound(5, candidates, newSpots, candidates).size(), 1U);
-}
-
 struct SoundTest : ::testing::Test {
   test::TestHost World;
   SoundCalls Calls;
@@ -189,30 +182,11 @@ TEST_F(AlertingTest, SoundsAndBringsAMinimisedWindowBack) {
   EXPECT_EQ(focused, 1);
 }
 
-TEST_F(AlertingTest, FiltersTheCandidatesBySourceToo) {
-  Filter.FilterAlertSounds = true;
-  Filter.NoSpotSourceFiltering = true;  // as the display filtering leaves it
-  EXPECT_FALSE(Sounds());
-  EXPECT_EQ(Window.State.Get(), WindowState::Minimised);
-  Filter.AlertSpotSourceSotawatch = true;
-  EXPECT_TRUE(Sounds());
-  Filter.mode = "FM";
-  EXPECT_FALSE(Sounds());
-}
-
 TEST_F(AlertingTest, TheFirstLoadIsAllNewsUnlessATestSwitchIsOn) {
   Filter.PlaySoundWhen = 1;
   EXPECT_TRUE(Sounds(true));
   Test.TestMode2 = true;
   EXPECT_FALSE(Sounds(true));
-}
-
-TEST_F(AlertingTest, PlaysTheFileOfTheSpotThatCalledNotOfTheOneThatDidNot) {
-  HaveFiles({"G4ABC.wav", "W6-CT.wav"});
-  Filter.PlaySoundWhen = 1;
-  NewSpots.Add(std::make_shared<Spot>(MakeSpot("3", "G4XYZ", "W6/CT-001")), "3");
-  EXPECT_TRUE(Sounds());
-  EXPECT_EQ(World.Sound.Played.front().first, "/brelwin\\W6-CT.wav");
 }
 
 }  // namespace

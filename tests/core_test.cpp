@@ -3,7 +3,6 @@
 
 #include "core/data_files.h"
 #include "core/event_log.h"
-#include "faulty_files.h"
 #include "test_host.h"
 
 namespace brelwin {
@@ -26,26 +25,6 @@ TEST(EventLog, WritesOneLinePerCall) {
   EXPECT_EQ(host.Disk.Text("/other.log"), "2026-11-24 12:00:00: y\r\n");
   host.Disk.ReadOnly = true;
   LogEvent(host.World, "nobody is told");
-}
-
-TEST(DataFiles, AppendToFileSeparatesWhatItAppends) {
-  TestHost host;
-  std::string error = "old";
-  const std::string separator = "\r\n" + std::string(44, '=') + "\r\n";
-  EXPECT_TRUE(AppendToFile(host.World, " /f ", "long text", true, error));
-  EXPECT_EQ(host.Disk.Text("/f"), "long text");
-  EXPECT_TRUE(AppendToFile(host.World, "/f", "b", true, error));
-  EXPECT_EQ(host.Disk.Text("/f"), "long text" + separator + "b");
-  EXPECT_TRUE(AppendToFile(host.World, "/f", "c", false, error));
-  EXPECT_EQ(host.Disk.Text("/f"), "c");
-  EXPECT_EQ(error, "");
-
-  EXPECT_FALSE(AppendToFile(host.World, " ", "d", true, error));
-  EXPECT_EQ(error, "");
-  host.Disk.ReadOnly = true;
-  EXPECT_FALSE(AppendToFile(host.World, "/f", "d", true, error));
-  EXPECT_NE(error, "");
-  EXPECT_EQ(host.Disk.Text("/f"), "c");
 }
 
 std::string Joined(const KeyedCollection<std::string>& collection) {
@@ -74,33 +53,9 @@ TEST(DataFiles, LoadsCallsignListsAsTheyAreWrittenByHand) {
   host.Disk.Unreadable.insert("/LIST");
   EXPECT_FALSE(LoadCallsignList(host.World, "/list", true, true, list, error));
   EXPECT_EQ(error, "/list could not be read");
-}
-
-TEST(DataFiles, NoFaultTakesALineOfTheCallsignListWithIt) {
-  for (int call = 1; call < 5; ++call) {
-    TestHost host;
-    host.Disk.Put("/list", "; mine\nC3C");
-    test::FaultyFiles files(host.Disk);
-    files.PowerOffAtCall = call;
-    auto world = host.WithFiles(files);
-    const bool isDone = AppendCallsigns(world, "/list", {"A1A", "B2B"});
-    EXPECT_EQ(host.Disk.Text("/list"), isDone ? "; mine\nC3C\r\nA1A\r\nB2B\r\n" : "; mine\nC3C") << call;
-  }
-  TestHost host;
-  host.Disk.Put("/list", "C3C");
-  host.Disk.Unreadable.insert("/LIST");
+  const auto before = host.Disk.Text("/list");
   EXPECT_FALSE(AppendCallsigns(host.World, "/list", {"D4D"}));
-  EXPECT_EQ(host.Disk.Text("/list"), "C3C");
-}
-
-TEST(DataFiles, SmallOnes) {
-  TestHost host;
-  host.Disk.Put("/brelwin/f", "12345");
-  EXPECT_EQ(AddBackslash("C:\\brelwin\\") + AddBackslash("/brelwin"), "C:\\brelwin\\/brelwin\\");
-  EXPECT_EQ(GetFileLength(host.World, InProgramFolder(host.World, "F")), 5);
-  DeleteFile(host.World, "/brelwin/f");
-  EXPECT_EQ(GetFileLength(host.World, "/brelwin/f"), 0);
-  EXPECT_FALSE(FileExists(host.World, "") || OpenDocument(host.World, "  "));
+  EXPECT_EQ(host.Disk.Text("/list"), before);
 }
 
 }  // namespace

@@ -154,18 +154,6 @@ TEST_F(StreamStory, SwitchedOffWhileTheAlertsPageIsReadTheStreamStaysOff) {
   EXPECT_TRUE(Contains(Window().Spots.lblSources.Caption.Get(), "Reverse Beacon Network: off"));
 }
 
-TEST_F(StreamStory, QuittingWhileTheConnectionIsAwaitedEndsAtOnce) {
-  Sockets.Peer(ScriptedPeer());
-  const auto begin = Time.Now();
-  Queue.OnYield = [&] {
-    if (!Sockets.Tried.empty()) Brelwin.Quit();
-  };
-  Brelwin.Start({}, {});
-  EXPECT_TRUE(Queue.HasQuit);
-  EXPECT_LT(Time.Now() - begin, seconds(2));
-  EXPECT_TRUE(EventLog().ends_with("Form_Unload End\r\n"));
-}
-
 TEST_F(StreamStory, ABoxClickedDuringTheStartStaysAsItWas) {
   Sockets.Peer(LoggingIn().Sends(HeardLine, seconds(12)));
   Queue.OnYield = [&] {
@@ -192,14 +180,6 @@ TEST_F(StreamStory, AnOutageIsToldFromItsBeginAndWithTheNextAttempt) {
   EXPECT_TRUE(
       status().ends_with("no connection since 12:00:00 (Connection refused), next attempt at 12:00:30"))
       << status();
-}
-
-TEST_F(StreamStory, AConnectionLostBetweenTwoChecksIsTriedAgainByTheNextOne) {
-  Sockets.Peer(LoggingIn().Closes(seconds(4)));
-  Brelwin.Start({}, {});
-  Queue.RunFor(seconds(5));
-  const auto status = Window().RBN.lblRBNStatus.Caption.Get();
-  EXPECT_TRUE(status.ends_with("(closed by the server), next attempt at 12:00:10")) << status;
 }
 
 }  // namespace

@@ -190,20 +190,6 @@ TEST_F(Story, WhoQuitsBeforeTheStartIsNotStarted) {
   EXPECT_EQ(Disk.Text("/brelwin/Brelwin.INI"), settings);
 }
 
-TEST_F(Story, QuittingDuringAReadBeginsNothingElseAndLeavesTheReportsAlone) {
-  Settings("SecondsBetweenChecks=30\r\n", "RBNSpotsEnabled=1\r\n");
-  Disk.Put("/brelwin/SOTAAlerts.txt", "the last report");
-  Internet.Answer(FeedAddress, ScriptedAnswer{.Body = "never", .Delay = minutes(10)});
-  Queue.OnYield = [&] {
-    if (World.FetchInProgress) Brelwin.Quit();
-  };
-  Start();
-  EXPECT_TRUE(Queue.HasQuit);
-  EXPECT_EQ(Reads(), 1U);
-  EXPECT_EQ(Disk.Text("/brelwin/SOTAAlerts.txt"), "the last report");
-  EXPECT_FALSE(Contains(EventLog(), "OpenRBNConnection")) << EventLog();
-}
-
 TEST_F(Story, SwitchingTheFeedDuringATwitterReadForgetsWhatItWouldHaveLeft) {
   Settings("SotawatchSpotsViaRSS=0\r\nSecondsBetweenChecks=30\r\n");
   Internet.AnswerAlways("http://twitter.test/search?since_id=", R"({"results":[]})");
@@ -221,40 +207,6 @@ TEST_F(Story, SwitchingTheFeedDuringATwitterReadForgetsWhatItWouldHaveLeft) {
   Queue.RunFor(minutes(2));
   EXPECT_EQ(Stations().size(), 2U);
   EXPECT_FALSE(Window().Spots.lblNoConnectionToTwitter.Visible);
-}
-
-TEST_F(Story, TheFirstLoadKeepsNoMoreRecentSpotsThanAnyOtherCheck) {
-  Settings("SecondsBetweenChecks=30\r\nMaximumSpotsInList=0\r\n");
-  std::vector<std::string> items;
-  for (int number = 100; number < 400; ++number)
-    items.push_back(
-        FeedItemText("G4A" + std::to_string(number) + " on G/LD-001 @ 7.032 CW", PubDate("11:40:00")));
-  Internet.AnswerAlways(FeedAddress, FeedText(items));
-  MainWindow window(World);
-  Form_Load(window, {}, {});
-  EXPECT_EQ(window.SpotList.Count(), 300U);
-  EXPECT_EQ(window.RecentSotawatchSpots.Count(), 200U);
-}
-
-TEST_F(Story, QuittingAtAnyYieldEndsTheProgramOnceAndKeepsTheSettings) {
-  for (int quitAt = 1; quitAt < 40; ++quitAt) {
-    ProgramStory story;
-    story.Settings("SecondsBetweenChecks=30\r\n");
-    story.Internet.AnswerAlways(FeedAddress, FeedText({Middle, Oldest}));
-    int yields = 0;
-    story.Queue.OnYield = [&] {
-      if (++yields == quitAt) story.Brelwin.Quit();
-    };
-    story.Brelwin.Start({}, {});
-    story.Queue.RunFor(minutes(2));
-    if (yields < quitAt) story.Brelwin.Quit();
-    EXPECT_TRUE(story.Queue.HasQuit) << quitAt;
-    const auto log = story.EventLog();
-    EXPECT_TRUE(log.ends_with("Form_Unload End\r\n")) << quitAt;
-    EXPECT_EQ(Split(log, ": Form_QueryUnload\r\n").size(), 2U) << quitAt;
-    EXPECT_FALSE(story.Window().tmrCheckSpots.Enabled) << quitAt;
-    EXPECT_TRUE(Contains(story.Disk.Text("/brelwin/Brelwin.INI"), "SecondsBetweenChecks=30")) << quitAt;
-  }
 }
 
 TEST_F(Story, InputThatWouldStartWorkIsDroppedWhileAPageIsRead) {

@@ -139,6 +139,8 @@ TEST(GatewayCycle, QuittingAtAnyWaitPostsNothingMoreAndEndsTheLog) {
     ASSERT_LE(program.Time.Now() - quit, seconds(2)) << yield;
     ASSERT_EQ(program.Http.Requests.size(), posts) << yield;
     ASSERT_TRUE(program.EventLog().ends_with(": Form_Unload End\r\n")) << yield;
+    ASSERT_EQ(program.LinesWith(": Form_QueryUnload\r\n"), 1U) << yield;
+    ASSERT_FALSE(program.Window().tmrCheckSpots.Enabled) << yield;
     ASSERT_GE(program.LinesWith("The program is ending, nothing more is sent."), begun ? 1U : 0U) << yield;
     const auto answers = program.Disk.Text("/brelwin/GatewayServerResponseLog.txt");
     ASSERT_EQ(program.LinesWith("The spot was sent successfully!"), answers.empty() ? 0U : 1U)

@@ -66,11 +66,6 @@ TEST_F(Intake, DeliversEachSpotOnceNewestFirst) {
   EXPECT_EQ(Take(FeedText({Item("G4CCC", "11:59:00"), Item("G4BBB", "11:58:00")})), "G4CCC ");
 }
 
-TEST_F(Intake, ADeletedNewestItemRepeatsNothing) {
-  Take(FeedText({Item("G4BBB", "11:58:00"), Item("G4AAA", "11:57:00")}));
-  EXPECT_EQ(Take(FeedText({Item("G4CCC", "11:59:00"), Item("G4AAA", "11:57:00")})), "G4CCC ");
-}
-
 TEST_F(Intake, ACutFeedDeliversWhatItHoldsAndLosesNothing) {
   Take(FeedText({Item("G4AAA", "11:50:00")}));
   const auto feed =
@@ -95,16 +90,6 @@ TEST_F(Intake, AnUntimedItemIsNewOnlyOnce) {
   for (int hour = 0; hour < 60; ++hour) {
     host_.Queue.RunFor(std::chrono::hours(1));
     EXPECT_EQ(Take(feed), "") << hour;
-  }
-}
-
-TEST_F(Intake, ADayLaterNothingComesBack) {
-  const auto feed = FeedText({Item("G4BBB", "11:58:00"), Item("G4AAA", "11:57:00")});
-  Take(feed);
-  const auto withoutNewest = FeedText({Item("G4AAA", "11:57:00")});
-  for (const auto minutes : {23 * 60 + 57, 1, 1, 60}) {
-    host_.Queue.RunFor(std::chrono::minutes(minutes));
-    EXPECT_EQ(Take(withoutNewest), "");
   }
 }
 

@@ -11,6 +11,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/text.h"
 #include "platform/program_folder.h"
 #include "platform/proxy_settings.h"
 #include "platform/system_clock.h"
@@ -159,12 +160,7 @@ class TimeZone {
 
 TEST(SystemClock, TellsTheBiasesOfItsZone) {
   const SystemClock clock;
-  struct Case {
-    const char* Zone;
-    int Standard;
-    int Daylight;
-    bool HasDaylight;
-  };
+  using Case = std::tuple<const char*, int, int, bool>;
   for (const auto& [zone, standard, daylight, hasDaylight] :
        {Case{"UTC0", 0, 0, false}, Case{"XYZ-5:45", -345, -345, false},
         Case{"CET-1CEST,M3.5.0,M10.5.0/3", -60, -120, true}, Case{"EST5EDT,M3.2.0,M11.1.0", 300, 240, true},
@@ -198,63 +194,40 @@ TEST(ProgramFolder, IsTheNamedOneOrThatOfTheExecutable) {
 }
 
 TEST(ProxySettings, ReadsEveryFormOfAProxyAddress) {
-  struct Case {
-    std::string Text;
-    std::optional<Proxy> Expected;
+  const std::pair<std::string, std::optional<Proxy>> cases[] = {
+      {"127.0.0.1:3128", Proxy{"127.0.0.1", 3128, "", ""}},
+      {" http://proxy.example.org/ ", Proxy{"proxy.example.org", 80, "", ""}},
+      {"HTTP://me:p%40ss%3A%zz@[::1]:8080", Proxy{"::1", 8080, "me", "p@ss:%zz"}},
+      {"me@proxy:1", Proxy{"proxy", 1, "me", ""}},
   };
-  for (const auto& [text, expected] : {
-           Case{"", {}},
-           Case{"127.0.0.1:3128", Proxy{"127.0.0.1", 3128, "", ""}},
-           Case{" http://proxy.example.org/ ", Proxy{"proxy.example.org", 80, "", ""}},
-           Case{"HTTP://me:p%40ss%3A%zz@[::1]:8080", Proxy{"::1", 8080, "me", "p@ss:%zz"}},
-           Case{"me@proxy:1", Proxy{"proxy", 1, "me", ""}},
-           Case{"socks5://proxy:1080", {}},
-           Case{"http://:3128", {}},
-           Case{"proxy:70000", {}},
-           Case{"proxy:0", {}},
-           Case{"proxy:31x", {}},
-       })
+  for (const auto& [text, expected] : cases)
     EXPECT_EQ(ProxyForUrl({text, "", ""}, "http://www.example.org/"), expected) << text;
-}
-
-TEST(ProxySettings, ChoosesBySchemeAndLowerCaseName) {
+  for (const auto* text : {"", "socks5://proxy:1080", "http://:3128", "proxy:70000", "proxy:0", "proxy:31x"})
+    EXPECT_FALSE(ProxyForUrl({text, "", ""}, "http://www.example.org/")) << text;
   const auto settings = ReadProxySettings([](const std::string& name) -> std::optional<std::string> {
     if (name == "http_proxy") return "lower:1";
     if (name == "HTTP_PROXY") return "upper:1";
-    if (name == "HTTPS_PROXY") return "secure:2";
-    return {};
+    return name == "HTTPS_PROXY" ? std::optional<std::string>("secure:2") : std::nullopt;
   });
   EXPECT_EQ(ProxyForUrl(settings, "http://127.0.0.1:8080/x")->Host, "lower");
   EXPECT_EQ(ProxyForUrl(settings, "https://host/x")->Host, "secure");
 }
 
 TEST(ProxySettings, ExemptsWhatNoProxyNames) {
-  struct Case {
-    std::string_view NoProxy;
-    std::string_view Url;
-    bool IsExempt;
+  const auto isExempt = [](std::string_view line) {
+    const auto parts = Split(line, "|");
+    return !ProxyForUrl({"proxy:1", "proxy:1", std::string(parts[0])}, parts[1]);
   };
-  for (const auto& [noProxy, url, isExempt] : {
-           Case{"", "http://127.0.0.1/", false},
-           Case{"*", "http://a.org/", true},
-           Case{"localhost, 127.0.0.1", "http://127.0.0.1:81/", true},
-           Case{"Example.ORG", "http://www.example.org/", true},
-           Case{".example.org", "http://example.org", true},
-           Case{"*.example.org", "https://a.b.example.org?x", true},
-           Case{"example.org", "http://badexample.org/", false},
-           Case{"ample.org", "http://example.org/", false},
-           Case{"a.org:8080", "http://a.org:8080/", true},
-           Case{"a.org:8080", "http://a.org/", false},
-           Case{"a.org:443", "https://a.org/", true},
-           Case{"[::1]:80 ::2", "http://[::1]/", true},
-           Case{"[::1]:80 ::2", "http://[::2]:99/", true},
-           Case{",,.", "http://a.org/", false},
-           Case{"a.org", "http://b.org/a.org", false},
-           Case{"a.org", "http://user@a.org/", true},
-       }) {
-    const ProxySettings settings{"proxy:1", "proxy:1", std::string(noProxy)};
-    EXPECT_EQ(!ProxyForUrl(settings, url), isExempt) << noProxy << " " << url;
-  }
+  for (const auto* line :
+       {"*|http://a.org/", "localhost, 127.0.0.1|http://127.0.0.1:81/", "Example.ORG|http://www.example.org/",
+        ".example.org|http://example.org", "*.example.org|https://a.b.example.org?x",
+        "a.org:8080|http://a.org:8080/", "a.org:443|https://a.org/", "[::1]:80 ::2|http://[::1]/",
+        "[::1]:80 ::2|http://[::2]:99/", "a.org|http://user@a.org/"})
+    EXPECT_TRUE(isExempt(line)) << line;
+  for (const auto* line :
+       {"|http://127.0.0.1/", "example.org|http://badexample.org/", "ample.org|http://example.org/",
+        "a.org:8080|http://a.org/", ",,.|http://a.org/", "a.org|http://b.org/a.org"})
+    EXPECT_FALSE(isExempt(line)) << line;
 }
 
 }  // namespace

@@ -35,18 +35,6 @@ TEST(LineBuffer, GivesSkimmersTheBlanksThatTheParserNeedsAndDecodesEachLine) {
   for (const auto& [sent, read] : cases) EXPECT_EQ(Hear({sent + "\n"}).Lines, read + "\n");
 }
 
-TEST(LineBuffer, DropsALineThatNeverEndsAndGoesOnBehindIt) {
-  LineBuffer buffer;
-  const std::string piece(10000, 'x');
-  std::int64_t dropped = 0;
-  for (int i = 0; i < 1000; ++i) dropped += buffer.Add(piece).DroppedLines;
-  EXPECT_EQ(dropped, 1);
-  EXPECT_FALSE(buffer.HasLines());
-  buffer.Add("the end of it\r\nDX de next\r\n");
-  EXPECT_EQ(buffer.TakeLines(), "DX de next\r\n");
-  EXPECT_EQ(Hear({std::string(64 * 1024, 'x') + "\n"}).WholeLines, 1);
-}
-
 TEST(LineBuffer, LetsTheOldestLinesGoWhenTooMuchWaits) {
   LineBuffer buffer({.LongestLine = 10, .MostWaiting = 12});
   EXPECT_FALSE(buffer.Add("one\ntwo\nfor\n").Overflowed);
@@ -55,14 +43,6 @@ TEST(LineBuffer, LetsTheOldestLinesGoWhenTooMuchWaits) {
   EXPECT_EQ(buffer.TakeLines(), "five\nsix\n");
   EXPECT_FALSE(buffer.Add("one\ntwo\nfor\n").Overflowed);
   EXPECT_TRUE(buffer.Add("x\n").Overflowed) << "told again once the text was taken";
-}
-
-TEST(LineBuffer, ForgetsARestThatWillNotBeFinished) {
-  LineBuffer buffer;
-  buffer.Add("whole\r\nhal");
-  buffer.DropRest();
-  buffer.Add("other\r\n");
-  EXPECT_EQ(buffer.TakeLines(), "whole\r\nother\r\n");
 }
 
 }  // namespace

@@ -1,9 +1,6 @@
 // Skimmer lines as spots: which are kept, and what their records and log lines say.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
-#include "radio/dates.h"
 #include "rbn/spot_parser.h"
 #include "test_host.h"
 
@@ -59,41 +56,9 @@ class RBNParser : public ::testing::Test {
   std::int32_t count_ = 0;
 };
 
-TEST_F(RBNParser, ReadsEveryFieldOfALine) {
-  ASSERT_EQ(Parse(CQ), "G4ABC/P");
-  const auto& spot = First();
-  EXPECT_EQ(spot.ID, "12:011G4ABC/PKM3T-2");
-  EXPECT_EQ(new_.Find("12:011G4ABC/PKM3T-2"), new_.At(1));
-  EXPECT_EQ(spot.SpotKey, "G4ABC14.062");
-  EXPECT_EQ(spot.Spot, "KM3T-2-#:  14062.0  G4ABC/P  CW  24 dB  22 WPM  CQ  1201Z ---- <1>");
-  EXPECT_EQ(spot.UTCTime, "12:01");
-  EXPECT_EQ(spot.LocalDateAndTime, host_.Time.LocalNow());
-  EXPECT_EQ(spot.stationBaseCallsign, "G4ABC");
-  EXPECT_EQ(spot.Spotter, "KM3T-2");
-  EXPECT_EQ(spot.FrequencyString, "14062.0");
-  EXPECT_EQ(spot.FormattedFrequencyString, "14.062");
-  EXPECT_FLOAT_EQ(spot.FrequencyInMhz, 14.062F);
-  EXPECT_EQ(spot.BandInMhz, 14);
-  EXPECT_EQ(spot.ModeString, "CW");
-  EXPECT_EQ(spot.mode, 1);
-  EXPECT_EQ(spot.SignalToNoiseRatio, 24);
-  EXPECT_EQ(spot.Speed, 22);
-  EXPECT_EQ(spot.SpotTypeString, "CQ");
-  EXPECT_EQ(spot.OrderReceived, 1);
-  EXPECT_EQ(spot.Comment, "Via RBN  S/N=24 dB, Speed=22 WPM");
-  EXPECT_TRUE(spot.IsRBNSpot);
-  EXPECT_FALSE(spot.IsMatchedToAlert || spot.IsKnownActivator || spot.IsSelfSpot);
-}
-
 TEST_F(RBNParser, ReadsTheFormsThatTheStreamSends) {
   filter_.IncludeAllSpotTypes = true;
-  struct Case {
-    const char* Line;
-    const char* ID;
-    const char* Key;
-    const char* Type;
-    const char* Comment;
-  };
+  using Case = std::tuple<std::string, const char*, const char*, const char*, const char*>;
   const Case cases[] = {
       {"KM3T-2-#:  14100.0  CS3B           CW    24 dB  22 WPM  NCDXF B 2259Z", "1CS3BKM3T-2", "CS3B14.1",
        "NCDXF B 2259Z", "Via RBN  S/N=24 dB, Speed=22 WPM"},
@@ -112,13 +77,13 @@ TEST_F(RBNParser, ReadsTheFormsThatTheStreamSends) {
        "b1DK0WCYF8DGY",
        "DK0WCY0", "BEACON", "Via RBN  S/N=1000000000000000000000000000000 dB"},
   };
-  for (const auto& line : cases) {
-    Parse("DX de " + std::string(line.Line) + "\r\n");
-    ASSERT_EQ(new_.Count(), 1U) << line.Line;
-    EXPECT_EQ(First().ID, line.ID);
-    EXPECT_EQ(First().SpotKey, line.Key);
-    EXPECT_EQ(First().SpotTypeString, line.Type);
-    EXPECT_EQ(First().Comment, line.Comment);
+  for (const auto& [line, id, key, type, comment] : cases) {
+    Parse("DX de " + line + "\r\n");
+    ASSERT_EQ(new_.Count(), 1U) << line;
+    EXPECT_EQ(First().ID, id);
+    EXPECT_EQ(First().SpotKey, key);
+    EXPECT_EQ(First().SpotTypeString, type);
+    EXPECT_EQ(First().Comment, comment);
   }
 }
 
@@ -190,15 +155,6 @@ TEST_F(RBNParser, DropsRepeatedSpotsWithinThePeriodWhateverTheWallClockDoes) {
   host_.Time.SetLocalTime(AddMinutes(host_.Time.LocalNow(), -600));
   EXPECT_EQ(Parse(line("7026.0")), "G4ABC");
   EXPECT_EQ(recent_.Count(), 1U);
-}
-
-TEST_F(RBNParser, RemembersNothingThatNobodyWouldForget) {
-  filter_.DuplicateSpotFilteringPeriod = 0;
-  Parse(CQ);
-  EXPECT_EQ(recent_.Count(), 0U);
-  filter_.FilterDuplicateSpots = true;
-  EXPECT_EQ(Parse(CQ), "G4ABC/P");
-  EXPECT_EQ(Parse(CQ), "");
 }
 
 TEST_F(RBNParser, MatchesToAlertsAndSaysSoInTheLog) {

@@ -46,19 +46,15 @@ class RSSFeed : public testing::Test {
 };
 
 TEST(SpotTitle, IsTakenApartAroundItsOn) {
-  struct Case {
-    std::string_view Title;
-    std::string_view Fields;  // station|callsigns|summit|frequency|mode|rest
-  };
-  for (const auto& [title, fields] : std::initializer_list<Case>{
-           {"G4ABC/P on G/LD-001 @ 14.062 cw", "G4ABC/P|G4ABC/P|G/LD-001|14.062|cw|"},
-           {"G4ABC Tom ON G/LD-001 @ 14.062 CW on air", "G4ABC Tom|G4ABC Tom|G/LD-001|14.062|CW|on air"},
-           {"G4ABC and G4XYZ On G/LD-001 @ 7.032 SSB", "G4ABC|G4ABC and G4XYZ|G/LD-001|7.032|SSB|"},
-           {"G4ABC at G/LD-001 @ 14.062 CW", "G4ABC|G4ABC|G/LD-001|14.062|CW|"},
-           {"G4ABC on", "G4ABC|G4ABC||||"},
-           {"on G/LD-001 @ 14.062", "on||G/LD-001|14.062||"},
-           {"G4ABC", "|||||"},
-       }) {
+  // The title, then station|callsigns|summit|frequency|mode|rest.
+  const std::pair<std::string_view, std::string_view> cases[] = {
+      {"G4ABC Tom ON G/LD-001 @ 14.062 CW on air", "G4ABC Tom|G4ABC Tom|G/LD-001|14.062|CW|on air"},
+      {"G4ABC and G4XYZ On G/LD-001 @ 7.032 SSB", "G4ABC|G4ABC and G4XYZ|G/LD-001|7.032|SSB|"},
+      {"G4ABC at G/LD-001 @ 14.062 CW", "G4ABC|G4ABC|G/LD-001|14.062|CW|"},
+      {"G4ABC on", "G4ABC|G4ABC||||"},
+      {"on G/LD-001 @ 14.062", "on||G/LD-001|14.062||"},
+      {"G4ABC", "|||||"}};
+  for (const auto& [title, fields] : cases) {
     const auto read = ReadSpotTitle(title);
     std::string joined(read.Station);
     for (const auto part : {read.Callsigns, read.Summit, read.Frequency, read.Mode, read.Rest})
@@ -73,20 +69,13 @@ TEST_F(RSSFeed, BuildsTheWholeSpot) {
   known_.Add("G4ABC", "G4ABC");
   const auto spot = ReadOne("G4ABC/P on G/LD-001 @ 14.0620 cw", "CQ CQ Posted by M0XYZ/M");
   EXPECT_EQ(spot.ID, "20261124115930G4ABC/PM0XYZ/M");
-  EXPECT_EQ(spot.Station + " " + spot.stationBaseCallsign, "G4ABC/P G4ABC");
-  EXPECT_EQ(spot.Spotter + " " + spot.SpotterBaseCallsign, "M0XYZ/M M0XYZ");
-  EXPECT_EQ(spot.SummitDesignator, "G/LD-001");
+  EXPECT_EQ(spot.stationBaseCallsign + " " + spot.SpotterBaseCallsign, "G4ABC M0XYZ");
   EXPECT_EQ(spot.FrequencyString + " " + spot.FormattedFrequencyString, "14.0620 14.062");
-  EXPECT_FLOAT_EQ(spot.BandInMhz, 14);
-  EXPECT_EQ(spot.ModeString, "CW");
   EXPECT_EQ(spot.mode, 1);
-  EXPECT_EQ(spot.Comment, "CQ CQ");
   EXPECT_EQ(spot.UTCTime, "11:59");
   EXPECT_EQ(spot.LocalDateAndTime, DateTimeFromCalendar({2026, 11, 24, 12, 59, 30}));
   EXPECT_EQ(spot.TimeOfSpot, host_.Time.Now() - std::chrono::seconds(30));
-  EXPECT_EQ(spot.OrderReceived, 1);
   EXPECT_TRUE(spot.IsKnownActivator);
-  EXPECT_FALSE(spot.IsSelfSpot || spot.IsAPRSSpot || spot.IsRBNSpot || spot.HiddenFromDisplay);
 }
 
 TEST_F(RSSFeed, FindsTheElementsWhereverTheyStand) {
@@ -123,62 +112,33 @@ TEST_F(RSSFeed, DecodesEntitiesOnceAndTrustsNoControlCharacter) {
   }
 }
 
-TEST_F(RSSFeed, TheLastPostedByNamesTheSpotter) {
-  struct Case {
-    std::string Description;
-    std::string Comment;
-    std::string Spotter;
-  };
-  for (const auto& [description, comment, spotter] : std::initializer_list<Case>{
-           {"CQ Posted by G4TRUST Posted by M0XYZ", "CQ Posted by G4TRUST", "M0XYZ"},
-           {"Posted by M0XYZ", "", "M0XYZ"},
-           {"CQ (QRP) (Posted by M0XYZ)", "CQ (QRP)", "M0XYZ"},
-           {"nobody posted by", "nobody posted by", ""},
-           {"", "", ""},
-       }) {
-    const auto spot = ReadOne("G4ABC on G/LD-001 @ 7.032 CW", description);
-    EXPECT_EQ(spot.Comment, comment);
-    EXPECT_EQ(spot.Spotter, spotter);
-  }
-}
-
-TEST_F(RSSFeed, KnowsSelfSpotsAndAprs) {
+TEST_F(RSSFeed, TheLastPostedByNamesTheSpotterWhoMayBeTheStationItself) {
   const std::string title = "G4ABC/P on G/LD-001 @ 7.032 CW";
   EXPECT_TRUE(ReadOne(title, "QRV Posted by G4ABC").IsSelfSpot);
   EXPECT_FALSE(ReadOne(title, "QRV {Via Tarnlink} Posted by G4ABC").IsSelfSpot);
-  EXPECT_FALSE(ReadOne(title, "QRV Posted by M0XYZ").IsSelfSpot);
+  const auto chaser = ReadOne(title, "CQ (QRP) Posted by G4ABC (Posted by M0XYZ)");
+  EXPECT_FALSE(chaser.IsSelfSpot);
+  EXPECT_EQ(chaser.Comment + "|" + chaser.Spotter, "CQ (QRP) Posted by G4ABC|M0XYZ");
+  const auto nobody = ReadOne(title, "nobody posted by");
+  EXPECT_EQ(nobody.Comment + "|" + nobody.Spotter, "nobody posted by|");
   const auto aprs = ReadOne(title, "QRV Posted by APRS2SOTA");
   EXPECT_TRUE(aprs.IsAPRSSpot && aprs.IsSelfSpot);
   EXPECT_EQ(aprs.ID, "20261124115930G4ABC/PG4ABC/P");
-  EXPECT_EQ(aprs.SpotterBaseCallsign, "G4ABC");
-}
-
-TEST_F(RSSFeed, TwoStationsGiveTwoSpots) {
-  ReadOne("G4ABC/P and G4XYZ/P on G/LD-001 @ 7.032 CW", "Posted by G4XYZ");
-  ASSERT_EQ(spots_.Count(), 2U);
-  const auto& first = **spots_.At(1);
-  const auto& second = **spots_.At(2);
-  EXPECT_EQ(first.ID, "20261124115930G4ABC/PG4XYZ");
-  EXPECT_EQ(second.ID, "20261124115930G4XYZG4XYZ");
-  EXPECT_EQ(second.SpotKey, first.ID);
-  EXPECT_EQ(second.Station + second.stationBaseCallsign, "G4XYZG4XYZ");
-  EXPECT_FALSE(first.IsSelfSpot);
-  EXPECT_TRUE(second.IsSelfSpot);
-  EXPECT_EQ(host_.Disk.Text("/brelwin/SOTAActivators.txt"), "G4ABC\r\nG4XYZ\r\n");
-  EXPECT_TRUE(known_.Contains("g4xyz"));
-  ReadAgain();
-  EXPECT_EQ(host_.Disk.Text("/brelwin/SOTAActivators.txt"), "G4ABC\r\nG4XYZ\r\n");
 }
 
 TEST_F(RSSFeed, StopsAtTheAgeLimitAndAtThePreviousNewest) {
   const auto feed =
-      FeedText({FeedItemText("G4AAA on G/LD-001 @ 7.03 CW", PubDate("12:10:00"), "from the future"),
+      FeedText({FeedItemText("G4AAA on G/LD-001 @ 7.03 CW", PubDate("12:10:00"), "caf\xE9, from the future"),
+                FeedItemText("nobody", PubDate("11:59:00"), ""),
                 FeedItemText("G4BBB on G/LD-001 @ 7.03 CW", "some day, 10:00", "timeless"),
                 FeedItemText("G4CCC on G/LD-001 @ 7.03 CW", PubDate("11:00:00"), "60 minutes"),
                 FeedItemText("G4DDD on G/LD-001 @ 7.03 CW", PubDate("10:58:59"), "61 minutes"),
                 FeedItemText("G4EEE on G/LD-001 @ 7.03 CW", PubDate("11:59:00"), "behind it")});
   auto result = Read(feed);
   EXPECT_EQ(result.End, FeedEnd::ReachedAgeLimit);
+  ASSERT_EQ(result.SkippedItems.size(), 1U);
+  EXPECT_EQ(result.SkippedItems[0].Text, "nobody");
+  EXPECT_TRUE(Contains(host_.Disk.Text("/brelwin/SotawatchSpotsRSS.txt"), "caf\xC3\xA9"));
   EXPECT_EQ(result.NewestID, "20261124121000G4AAA");
   EXPECT_EQ(IDs(), "20261124121000G4AAA 20261124120000G4BBB 20261124110000G4CCC ");
 
@@ -194,18 +154,6 @@ TEST_F(RSSFeed, StopsAtTheAgeLimitAndAtThePreviousNewest) {
   request_.PreviousNewestID = result.NewestID;
   EXPECT_EQ(ReadAgain().NewestID, request_.PreviousNewestID);
   EXPECT_TRUE(spots_.Empty());
-}
-
-TEST_F(RSSFeed, ItemsWithoutAStationAreNotedAndPassedOver) {
-  const auto result =
-      Read(FeedText({FeedItemText("nobody", PubDate("11:59:00"), ""),
-                     FeedItemText("on G/LD-001 @ 7 CW", PubDate("11:59:00"), ""), "<item></item>",
-                     FeedItemText("G4ABC on G/LD-001", PubDate("11:58:00"), "")}));
-  EXPECT_EQ(IDs(), "20261124115800G4ABC ");
-  std::vector<std::string> skipped;
-  for (const auto& item : result.SkippedItems) skipped.push_back(item.Text);
-  EXPECT_EQ(skipped, (std::vector<std::string>{"nobody", "on G/LD-001 @ 7 CW", ""}));
-  EXPECT_EQ((*spots_.At(1))->FormattedFrequencyString, "");
 }
 
 TEST_F(RSSFeed, ACutFeedGivesWhatItHoldsAndSaysSo) {
@@ -254,11 +202,7 @@ TEST_F(RSSFeed, HostileFeedsAreReadInOnePass) {
 }
 
 TEST_F(RSSFeed, SaysWhatTheServerAnswered) {
-  struct Case {
-    test::ScriptedAnswer Answer;
-    FeedEnd End;
-    std::string Status;
-  };
+  using Case = std::tuple<test::ScriptedAnswer, FeedEnd, std::string>;
   for (const auto& [answer, end, status] : std::initializer_list<Case>{
            {{.Status = 0, .ErrorText = "Connection refused"},
             FeedEnd::NotOpened,
@@ -283,17 +227,6 @@ TEST_F(RSSFeed, SaysWhatTheServerAnswered) {
     EXPECT_EQ(result.StatusText, status);
     EXPECT_EQ(result.ErrorText.empty(), end == FeedEnd::EndOfFeed);
   }
-}
-
-TEST_F(RSSFeed, KeepsACopyWhereItCanAndReadsTheFeedInAnyCase) {
-  const auto feed = FeedText({FeedItemText("G4ABC on G/LD-001 @ 7 CW", PubDate("11:59:00"), "caf\xE9")});
-  host_.Disk.ReadOnly = true;
-  Read(feed);
-  EXPECT_EQ(spots_.Count(), 1U);
-  host_.Disk.ReadOnly = false;
-  Read(feed);
-  EXPECT_TRUE(Contains(host_.Disk.Text("/brelwin/SotawatchSpotsRSS.txt"), "caf\xC3\xA9"));
-  EXPECT_EQ((*spots_.At(1))->Comment, "caf\xC3\xA9");
 }
 
 }  // namespace

@@ -3,9 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include "controls/logs_tab.h"
 #include "spot_builder.h"
 #include "test_host.h"
-#include "ui/filter_from_screen.h"
 #include "ui/spot_filtering.h"
 
 namespace brelwin {
@@ -17,41 +17,23 @@ using test::MakeSpot;
 using Ids = std::vector<std::string>;
 
 TEST(FilterList, MatchesExactValuesAndTrailingStars) {
-  struct Case {
-    std::string_view List;
-    std::string_view Value;
-    bool Matches;
+  const auto matches = [](std::string_view line) {
+    const auto parts = Split(line, "|");
+    return MatchesFilterList(parts[0], parts[1]);
   };
-  const Case cases[] = {
-      {"", "G4ABC", true},
-      {"  ", "G4ABC", true},
-      {"CW", "", true},
-      {"CW", "  ", true},
-      {",", "CW", false},
-      {" w6* , k6abc ", "W6XYZ", true},
-      {"W6*,K6ABC", "k6abc", true},
-      {"W6*,K6ABC", "K6ABCD", false},
-      {"W6*,K6ABC", "K6AB", false},
-      {"W6*6*", "W66A", true},  // every star goes: the prefix is W66
-      {"W6*6*", "W6A6", false},
-      {"W*6", "W6", false},  // a star that is not the last character is a character
-      {"W*6", "w*6", true},
-      {"W6 *", "W6XYZ", true},
-      {"*", "anything", true},
-      {"W6*", "W", false},
-      {"10", "1", false},
-      {"1*", "12", true},
-      {"1.8,14", "1.8", true},
-      {"\xC3\xA9*", "\xC3\xA9tude", true},
-  };
-  for (const auto& [list, value, matches] : cases)
-    EXPECT_EQ(MatchesFilterList(list, value), matches) << list << " / " << value;
+  for (const auto* line :
+       {"|G4ABC", "  |G4ABC", "CW|", "CW|  ", " w6* , k6abc |W6XYZ", "W6*,K6ABC|k6abc", "W6*6*|W66A",
+        "W*6|w*6", "W6 *|W6XYZ", "*|anything", "1*|12", "1.8,14|1.8", "\xC3\xA9*|\xC3\xA9tude"})
+    EXPECT_TRUE(matches(line)) << line;
+  // Every star of a prefix goes; one that is not the last character of its item is a character.
+  for (const auto* line :
+       {",|CW", "W6*,K6ABC|K6ABCD", "W6*,K6ABC|K6AB", "W6*6*|W6A6", "W*6|W6", "W6*|W", "10|1"})
+    EXPECT_FALSE(matches(line)) << line;
 }
 
 struct FilterTest : ::testing::Test {
   test::TestHost World;
   SpotFilter Filter;
-  Screen Controls;
 
   Ids Passed(const SpotCollection& spots) {
     SpotCollection filtered = Collect({MakeSpot("left over", "G4ABC", "")});
@@ -104,22 +86,22 @@ TEST_F(FilterTest, KeepsOnlyTheSpotSourcesThatWereChosen) {
 }
 
 struct OutputTest : FilterTest {
+  LogsTab Logs;
   SpotCollection Spots = Collect({MakeSpot("cw", "G4ABC", "G/LD-001"), MakeSpot("ssb", "G4XYZ", "G/LD-002")});
 
   OutputTest() {
     Spots.Find("ssb")->get()->ModeString = "SSB";
     Filter.mode = "CW";
-    Controls.Logs.optLogFormat1.Value = 1;
-    Controls.Logs.optLogFormat2.Value = 3;
-    Controls.Logs.txtLogFile1.Text = "one.csv";
-    Controls.Logs.txtLogFile2.Text = "/logs/two.txt";
-    Controls.Logs.chkEnableLogging1.Value = true;
-    Controls.Logs.chkEnableLogging2.Value = true;
+    Logs.optLogFormat1.Value = 1;
+    Logs.optLogFormat2.Value = 3;
+    Logs.txtLogFile1.Text = "one.csv";
+    Logs.txtLogFile2.Text = "/logs/two.txt";
+    Logs.chkEnableLogging1.Value = true;
+    Logs.chkEnableLogging2.Value = true;
   }
 
   void Perform(bool logRawSpots = false) {
-    EXPECT_EQ(PerformDisplayFilteringAndSpotLogging(World.World, Controls.Logs, logRawSpots, Filter, Spots),
-              -1);
+    EXPECT_EQ(PerformDisplayFilteringAndSpotLogging(World.World, Logs, logRawSpots, Filter, Spots), -1);
   }
   std::size_t Lines(std::string_view path) { return SplitLines(World.Disk.Text(path)).size(); }
 };
@@ -141,37 +123,6 @@ TEST_F(OutputTest, GivesEachOutputWhatItAsksFor) {
   EXPECT_EQ(Keys(Spots), Ids{"cw"});
   EXPECT_FALSE((*all.Find("cw"))->HiddenFromDisplay);
   EXPECT_TRUE((*all.Find("ssb"))->HiddenFromDisplay);
-}
-
-TEST_F(OutputTest, WritesALogOnlyWhileItsBoxIsCheckedAndAFileIsNamed) {
-  Controls.Logs.chkEnableLogging1.Value = false;
-  Controls.Logs.txtLogFile2.Text = "  ";
-  Perform();
-  Spots.Clear();
-  Controls.Logs.chkEnableLogging1.Value = true;
-  Perform(true);
-  EXPECT_EQ(World.Disk.WriteCalls, 0);
-}
-
-TEST_F(FilterTest, IsFilledFromTheScreen) {
-  Controls.Filters.txtFilterMode.Text = "CW";
-  Controls.Filters.optPlaySoundWhen.Value = 5;
-  Controls.Filters.chkFilterAlertSounds.Value = true;
-  Controls.RBN.txtRBNFilterSpotterExclude.Text = "W1*";
-  Controls.RBN.txtDuplicateSpotFilteringPeriod.Text = "7,5 min";
-  Controls.RBN.txtRBNMaxMinutesBeforeAlertTime.Text = "60,5";
-  Controls.RBN.txtRBNMaxMinutesAfterAlertTime.Text = "none";
-  Configuration configuration;
-  configuration.RBNShowAllSpottedTypes = true;
-  FillFilterFromScreen(Controls, configuration, NumberFormat{','}, Filter);
-  EXPECT_EQ(Filter.mode, "CW");
-  EXPECT_EQ(Filter.PlaySoundWhen, 5);
-  EXPECT_TRUE(Filter.FilterAlertSounds);
-  EXPECT_EQ(Filter.RBNSpotterExclude, "W1*");
-  EXPECT_EQ(Filter.DuplicateSpotFilteringPeriod, 7.5);
-  EXPECT_EQ(Filter.MaxMinutesBeforeAlertTime, 60);
-  EXPECT_EQ(Filter.MaxMinutesAfterAlertTime, 0);
-  EXPECT_TRUE(Filter.IncludeAllSpotTypes);
 }
 
 }  // namespace

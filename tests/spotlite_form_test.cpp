@@ -21,14 +21,6 @@ Spot GoodSpot() {
   return spot;
 }
 
-TEST(SpotliteForm, HasItsFieldsInOrderWithOnlyTheCommentEncoded) {
-  const auto check = CheckSpotliteForm("q0zz", "se cret", GoodSpot());
-  ASSERT_EQ(check.Refusal, FormRefusal::None);
-  EXPECT_EQ(SpotliteFormBody(check.Form),
-            "actCallsign=G4ABC/P&assoc=G&summit=LD-001&freq=14.062&mode=cw&callsign=q0zz&password=se cret"
-            "&submit=SPOT!&comments=22%20wpm%20%26%20S%2FN%3D17%20dB%20%7BVia%20Tarnlink%7D");
-}
-
 TEST(SpotliteForm, IsRefusedForWhatIsMissingOrWouldAddAField) {
   const auto with = [](auto change) {
     auto spot = GoodSpot();
@@ -82,17 +74,13 @@ TEST(SpotliteAnswer, MeansTheSameHoweverItIsCut) {
 TEST(SpotliteAnswer, IsClassifiedByWhatThePageSays) {
   const auto form = CheckSpotliteForm("q0zz", "secret", GoodSpot()).Form;
   const std::string echo = "G4ABC/P 14.062 cw 22 wpm & S/N=17 dB {Via Tarnlink}";
-  const std::vector<std::pair<std::string, std::int32_t>> pages{
+  const std::pair<std::string, std::int32_t> pages[] = {
       {echo, StatusAccepted},
-      {"", StatusUnrecognisedAnswer},
-      {"G4ABC/P 14.062 cw", StatusUnrecognisedAnswer},
-      {"14.062 cw 22 wpm & S/N=17 dB {Via Tarnlink}", StatusUnrecognisedAnswer},
-      {"G4ABC/P 14.062 CW 22 wpm & S/N=17 dB {Via Tarnlink}", StatusUnrecognisedAnswer},
-      {"G4ABC/P 14.06 cw 22 wpm & S/N=17 dB {Via Tarnlink}", StatusUnrecognisedAnswer},
-      {echo + " submission failed", StatusRefused},
       {echo + " Submission Failed", StatusAccepted},
+      {echo + " submission failed", StatusRefused},
+      {Replace(echo, "cw", "CW"), StatusUnrecognisedAnswer},
+      {Replace(echo, ".062", ".06"), StatusUnrecognisedAnswer},
       {"the password you gave was incorrect", StatusUnrecognisedAnswer},
-      {"submission failed, the frequency you gave is not valid", StatusBadFrequency},
       {"submission failed, the association you gave was not valid, the frequency you gave is not valid",
        StatusBadAssociation},
       {"the association you gave was not valid, the password you gave was incorrect: submission failed",

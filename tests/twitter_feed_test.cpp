@@ -67,12 +67,6 @@ TEST_F(TwitterFeed, ReturnsOnlyWhatIsNewerAndYoungEnough) {
   EXPECT_EQ(result.SkippedItems.size(), 2U);
 }
 
-TEST_F(TwitterFeed, TwoStationsGiveTwoSpotsAndTheTweetsIDComesFirst) {
-  Read(Answer(Result("7", "G4ABC and G4XYZ on G/LD-001 @ 7.03 CW (Posted by M0XYZ)")));
-  EXPECT_EQ(IDs(), "7 20261124115930G4XYZM0XYZ ");
-  EXPECT_EQ((*spots_.At(2))->SpotKey, "7");
-}
-
 TEST_F(TwitterFeed, ACutAnswerGivesNothing) {
   const auto whole =
       Answer(Result("2", "G4ABC on G/LD-001 @ 7.03 CW") + "," + Result("1", "G4XYZ on G/LD-001"));
