@@ -100,7 +100,7 @@ TEST(GatewayProcessing, LooksAtTheFreshFeedBeforeItSends) {
       {{{"G4ABC", "7.032", 1}, {"G4ABC", "14.062", 3}}, duplicate, duplicateEvent},  // keys come first
       {{{"HB9XYZ", "7.032", 1}, {"G4ABC", "14.0626", 3}}, near, nearEvent},
       {{{"G4ABC", "14.0626", 30}}, near, nearEvent},
-      {{{"G4ABC", "14.063", 3}}, "", Sent},  // 1 kHz, though the doubles are closer
+      {{{"G4ABC", "14.063", 3}}, "", Sent},
       {{{"G4ABC", "7.032", 3}, {"G4ABC", "14.0626", 5}}, "", Sent},
       {{}, "", "No spots received from Sotawatch via RSS, so can't do final dupe check.\n" + Sent},
   };
@@ -114,6 +114,10 @@ TEST(GatewayProcessing, LooksAtTheFreshFeedBeforeItSends) {
               !preceding.empty());
     EXPECT_EQ(story.Posts("G4ABC"), preceding.empty() ? 1U : 0U);
   }
+  GatewayStory story;
+  story.Feed({{"G4ABC", "1296.201", 3}});
+  story.Process({story.SkimmerSpot("G4ABC", "1296.2")});
+  EXPECT_EQ(story.Posts("G4ABC"), 1U) << "1 kHz as it is written, though the numbers behind are closer";
 }
 
 // Newest first; what settles it ends the search.
@@ -217,7 +221,7 @@ TEST(GatewayProcessing, KeepsTheIntervalWhateverTheWallClockDoes) {
 // What was spotted before lies in the wall clock's future then, and is a duplicate all the same.
 TEST(GatewayProcessing, FindsDuplicatesInAFeedFromBeforeTheClockWasSetBack) {
   GatewayStory story;
-  story.Feed({{"G4ABC", "14.0625", 5}});
+  story.Feed({{"G4ABC", "14.0626", 5}});
   story.Time.SetLocalTime(AddMinutes(story.Time.LocalNow(), -60));
   story.Process({story.SkimmerSpot("G4ABC", "14.062")});
   EXPECT_EQ(story.Posts("G4ABC"), 0U) << story.GatewayEvents();

@@ -65,7 +65,7 @@ TEST(Numbers, TextReadsBack) {
 
 // Text, base callsign, second callsign.
 TEST(Callsigns, LosePrefixSuffixAndSecondOperator) {
-  for (const auto line : Split("G4ABC/P|G4ABC|\nEA8/G4ABC|G4ABC|\nG4ABC/M|G4ABC|\nDL/G4ABC/P|G4ABC|\n"
+  for (const auto line : Split("G4ABC/P|G4ABC|\nEA8/G4ABC|G4ABC|\nG4ABC/M|G4ABC|\nDL/G4ABC/M|G4ABC|\n"
                                "DL/PA3XYZ|DLA3XYZ|\nKH6/K1A|KH6|\nG4ABC/G4XYZ|G4ABC|G4XYZ\n"
                                "g4abc and g4xyz|G4ABC|G4XYZ\nG4ABC & PORTABLE|G4ABC|\n"
                                "G4ABC/P G4XYZ/P|G4ABC|G4XYZ\nG4ABC/PORTABLE|G4ABC|\n"

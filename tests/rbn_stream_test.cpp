@@ -156,7 +156,7 @@ TEST_F(RBNStream, LeavesSocketsThatHangInClosingButTheFirst) {
 
 TEST_F(RBNStream, ReadsWhatCameBeforeTheConnectionEndedAndDropsTheRest) {
   for (const bool fails : {false, true}) {
-    auto peer = LetsIn().Sends(Line("K1AA") + Line("K1BB") + "the rest");
+    auto peer = LetsIn().Sends(Line("K1AA") + Line("K1BB") + Line("K1DD").substr(0, 56));
     host_.Sockets.Peer(fails ? peer.Fails({10060, "Connection timed out", "peer"}) : peer.Closes());
     host_.Sockets.Peer(LetsIn().Sends(Line("K1CC")));
     Check();
@@ -169,6 +169,24 @@ TEST_F(RBNStream, ReadsWhatCameBeforeTheConnectionEndedAndDropsTheRest) {
     std::string errorText;
     CloseRBNConnection(stream_, errorText);
   }
+}
+
+TEST_F(RBNStream, ReconnectsWhenTextComesButNoSpots) {
+  auto peer = LetsIn();
+  for (int minute = 1; minute <= 7; ++minute) peer.Sends("WWV de W0MU\r\n", minutes(1));
+  host_.Sockets.Peer(peer);
+  host_.Sockets.Peer(LetsIn());
+  Pass(minutes(60));  // what happened before the login does not count
+  Check();
+  Pass(seconds(1));
+  for (int minute = 1; minute <= 6; ++minute) {
+    EXPECT_EQ(stream_.Attempts, 1) << minute;
+    Pass(minutes(1));
+    Check();
+  }
+  EXPECT_EQ(stream_.Attempts, 2);
+  EXPECT_TRUE(Says("CloseRBNConnection begin"));
+  EXPECT_TRUE(Says("CloseRBNConnection successful"));
 }
 
 TEST_F(RBNStream, ReconnectsWhenTheTextNeverEndsItsLineButNotInTheMiddleOfASpot) {
