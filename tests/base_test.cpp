@@ -47,43 +47,38 @@ TEST(Observable, TellsOfChangesOnlyAndSurvivesWatchersThatComeAndGo) {
 }
 
 // The collection as it would be without an index: slow, and plainly right.
-class PlainCollection {
- public:
+struct PlainCollection {
+  std::vector<std::pair<std::string, int>> Entries;
+
+  auto Find(const std::string& key) {
+    return std::find_if(Entries.begin(), Entries.end(), [&key](const auto& entry) {
+      return !key.empty() && EqualsIgnoringCase(entry.first, key);
+    });
+  }
   bool Add(int item, const std::string& key, bool inFront) {
-    if (!key.empty() && Find(key) != entries_.end()) return false;
-    entries_.insert(inFront ? entries_.begin() : entries_.end(), {key, item});
+    if (Find(key) != Entries.end()) return false;
+    Entries.insert(inFront ? Entries.begin() : Entries.end(), {key, item});
     return true;
   }
   bool Remove(const std::string& key) {
-    const auto found = key.empty() ? entries_.end() : Find(key);
-    if (found == entries_.end()) return false;
-    entries_.erase(found);
+    const auto found = Find(key);
+    if (found == Entries.end()) return false;
+    Entries.erase(found);
     return true;
   }
-  void Trim(std::size_t count) { entries_.resize(std::min(count, entries_.size())); }
-  void Reverse() { std::reverse(entries_.begin(), entries_.end()); }
-
-  void ExpectSame(const KeyedCollection<int>& collection) {
-    ASSERT_EQ(collection.Count(), entries_.size());
-    std::size_t position = 0;
-    for (const auto& entry : collection) {
-      const auto& [key, item] = entries_[position++];
-      ASSERT_EQ(std::pair(entry.Key, entry.Item), std::pair(key, item));
-      ASSERT_EQ(*collection.At(position), item);
-      ASSERT_TRUE(key.empty() || collection.Find(UpperCase(key)) == &entry.Item);
-    }
-    ASSERT_EQ(collection.At(0), nullptr);
-    ASSERT_EQ(collection.At(position + 1), nullptr);
-  }
-
- private:
-  std::vector<std::pair<std::string, int>>::iterator Find(const std::string& key) {
-    return std::find_if(entries_.begin(), entries_.end(),
-                        [&key](const auto& entry) { return EqualsIgnoringCase(entry.first, key); });
-  }
-
-  std::vector<std::pair<std::string, int>> entries_;
 };
+
+void ExpectSame(const KeyedCollection<int>& collection, const PlainCollection& plain) {
+  std::size_t position = 0;
+  ASSERT_EQ(collection.Count(), plain.Entries.size());
+  for (const auto& entry : collection) {
+    const auto& [key, item] = plain.Entries[position++];
+    ASSERT_EQ(std::pair(entry.Key, entry.Item), std::pair(key, item));
+    ASSERT_EQ(*collection.At(position), item);
+    ASSERT_TRUE(key.empty() || collection.Find(UpperCase(key)) == &entry.Item);
+  }
+  ASSERT_TRUE(collection.At(0) == nullptr && collection.At(position + 1) == nullptr);
+}
 
 TEST(KeyedCollection, HoldsWhatAPlainListWouldAfterAnyChanges) {
   std::mt19937 random(11);
@@ -102,16 +97,16 @@ TEST(KeyedCollection, HoldsWhatAPlainListWouldAfterAnyChanges) {
       ASSERT_EQ(collection.Remove(key), plain.Remove(key));
     } else if (change == 97) {
       collection.Reverse();
-      plain.Reverse();
+      std::reverse(plain.Entries.begin(), plain.Entries.end());
     } else if (change == 98) {
       const auto most = random() % 300;
       collection.Trim(most);
-      plain.Trim(most);
+      plain.Entries.resize(std::min<std::size_t>(most, plain.Entries.size()));
     } else {
       auto moved = std::move(collection);
       collection = KeyedCollection<int>(moved);
     }
-    if (item % 50 == 0) plain.ExpectSame(collection);
+    if (item % 50 == 0) ExpectSame(collection, plain);
     if (testing::Test::HasFatalFailure()) return;
   }
 }

@@ -115,8 +115,8 @@ TEST(GatewayProcessing, LooksAtTheFreshFeedBeforeItSends) {
     EXPECT_EQ(story.Posts("G4ABC"), preceding.empty() ? 1U : 0U);
   }
   GatewayStory story;
-  story.Feed({{"G4ABC", "1296.201", 3}});
-  story.Process({story.SkimmerSpot("G4ABC", "1296.2")});
+  story.Feed({{"G4ABC", "1296.301", 3}});
+  story.Process({story.SkimmerSpot("G4ABC", "1296.3")});
   EXPECT_EQ(story.Posts("G4ABC"), 1U) << "1 kHz as it is written, though the numbers behind are closer";
 }
 

@@ -93,19 +93,6 @@ TEST_F(Intake, AnUntimedItemIsNewOnlyOnce) {
   }
 }
 
-TEST_F(Intake, ForgettingDeliversAnewButOnlyWhenTheReadSucceeds) {
-  const auto feed = FeedText({Item("G4BBB", "11:58:00"), Item("G4AAA", "11:57:00")});
-  Take(feed);
-  intake_.Forget();
-  EXPECT_EQ(Take(feed.substr(0, feed.size() - 12)), "");
-  EXPECT_EQ(Take(feed), "");
-  intake_.Forget();
-  TakeServerDown();
-  EXPECT_EQ(Take(feed), "");
-  intake_.Forget();
-  EXPECT_EQ(Take(feed), "G4BBB G4AAA ");
-}
-
 TEST_F(Intake, AnItemWithoutAStationIsLoggedOnce) {
   const auto feed =
       FeedText({FeedItemText("&#10;nobody", PubDate("11:59:00"), ""), Item("G4AAA", "11:57:00")});

@@ -1,10 +1,9 @@
 // INI files, with the behaviour that the private-profile functions are documented to have.
 #include <gtest/gtest.h>
 
-#include <random>
-
 #include "file_properties.h"
 #include "platform/profile.h"
+#include "random_text.h"
 
 namespace brelwin {
 namespace {
@@ -58,18 +57,12 @@ TEST(ProfileText, WritesInPlaceAndKeepsEverythingElse) {
 }
 
 TEST(ProfileText, ReadsBackWhatWasWrittenIntoAnyText) {
-  std::mt19937 generator(1);
-  const std::vector<std::string> pieces = {"[",  "]",    "=",     ";", "'", "\"", " ", "\t",       "\r",
-                                           "\n", "\r\n", "[S]\n", "s", "K", "k=", "1", "\xC3\xA9", "\xE9"};
-  const auto random = [&](std::size_t most, std::size_t kinds) {
-    std::string text;
-    for (auto count = generator() % (most + 1); count > 0; --count) text += pieces[generator() % kinds];
-    return text;
-  };
+  test::RandomText texts(1, {"[", "]", "=", ";", "'", "\"", " ", "\t", "\r", "\n", "\r\n", "[S]\n", "s", "K",
+                             "k=", "1", "\xC3\xA9", "\xE9"});
   for (int round = 0; round < 20000; ++round) {
-    const auto before = random(20, pieces.size());
-    const auto key = generator() % 2 == 0 ? "k" : random(3, pieces.size() - 1);
-    const auto value = random(6, pieces.size() - 1);
+    const auto before = texts.Next(20);
+    const auto key = texts.Below(2) == 0 ? "k" : texts.Next(3);
+    const auto value = texts.Next(6);
     ASSERT_EQ(test::BreachOfProfileWrite(before, "s", key, value), "") << before << "\n"
                                                                        << key << "\n"
                                                                        << value;

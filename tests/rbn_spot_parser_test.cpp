@@ -155,6 +155,11 @@ TEST_F(RBNParser, DropsRepeatedSpotsWithinThePeriodWhateverTheWallClockDoes) {
   host_.Time.SetLocalTime(AddMinutes(host_.Time.LocalNow(), -600));
   EXPECT_EQ(Parse(line("7026.0")), "G4ABC");
   EXPECT_EQ(recent_.Count(), 1U);
+
+  filter_.FilterSotawatchMatchingAlert = true;
+  EXPECT_EQ(Parse(line("10118.0")), "");
+  AddAlert("G4ABC", 10);
+  EXPECT_EQ(Parse(line("10118.0")), "G4ABC") << "what was dropped for another reason is no repetition";
 }
 
 TEST_F(RBNParser, MatchesToAlertsAndSaysSoInTheLog) {

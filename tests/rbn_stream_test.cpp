@@ -214,33 +214,28 @@ TEST_F(RBNStream, ReconnectsWhenTheTextNeverEndsItsLineButNotInTheMiddleOfASpot)
 }
 
 TEST_F(RBNStream, GivesUpConnectionsThatSayNothingOrNeverAskForTheCallsign) {
-  struct Case {
-    ScriptedPeer Peer;
-    const char* Setting;
-    int MinutesUntilClosed;
-    const char* Reason;
-  };
   auto chatter = ScriptedPeer().Accepts();
   for (int i = 0; i < 60; ++i) chatter.Sends("Who are you?\r\n", minutes(1));
-  const Case cases[] = {
+  // The peer, the setting, the minutes until the connection is closed, and why.
+  const std::tuple<ScriptedPeer, const char*, int, const char*> cases[] = {
       {LetsIn(), "5", 15, "nothing received for 15 minutes"},
       {LetsIn(), "6", 18, "nothing received for 18 minutes"},
       {ScriptedPeer().Accepts(), "1", 15, "nothing received for 15 minutes"},
       {chatter, "5", 15, "no login for 15 minutes"},
       {LetsIn(), "0", 0, ""},
   };
-  for (const auto& story : cases) {
-    screen_.RBN.txtRBNMaxMinutesSinceLastRawSpotReceived.Text = story.Setting;
-    host_.Sockets.Peer(story.Peer);
+  for (const auto& [peer, setting, minutesUntilClosed, reason] : cases) {
+    screen_.RBN.txtRBNMaxMinutesSinceLastRawSpotReceived.Text = setting;
+    host_.Sockets.Peer(peer);
     Check();
     Pass(seconds(1));
     for (int minute = 1; minute <= 40 && stream_.Connected; ++minute) {
       host_.TakeMessages();
       Pass(minutes(1));
       Check();  // there is no further peer, so that a closed connection stays so
-      EXPECT_EQ(stream_.Connected, minute != story.MinutesUntilClosed) << story.Reason << minute;
+      EXPECT_EQ(stream_.Connected, minute != minutesUntilClosed) << reason << minute;
     }
-    const auto told = "CloseSilentRBNConnection - Connection closed, " + std::string(story.Reason);
+    const auto told = "CloseSilentRBNConnection - Connection closed, " + std::string(reason);
     EXPECT_EQ(Says(told), !stream_.Connected) << told;
     stream_.Socket().Close();
     ForgetLogin(stream_);
