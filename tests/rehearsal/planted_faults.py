@@ -15,9 +15,8 @@ import subprocess
 import sys
 from typing import NamedTuple
 
-HERE = pathlib.Path(__file__).resolve().parent
-ROOT = HERE.parent.parent
-sys.path.insert(0, str(HERE))
+ROOT = pathlib.Path(__file__).resolve().parents[2]
+sys.path.insert(0, str(ROOT / 'rehearsal'))
 
 from account import __main__ as account  # noqa: E402
 from account.items import Fate, Tally  # noqa: E402
