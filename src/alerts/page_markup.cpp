@@ -10,6 +10,10 @@ namespace {
 
 constexpr std::string_view NoBreakSpace = "\xC2\xA0";
 
+bool MayNeedWork(char c) {
+  return c == '&' || c == '\r' || c == '\n' || c == '\t' || c == NoBreakSpace[0];
+}
+
 }  // namespace
 
 std::optional<std::string_view> TakeBetween(std::string_view& rest, std::string_view begin,
@@ -51,6 +55,7 @@ std::string WithBlanks(std::string text) {
 }
 
 std::string PlainText(std::string_view text) {
+  if (std::none_of(text.begin(), text.end(), MayNeedWork)) return std::string(Trim(text));
   auto plain = WithBlanks(DecodeEntities(text));
   if (Contains(plain, NoBreakSpace)) plain = Replace(plain, NoBreakSpace, " ");
   plain.erase(plain.find_last_not_of(' ') + 1);

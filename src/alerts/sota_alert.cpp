@@ -47,7 +47,8 @@ void SetAlertDateAndTime(SOTAAlert& alert, DateTime time) {
 }
 
 std::string DelimitedField(std::string text) {
-  if (text.find_first_of("|\r\n") == std::string::npos) return text;
+  if (std::none_of(text.begin(), text.end(), [](char c) { return c == '|' || c == '\r' || c == '\n'; }))
+    return text;
   text = Replace(text, DataDelimiter(), "-");
   if (text.starts_with('|')) text.front() = '-';
   if (text.ends_with('|')) text.back() = '-';

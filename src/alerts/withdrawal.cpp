@@ -1,21 +1,29 @@
 #include "alerts/withdrawal.h"
 
 #include <string>
+#include <utility>
 
 #include "base/text.h"
 
 namespace brelwin {
 
+namespace {
+
+bool HasOptOutWord(std::string upper) {
+  std::erase(upper, ' ');
+  return Contains(upper, "RBNN") || Contains(upper, "NOTARNLINK");
+}
+
+}  // namespace
+
 bool HoldsOptOutWord(std::string_view comment) {
-  auto letters = UpperCase(comment);
-  std::erase(letters, ' ');
-  return Contains(letters, "RBNN") || Contains(letters, "NOTARNLINK");
+  return HasOptOutWord(UpperCase(comment));
 }
 
 Withdrawal WithdrawalIn(std::string_view comment) {
-  const auto upper = UpperCase(comment);
+  auto upper = UpperCase(comment);
   if (Contains(upper, "CANCELLED") || Contains(upper, "CANCELED")) return Withdrawal::Cancelled;
-  return HoldsOptOutWord(comment) ? Withdrawal::OptedOut : Withdrawal::None;
+  return HasOptOutWord(std::move(upper)) ? Withdrawal::OptedOut : Withdrawal::None;
 }
 
 }  // namespace brelwin

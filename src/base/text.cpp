@@ -82,10 +82,15 @@ std::string Replace(std::string_view text, std::string_view what, std::string_vi
 }
 
 std::string Without(std::string text, std::string_view part) {
-  const auto at = text.find(part);
-  if (at == std::string::npos) return text;
-  if (at + part.size() != text.size()) return Replace(text, part, "");
-  text.resize(at);
+  auto kept = part.empty() ? std::string::npos : text.find(part);
+  if (kept == std::string::npos) return text;
+  for (auto begin = kept + part.size(); begin <= text.size();) {
+    const auto end = std::min(text.find(part, begin), text.size());
+    std::copy(text.data() + begin, text.data() + end, text.data() + kept);
+    kept += end - begin;
+    begin = end + part.size();
+  }
+  text.resize(kept);
   return text;
 }
 

@@ -32,7 +32,7 @@ bool Contains(std::string_view text, std::string_view part);
 // replacements again. An empty `what` changes nothing.
 std::string Replace(std::string_view text, std::string_view what, std::string_view with);
 
-// The text without every occurrence of `part`. Nothing is copied when there is none, or only one at the end.
+// The text without every occurrence of `part`, found left to right.
 std::string Without(std::string text, std::string_view part);
 
 // The pieces between the delimiters: always one more than there are delimiters, so an empty text gives one

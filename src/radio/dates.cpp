@@ -5,80 +5,57 @@
 namespace brelwin {
 namespace {
 
-// The last two digits of the number, with a leading zero.
-void AppendTwoDigits(std::string& text, int number) {
-  text.push_back(static_cast<char>('0' + number / 10 % 10));
-  text.push_back(static_cast<char>('0' + number % 10));
+void PutTwoDigits(char* at, int number) {
+  at[0] = static_cast<char>('0' + number / 10 % 10);
+  at[1] = static_cast<char>('0' + number % 10);
 }
 
-void AppendYear(std::string& text, int year) {
-  AppendTwoDigits(text, year / 100);
-  AppendTwoDigits(text, year);
+// "yyyymmddhhmmss".
+std::string DigitsOf(const CalendarTime& time) {
+  std::string digits(14, '0');
+  PutTwoDigits(&digits[0], time.Year / 100);
+  PutTwoDigits(&digits[2], time.Year);
+  PutTwoDigits(&digits[4], time.Month);
+  PutTwoDigits(&digits[6], time.Day);
+  PutTwoDigits(&digits[8], time.Hour);
+  PutTwoDigits(&digits[10], time.Minute);
+  PutTwoDigits(&digits[12], time.Second);
+  return digits;
 }
 
-void AppendDate(std::string& text, const CalendarTime& time, std::string_view separator) {
-  AppendYear(text, time.Year);
-  text.append(separator);
-  AppendTwoDigits(text, time.Month);
-  text.append(separator);
-  AppendTwoDigits(text, time.Day);
-}
-
-void AppendMinutes(std::string& text, const CalendarTime& time, std::string_view separator) {
-  AppendTwoDigits(text, time.Hour);
-  text.append(separator);
-  AppendTwoDigits(text, time.Minute);
-}
-
-void AppendSeconds(std::string& text, const CalendarTime& time, std::string_view separator) {
-  AppendMinutes(text, time, separator);
-  text.append(separator);
-  AppendTwoDigits(text, time.Second);
+// The pattern with the digits in place of its "#".
+std::string FillIn(std::string_view pattern, std::string_view digits) {
+  std::string text(pattern);
+  auto digit = digits.begin();
+  for (char& c : text) {
+    if (c == '#') c = *digit++;
+  }
+  return text;
 }
 
 }  // namespace
 
 std::string DateTimeText(DateTime time) {
-  const auto parts = CalendarFromDateTime(time);
-  std::string text;
-  AppendDate(text, parts, "-");
-  text.push_back(' ');
-  AppendSeconds(text, parts, ":");
-  return text;
+  return FillIn("####-##-## ##:##:##", CompactText(time));
 }
 
 std::string ClockText(DateTime time) {
-  std::string text;
-  AppendMinutes(text, CalendarFromDateTime(time), ":");
-  return text;
+  return FillIn("##:##", CompactText(time).substr(8));
 }
 
 std::string CompactText(DateTime time) {
-  const auto parts = CalendarFromDateTime(time);
-  std::string text;
-  AppendDate(text, parts, "");
-  AppendSeconds(text, parts, "");
-  return text;
+  return DigitsOf(CalendarFromDateTime(time));
 }
 
 std::string CompactMinutesText(DateTime time) {
-  const auto parts = CalendarFromDateTime(time);
-  std::string text;
-  AppendDate(text, parts, "");
-  AppendMinutes(text, parts, "");
-  return text;
+  return CompactText(time).substr(0, 12);
 }
 
 std::string MonthFirstText(DateTime time) {
   const auto parts = CalendarFromDateTime(time);
-  std::string text(ShortMonthName(parts.Month));
-  text.push_back(' ');
-  AppendTwoDigits(text, parts.Day);
-  text.push_back(' ');
-  AppendYear(text, parts.Year);
-  text.push_back(' ');
-  AppendSeconds(text, parts, ":");
-  return text;
+  const auto digits = DigitsOf(parts);
+  const auto yearBehindDay = digits.substr(6, 2) + digits.substr(0, 4) + digits.substr(8);
+  return std::string(ShortMonthName(parts.Month)) + FillIn(" ## #### ##:##:##", yearBehindDay);
 }
 
 std::int32_t TimeZoneOffsetInMinutes(const Clock& clock) {

@@ -80,6 +80,10 @@ void RoundToDecimals(Decimal& decimal, int decimals) {
   decimal.Digits.erase(decimal.Digits.find_last_not_of('0') + 1);
 }
 
+char Digit(int number) {
+  return static_cast<char>('0' + number);
+}
+
 void AppendWholePart(std::string& text, const Decimal& decimal) {
   if (decimal.Point <= 0) return;
   const auto length = text.size() + static_cast<std::size_t>(decimal.Point);
@@ -177,13 +181,13 @@ std::string RoundedToThreeDecimalsText(float value) {
   if (!std::isfinite(value)) return "0";
   const double rounded = RoundedToThreeDecimals(value);
   if (std::fabs(rounded) >= LongestInThousandths) return WholeNumberText(rounded);
-  std::string text = rounded < 0 ? "-" : "";
-  const auto thousandths = std::llabs(std::llrint(rounded * 1000.0));
-  text.append(std::to_string(thousandths / 1000));
-  if (thousandths % 1000 == 0) return text;
-  text.push_back('.');
-  for (auto rest = thousandths % 1000; rest != 0; rest = rest * 10 % 1000)
-    text.push_back(static_cast<char>('0' + rest / 100));
+  const auto thousandths = std::llrint(std::fabs(rounded) * 1000.0);
+  auto text = std::to_string(thousandths / 1000);
+  if (rounded < 0) text.insert(0, "-");
+  if (const auto decimals = static_cast<int>(thousandths % 1000); decimals != 0) {
+    text.append({'.', Digit(decimals / 100), Digit(decimals / 10 % 10), Digit(decimals % 10)});
+    text.erase(text.find_last_not_of('0') + 1);
+  }
   return text;
 }
 
