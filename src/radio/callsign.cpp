@@ -12,6 +12,8 @@ namespace {
 // A whole callsign has 4 characters or more; shorter pieces beside a "/" are prefixes or suffixes.
 constexpr std::size_t ShortestCallsign = 4;
 
+constexpr std::string_view Portable = "/P";
+
 struct Stations {
   std::string_view First;
   std::string_view Second = {};  // empty when one station is named
@@ -53,8 +55,7 @@ void RemovePrefixOrSuffix(std::string& callsign) {
 }
 
 std::string BaseOfOneStation(std::string_view station) {
-  std::string callsign(station);
-  for (const std::string_view mark : {"/P", "[", "]"}) callsign = Without(std::move(callsign), mark);
+  auto callsign = Without(Without(Without(std::string(station), Portable), "["), "]");
   callsign = Trim(callsign);
   RemovePrefixOrSuffix(callsign);
   RemovePrefixOrSuffix(callsign);
@@ -76,14 +77,16 @@ std::int32_t CountDigits(std::string_view text) {
       std::count_if(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }));
 }
 
-bool IsPlainCallsign(std::string_view text) {
-  return std::all_of(text.begin(), text.end(),
-                     [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); });
+std::optional<std::string_view> PlainBaseCallsign(std::string_view text) {
+  if (text.ends_with(Portable)) text.remove_suffix(Portable.size());
+  const auto isPlain = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
+  if (!std::all_of(text.begin(), text.end(), isPlain)) return {};
+  return text;
 }
 
 std::string GetBaseCallsign(std::string_view text, std::string& secondCallsign) {
   secondCallsign.clear();
-  if (IsPlainCallsign(text)) return std::string(text);
+  if (const auto plain = PlainBaseCallsign(text)) return std::string(*plain);
   const auto names = WithoutJoiningWords(text);
   const auto stations = SplitStations(names);
   if (!stations.Second.empty()) secondCallsign = BaseOfSecondStation(stations);
@@ -91,7 +94,7 @@ std::string GetBaseCallsign(std::string_view text, std::string& secondCallsign) 
 }
 
 std::string GetBaseCallsign(std::string_view text) {
-  if (IsPlainCallsign(text)) return std::string(text);
+  if (const auto plain = PlainBaseCallsign(text)) return std::string(*plain);
   const auto names = WithoutJoiningWords(text);
   return BaseOfOneStation(SplitStations(names).First);
 }

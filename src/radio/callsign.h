@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -11,9 +12,9 @@ namespace brelwin {
 // Number of characters "0" to "9". A candidate without a digit is no callsign.
 std::int32_t CountDigits(std::string_view text);
 
-// Whether the text is of capital letters and digits alone, as most callsigns are: it is then its own base
-// callsign.
-bool IsPlainCallsign(std::string_view text);
+// The base callsign where it is a part of the text: when that is of capital letters and digits alone, with or
+// without a "/P" behind them, as most callsigns are. Empty for any other text.
+std::optional<std::string_view> PlainBaseCallsign(std::string_view text);
 
 // The base callsign of the first station that the text names. When it names two, joined by "/", "&", "AND" or
 // a blank, `secondCallsign` receives the base callsign of the other one, else it is emptied. Some results

@@ -22,9 +22,11 @@ bool LineFacts::IsRepeated() {
 std::string_view LineFacts::StationBaseCallsign() {
   if (station_) return *station_;
   const auto callsign = line_.Field(SpotField::Station);
-  const bool isPlain = IsPlainCallsign(callsign);
-  if (!isPlain) stationStorage_ = GetBaseCallsign(callsign);
-  station_ = isPlain ? callsign : stationStorage_;
+  station_ = PlainBaseCallsign(callsign);
+  if (!station_) {
+    stationStorage_ = GetBaseCallsign(callsign);
+    station_ = stationStorage_;
+  }
   return *station_;
 }
 
