@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <cmath>
 #include <cstdlib>
 #include <iterator>
 #include <string_view>
@@ -14,8 +15,8 @@ namespace {
 using std::string;
 using std::string_view;
 
-constexpr std::int64_t UsualOnOneFrequency = 15 * 60;    // seconds in which skimmers hear an activator there
-constexpr std::int64_t LongestOnOneFrequency = 45 * 60;  // some call for longer
+constexpr std::int64_t UsualOnOneFrequency = 900;     // seconds in which skimmers hear an activator there
+constexpr std::int64_t LongestOnOneFrequency = 2700;  // some call for longer
 
 constexpr std::array<string_view, 8> SkimmerTable{"KM3T-2", "LZ3CB", "DL8LAS-3", "EA8/DF4UE",
                                                   "F8DGY",  "W3OA",  "VK4CT",    "G4ZFE"};
@@ -65,7 +66,7 @@ string KilohertzText(std::int64_t hundredHertz) {
 
 // "7.032" MHz in units of 100 Hz.
 std::int64_t HundredHertz(const string& megahertz) {
-  return static_cast<std::int64_t>(std::strtod(megahertz.c_str(), nullptr) * 10000 + 0.5);
+  return std::llround(std::strtod(megahertz.c_str(), nullptr) * 10000);
 }
 
 // The operator, or the one beside him where there are two.

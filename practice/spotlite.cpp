@@ -145,6 +145,7 @@ Reply Spotlite::Posted(string_view target) {
 SpotliteAnswer Spotlite::Draw() {
   std::int64_t all = 0;
   for (const auto& [answer, share] : options_.Mix) all += share;
+  if (all < 1) return SpotliteAnswer::Honest;
   auto lot = random_.Between(1, all);
   for (const auto& [answer, share] : options_.Mix) {
     lot -= share;

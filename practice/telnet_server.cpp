@@ -177,7 +177,9 @@ string_view TelnetServer::Implementation::Stream(Client client, Skimmers& skimme
   double due = 0;  // lines that are owed; a fast stream sends several at a time
   const double pause = std::max(0.02, 1 / Options.LinesPerSecond);
   while (Pause(pause)) {
-    for (due += Options.LinesPerSecond * pause; due >= 1; --due) {
+    due += Options.LinesPerSecond * pause;
+    while (due >= 1) {
+      due -= 1;
       const auto line = skimmers.NextLine(Spots.OnTheAir(Now(), SpotsInTheAir), Now());
       const bool isTroubled = Options.Trouble != Fault::None && Clock::now() >= trouble;
       const auto delivery = isTroubled ? Trouble(client.Socket, line) : Sent(Send(client.Socket, line), line);
