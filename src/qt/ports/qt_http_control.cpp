@@ -15,7 +15,7 @@ namespace {
 
 constexpr int MostRedirects = 5;
 constexpr int FirstFinalStatus = 200;
-constexpr qsizetype LongestAnswer = 16 * 1024 * 1024;
+constexpr qsizetype LongestAnswer = qsizetype{16} * 1024 * 1024;
 constexpr std::chrono::seconds LongestTransfer{120};
 
 bool IsWebAddress(const QUrl& url) {

@@ -13,7 +13,7 @@ namespace brelwin {
 namespace {
 
 // Taken in one go; a small packed body may unpack to very many bytes, and the window is to stay alive.
-constexpr std::uint64_t SliceBytes = 256 * 1024;
+constexpr std::uint64_t SliceBytes = std::uint64_t{256} * 1024;
 constexpr int MaximumRedirects = 10;
 
 bool IsWebAddress(const QUrl& url) {

@@ -10,7 +10,7 @@
 namespace brelwin {
 namespace {
 
-constexpr std::size_t MostBytes = 4 * 1024 * 1024;
+constexpr std::size_t MostBytes = std::size_t{4} * 1024 * 1024;
 constexpr QSize ViewerSize{900, 600};
 
 std::string_view EndOf(std::string_view bytes) {
