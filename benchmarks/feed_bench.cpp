@@ -11,7 +11,7 @@ namespace brelwin::benchmarks {
 namespace {
 
 constexpr std::size_t ItemCount = 50'000;
-constexpr std::int64_t OneDayInMinutes = 24 * 60;
+constexpr std::int64_t OneDayInMinutes = 1440;
 
 const DateTime Newest = *DateTimeFromCalendar({2026, 11, 24, 12, 0, 0});
 

@@ -78,6 +78,7 @@ TEST_F(ModificationsFile, EntriesAreAppliedInTheirOrder) {
   alerts.Add(std::make_shared<const SOTAAlert>(page));
   Pruned({Entry("ADD", Now(), "one"), Entry("DEL", Now(), "PAGE"), Entry("ADD", Now(), "two"),
           Entry("ADD", Now(), "gone"), Entry("DEL", Now(), "gone"), Entry("ADD", Now(), "ONE"),
+          Entry("ADD", Now(), ""), Entry("ADD", Now(), ""), Entry("DEL", Now(), ""),
           Entry("WHAT", Now(), "three")});
   Load().ApplyTo(alerts);
   std::string keys;

@@ -1,6 +1,14 @@
 #include "alerts/alert_collection.h"
 
 namespace brelwin {
+namespace {
+
+// A keyed collection holds any number of items without a key; of alerts whose key is empty, there is one.
+std::string_view HeldKey(std::string_view alertKey) {
+  return alertKey.empty() ? " " : alertKey;
+}
+
+}  // namespace
 
 AlertCollection::Places& AlertCollection::PlacesFor(const SOTAAlert& alert) {
   const auto& station = alert.stationBaseCallsign;
@@ -9,28 +17,28 @@ AlertCollection::Places& AlertCollection::PlacesFor(const SOTAAlert& alert) {
 }
 
 bool AlertCollection::Add(const AlertPointer& alert) {
-  if (!alerts_.Add({alert, last_ + 1}, alert->AlertKey)) return false;
+  if (!alerts_.Add({alert, last_ + 1}, HeldKey(alert->AlertKey))) return false;
   auto& places = PlacesFor(*alert);
   places.emplace_hint(places.end(), ++last_, alert);
   return true;
 }
 
 bool AlertCollection::AddInFront(const AlertPointer& alert) {
-  if (!alerts_.AddInFront({alert, first_ - 1}, alert->AlertKey)) return false;
+  if (!alerts_.AddInFront({alert, first_ - 1}, HeldKey(alert->AlertKey))) return false;
   auto& places = PlacesFor(*alert);
   places.emplace_hint(places.begin(), --first_, alert);
   return true;
 }
 
 bool AlertCollection::Remove(std::string_view key) {
-  const auto* held = alerts_.Find(key);
+  const auto* held = alerts_.Find(HeldKey(key));
   if (held == nullptr) return false;
   ofStation_[held->Alert->stationBaseCallsign].erase(held->Place);
-  return alerts_.Remove(key);
+  return alerts_.Remove(HeldKey(key));
 }
 
 AlertPointer AlertCollection::Find(std::string_view key) const {
-  const auto* held = alerts_.Find(key);
+  const auto* held = alerts_.Find(HeldKey(key));
   return held == nullptr ? nullptr : held->Alert;
 }
 

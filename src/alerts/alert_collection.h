@@ -36,15 +36,14 @@ class AlertCollection {
   using Places = std::map<std::int64_t, AlertPointer>;
 
   // Adds the alert under its AlertKey at the end, or in front of all others, and its base callsign to the
-  // stations. False, with nothing changed, when the key is held already; keys have no letter case. One
-  // without a key is always added.
+  // stations. False, with nothing changed, when the key is held already; keys have no letter case.
   bool Add(const AlertPointer& alert);
   bool AddInFront(const AlertPointer& alert);
 
   // True when an alert had the key and was removed. Its station stays among the stations.
   bool Remove(std::string_view key);
 
-  bool Contains(std::string_view key) const { return alerts_.Contains(key); }
+  bool Contains(std::string_view key) const { return Find(key) != nullptr; }
   AlertPointer Find(std::string_view key) const;  // null without one
 
   std::size_t Count() const { return alerts_.Count(); }

@@ -16,6 +16,7 @@ constexpr std::array<char16_t, 32> Windows1252From80 = {
 bool IsAscii(char c) {
   return static_cast<unsigned char>(c) < 0x80;
 }
+
 // Most text is plain, so it is looked at eight bytes at a time.
 std::size_t AsciiLength(std::string_view bytes) {
   std::uint64_t word = 0;
@@ -27,6 +28,7 @@ std::size_t AsciiLength(std::string_view bytes) {
   while (length < bytes.size() && IsAscii(bytes[length])) ++length;
   return length;
 }
+
 bool IsContinuation(char c) {
   return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U;
 }

@@ -14,8 +14,9 @@
 
 namespace brelwin {
 
-// The records belong to the caller, who passes them to every call: `records[number].Key` is a record's key.
-// No key is held twice. Number 0 stands for "none".
+// The records belong to the caller, who passes them to every call: `records[number].Key` is a record's key,
+// and stays as it is until it is removed here. No key is held twice, an empty one not at all. Number 0 stands
+// for "none".
 template <class Records>
 class KeyIndex {
  public:
@@ -23,7 +24,8 @@ class KeyIndex {
 
   // Makes room for this many keys, so that adding many does not sort them in anew again and again.
   void Reserve(std::size_t count) {
-    if (const auto size = std::bit_ceil(count + count / 2); size > slots_.size()) Resize(size);
+    const auto size = std::max(FewestSlots, std::bit_ceil(count + count / 2));
+    if (count > 0 && size > slots_.size()) Resize(size);
   }
 
   // The number of the record with the key, or 0.
@@ -33,7 +35,7 @@ class KeyIndex {
 
   // False, with nothing changed, when the key of the record is held already.
   bool Add(const Records& records, Number number) {
-    if (4 * (count_ + 1) > 3 * slots_.size()) Resize(std::max<std::size_t>(8, 2 * slots_.size()));
+    if (4 * (count_ + 1) > 3 * slots_.size()) Resize(std::max(FewestSlots, 2 * slots_.size()));
     const std::string_view key = records[number].Key;
     const auto hash = HashOf(key);
     auto& slot = slots_[PlaceOf(records, key, hash)];
@@ -66,6 +68,8 @@ class KeyIndex {
   }
 
  private:
+  static constexpr std::size_t FewestSlots = 8;
+
   struct Slot {
     std::uint32_t Hash = 0;
     Number Held = 0;

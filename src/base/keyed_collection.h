@@ -177,8 +177,7 @@ class KeyedCollection {
   }
 
   void Free(Node& node) {
-    node.Key = {};
-    node.Item = {};
+    std::exchange(static_cast<Entry&>(node), {});  // assigning alone would keep a long text's memory
     node.Next = std::exchange(free_, &node);
   }
 

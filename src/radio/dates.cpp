@@ -1,5 +1,7 @@
 #include "radio/dates.h"
 
+#include <algorithm>
+
 #include "radio/month_names.h"
 
 namespace brelwin {
@@ -13,8 +15,9 @@ void PutTwoDigits(char* at, int number) {
 // "yyyymmddhhmmss".
 std::string DigitsOf(const CalendarTime& time) {
   std::string digits(14, '0');
-  PutTwoDigits(&digits[0], time.Year / 100);
-  PutTwoDigits(&digits[2], time.Year);
+  const auto year = std::max(time.Year, 0);
+  PutTwoDigits(&digits[0], year / 100);
+  PutTwoDigits(&digits[2], year);
   PutTwoDigits(&digits[4], time.Month);
   PutTwoDigits(&digits[6], time.Day);
   PutTwoDigits(&digits[8], time.Hour);
