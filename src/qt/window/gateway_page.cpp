@@ -35,13 +35,6 @@ constexpr TextRow Template{
 constexpr TextRow Sound{"txtGatewaySound", "Sound f&ile",
                         "Wave file; a name without a folder is looked up in the program's folder"};
 
-QLabel* MakeWords(const char* name) {
-  auto* label = new QLabel;
-  label->setObjectName(name);
-  label->setWordWrap(true);
-  return label;
-}
-
 QGroupBox* MakeSending() {
   auto* frame = MakeFrame("fraSendSpotsToSotawatch", "Send spots to Sotawatch");
   auto* form = new QFormLayout(frame);

@@ -78,6 +78,14 @@ QLabel* MakeCaption(const char* caption, QWidget* box) {
   return label;
 }
 
+QLabel* MakeWords(const char* name) {
+  auto* label = new QLabel;
+  label->setObjectName(name);
+  label->setTextFormat(Qt::PlainText);
+  label->setWordWrap(true);
+  return label;
+}
+
 QLineEdit* AddTextRow(QFormLayout& form, const TextRow& row) {
   return AddTextRow(form, row, {});
 }

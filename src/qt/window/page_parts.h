@@ -39,6 +39,9 @@ QGroupBox* MakeFrame(const char* name, const char* caption);
 // A caption that puts the focus on the box when its mnemonic is typed.
 QLabel* MakeCaption(const char* caption, QWidget* box);
 
+// What the program has to say, taken as it stands, over as many lines as it needs.
+QLabel* MakeWords(const char* name);
+
 // Adds caption, box and unit as one row.
 QLineEdit* AddTextRow(QFormLayout& form, const TextRow& row);
 

@@ -4,11 +4,11 @@
 #include <QFormLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "qt/window/elided_label.h"
 #include "qt/window/page_parts.h"
 
 namespace brelwin {
@@ -43,18 +43,12 @@ constexpr TextRow Intervals[] = {
      "Hours between two archive copies of the alerts; 0: none", "hours"},
 };
 
-QLabel* MakeNews(const char* name) {
-  auto* label = new ElidedLabel;
-  label->setObjectName(name);
-  return label;
-}
-
 QGroupBox* MakeConnection() {
   auto* frame = MakeFrame("fraReverseBeaconNetwork", "Reverse Beacon Network");
   auto* form = new QFormLayout(frame);
   form->addRow(MakeCheckBox("chkReverseBeaconSpotsEnabled", "S&pots from the Reverse Beacon Network"));
   AddTextRow(*form, Callsign);
-  form->addRow(MakeNews("lblRBNStatus"));
+  form->addRow(MakeWords("lblRBNStatus"));
   AddTextRow(*form, Watchdog);
   for (const auto& list : FilterLists)
     AddTextRow(*form, list)->setToolTip(QString(list.Tip) + "\n" + FilterListTip);
@@ -71,7 +65,7 @@ QGroupBox* MakeMatching() {
   form->addRow(MakeCheckBox("chkRBNFilterSotawatchMatchingAlert", "Only spots that match an aler&t",
                             "An announced activation of the station around this time"));
   for (const auto& row : Windows) AddTextRow(*form, row);
-  form->addRow(MakeNews("lblUnmatchedSpot"));
+  form->addRow(MakeWords("lblUnmatchedSpot"));
   return frame;
 }
 

@@ -26,14 +26,6 @@ QLabel* MakeWarning(const char* name) {
   return label;
 }
 
-// The sources have more to say than a narrow window holds in one line.
-QLabel* MakeSources() {
-  auto* label = Named("lblSources", new QLabel);
-  label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(true);
-  return label;
-}
-
 // Painted by the style: an icon of that name would be looked for in every icon theme of the machine.
 QPixmap ArrowDown(const QWidget& widget) {
   const int size = widget.style()->pixelMetric(QStyle::PM_SmallIconSize);
@@ -81,7 +73,7 @@ QWidget* MakeStatusRow() {
   auto* column = new QVBoxLayout(area);
   column->setSpacing(2);
   column->addLayout(MakeStateRow());
-  column->addWidget(MakeSources());
+  column->addWidget(MakeWords("lblSources"));
   return area;
 }
 
