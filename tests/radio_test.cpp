@@ -83,6 +83,21 @@ TEST(Callsigns, LosePrefixSuffixAndSecondOperator) {
   EXPECT_EQ(GetBaseCallsign(thousands), "G4ABC");
 }
 
+// Text, forms; then pairs that are one station and pairs that are not.
+TEST(Callsigns, AreFoundBetweenSlashes) {
+  for (const auto line : Split("PA3XYZ|PA3XYZ\nDL/PA3XYZ/P|DLA3XYZ PA3XYZ\ndl/pa3xyz|DLA3XYZ PA3XYZ\n"
+                               "KH6/K1A|KH6 K1A\nG4ABC/G4XYZ|G4ABC G4XYZ\n2E0ABC/QRP|2E0ABC\n"
+                               "HB9/DL70ABC|DL70ABC\nG4ABC/100W/MM|G4ABC\n|",
+                               "\n")) {
+    const auto parts = Split(line, "|");
+    std::string forms;
+    for (const auto& form : CallsignForms(parts[0])) forms += (forms.empty() ? "" : " ") + form;
+    EXPECT_EQ(forms, parts[1]) << line;
+  }
+  EXPECT_TRUE(MayBeSameStation("DL/PA3XYZ/P", "PA3XYZ") && MayBeSameStation("pa3xyz", "9A/PA3XYZ"));
+  EXPECT_FALSE(MayBeSameStation("DL/PA3XYZ", "DL/PA3XYA") || MayBeSameStation("", ""));
+}
+
 TEST(Callsigns, IgnoreCase) {
   test::RandomText texts(3, {"G4ABC", "ea8", "P", "/", "/P", "[", "]", " ", "&", " and ", " AND ", "M"});
   for (int i = 0; i < 5000; ++i) {

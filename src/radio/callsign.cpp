@@ -70,17 +70,38 @@ std::string BaseOfSecondStation(const Stations& stations) {
   return CountDigits(callsign) == 0 ? std::string() : callsign;
 }
 
+bool IsLetter(char c) {
+  return c >= 'A' && c <= 'Z';
+}
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+
+bool IsLetterOrDigit(char c) {
+  return IsLetter(c) || IsDigit(c);
+}
+
+bool LooksLikeCallsign(std::string_view piece) {
+  if (piece.empty() || !IsLetter(piece.back())) return false;
+  const auto lastDigit = piece.find_last_of("0123456789");
+  return lastDigit != std::string_view::npos &&
+         std::any_of(piece.begin(), piece.begin() + static_cast<std::ptrdiff_t>(lastDigit), IsLetter);
+}
+
+void AddOnce(std::vector<std::string>& forms, std::string_view form) {
+  if (std::ranges::find(forms, form) == forms.end()) forms.emplace_back(form);
+}
+
 }  // namespace
 
 std::int32_t CountDigits(std::string_view text) {
-  return static_cast<std::int32_t>(
-      std::count_if(text.begin(), text.end(), [](char c) { return c >= '0' && c <= '9'; }));
+  return static_cast<std::int32_t>(std::count_if(text.begin(), text.end(), IsDigit));
 }
 
 std::optional<std::string_view> PlainBaseCallsign(std::string_view text) {
   if (text.ends_with(Portable)) text.remove_suffix(Portable.size());
-  const auto isPlain = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
-  if (!std::all_of(text.begin(), text.end(), isPlain)) return {};
+  if (!std::all_of(text.begin(), text.end(), IsLetterOrDigit)) return {};
   return text;
 }
 
@@ -97,6 +118,24 @@ std::string GetBaseCallsign(std::string_view text) {
   if (const auto plain = PlainBaseCallsign(text)) return std::string(*plain);
   const auto names = WithoutJoiningWords(text);
   return BaseOfOneStation(SplitStations(names).First);
+}
+
+std::vector<std::string> CallsignForms(std::string_view text) {
+  std::vector<std::string> forms{UpperCase(GetBaseCallsign(text))};
+  auto pieces = UpperCase(text);
+  std::ranges::replace_if(
+      pieces, [](char c) { return !IsLetterOrDigit(c); }, ' ');
+  for (const auto piece : Split(pieces, " ")) {
+    if (LooksLikeCallsign(piece)) AddOnce(forms, piece);
+  }
+  return forms;
+}
+
+bool MayBeSameStation(std::string_view one, std::string_view other) {
+  const auto forms = CallsignForms(other);
+  return std::ranges::any_of(CallsignForms(one), [&](const auto& form) {
+    return !form.empty() && std::ranges::find(forms, form) != forms.end();
+  });
 }
 
 }  // namespace brelwin

@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace brelwin {
 
@@ -21,5 +22,13 @@ std::optional<std::string_view> PlainBaseCallsign(std::string_view text);
 // look odd ("DL/PA3XYZ" gives "DLA3XYZ", "KH6/K1A" gives "KH6"); lists and alerts share them.
 std::string GetBaseCallsign(std::string_view text, std::string& secondCallsign);
 std::string GetBaseCallsign(std::string_view text);
+
+// Every callsign that the text may stand for, in capitals, each once: its base callsign, and behind it the
+// pieces between slashes and other signs that have the shape of a callsign (letter, digit, letter at the end:
+// "PA3XYZ" in "DL/PA3XYZ/P"). For what must reach a station whatever it puts around its callsign.
+std::vector<std::string> CallsignForms(std::string_view text);
+
+// Whether both texts may stand for one station: a form of the one is a form of the other.
+bool MayBeSameStation(std::string_view one, std::string_view other);
 
 }  // namespace brelwin
