@@ -2,8 +2,8 @@
 #include <benchmark/benchmark.h>
 
 #include "made_spots.h"
+#include "spots/spot_filter.h"
 #include "test_host.h"
-#include "ui/spot_filter.h"
 
 namespace brelwin::benchmarks {
 namespace {

@@ -4,7 +4,7 @@
 #include <cstring>
 
 #include "made_spots.h"
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 namespace brelwin::benchmarks {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "made_spots.h"
 #include "qt/window/spot_list_view.h"
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 namespace brelwin::benchmarks {
 namespace {

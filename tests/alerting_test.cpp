@@ -5,9 +5,9 @@
 
 #include "spot_builder.h"
 #include "test_host.h"
+#include "ui/sound_buttons.h"
 #include "ui/sound_choice.h"
 #include "ui/sound_decision.h"
-#include "ui/sounds.h"
 
 namespace brelwin {
 namespace {

@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "gateway_story.h"
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 namespace brelwin {
 namespace {

@@ -1,7 +1,7 @@
 // Reading one page: time-outs, cuts, quitting, nesting.
 #include <gtest/gtest.h>
 
-#include "spots/internet_transfer.h"
+#include "core/internet_transfer.h"
 #include "test_host.h"
 
 namespace brelwin {

@@ -1,5 +1,5 @@
 // The user's comma lists, the filter made of them, and what each output receives.
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 #include <gtest/gtest.h>
 

@@ -1,12 +1,12 @@
 // Spots as lines: the columns of the list, the delimited line, and the logs made of them.
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 #include <gtest/gtest.h>
 
 #include "base/encoding.h"
 #include "spot_builder.h"
+#include "spots/spot_log.h"
 #include "test_host.h"
-#include "ui/spot_log.h"
 
 namespace brelwin {
 namespace {

@@ -10,7 +10,7 @@
 #include "alerts/command_memory.h"
 #include "platform/host.h"
 #include "spots/spot.h"
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

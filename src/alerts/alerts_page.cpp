@@ -7,10 +7,10 @@
 #include "alerts/withdrawal.h"
 #include "base/encoding.h"
 #include "core/data_files.h"
+#include "core/internet_transfer.h"
 #include "core/trap.h"
 #include "radio/callsign.h"
 #include "radio/dates.h"
-#include "spots/internet_transfer.h"
 
 namespace brelwin {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "alerts/alert_collection.h"
 #include "alerts/alert_window.h"
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

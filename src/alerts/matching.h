@@ -11,7 +11,7 @@
 #include "alerts/alert_collection.h"
 #include "alerts/alert_window.h"
 #include "platform/host.h"
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

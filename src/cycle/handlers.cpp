@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "core/data_files.h"
+#include "core/program_path.h"
 #include "core/trap.h"
 #include "cycle/captions.h"
 #include "cycle/check_cycle.h"
@@ -18,8 +19,7 @@
 #include "rbn/stream.h"
 #include "ui/alerting.h"
 #include "ui/filter_from_screen.h"
-#include "ui/program_path.h"
-#include "ui/sounds.h"
+#include "ui/sound_buttons.h"
 
 namespace brelwin {
 namespace {

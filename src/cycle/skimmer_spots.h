@@ -3,7 +3,7 @@
 #pragma once
 
 #include "cycle/main_window.h"
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

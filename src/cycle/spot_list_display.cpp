@@ -2,7 +2,7 @@
 
 #include "radio/numbers.h"
 #include "spots/spot_collections.h"
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 namespace brelwin {
 namespace {

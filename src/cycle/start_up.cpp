@@ -15,7 +15,7 @@
 #include "radio/dates.h"
 #include "radio/numbers.h"
 #include "rbn/stream.h"
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 namespace brelwin {
 namespace {

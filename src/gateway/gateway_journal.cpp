@@ -2,8 +2,8 @@
 
 #include <utility>
 
+#include "base/line_text.h"
 #include "radio/dates.h"
-#include "ui/line_text.h"
 
 namespace brelwin {
 namespace {

@@ -3,7 +3,7 @@
 #include <memory>
 
 #include "core/data_files.h"
-#include "ui/spot_log.h"
+#include "spots/spot_log.h"
 
 namespace brelwin {
 namespace {

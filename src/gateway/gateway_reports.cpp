@@ -4,10 +4,10 @@
 #include <array>
 
 #include "core/event_log.h"
+#include "core/wave_file.h"
 #include "gateway/gateway_log.h"
 #include "radio/numbers.h"
-#include "ui/sounds.h"
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 namespace brelwin {
 namespace {

@@ -3,13 +3,13 @@
 #include <cstdlib>
 #include <utility>
 
+#include "core/wave_file.h"
 #include "gateway/gateway_reports.h"
 #include "gateway/rbn_spot_submission.h"
 #include "gateway/spotlite_form.h"
 #include "platform/wait.h"
 #include "radio/dates.h"
 #include "spots/rss_feed_reader.h"
-#include "ui/sounds.h"
 
 namespace brelwin {
 namespace {

@@ -4,11 +4,11 @@
 #include <utility>
 
 #include "core/event_log.h"
+#include "core/fetch_mark.h"
 #include "core/trap.h"
 #include "intake/delivered_spots.h"
 #include "platform/wait.h"
 #include "radio/frequency.h"
-#include "spots/fetch_mark.h"
 #include "spots/rss_feed_reader.h"
 #include "spots/spot_collections.h"
 #include "spots/twitter_feed_reader.h"

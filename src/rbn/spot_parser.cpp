@@ -12,7 +12,7 @@
 #include "rbn/spot_line.h"
 #include "rbn/spot_rules.h"
 #include "spots/spot_collections.h"
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 namespace brelwin {
 namespace {

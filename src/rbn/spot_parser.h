@@ -10,7 +10,7 @@
 #include "platform/host.h"
 #include "rbn/recent_spots.h"
 #include "spots/spot.h"
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "ui/filter_list.h"
-#include "ui/spot_filter.h"
+#include "spots/filter_list.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

@@ -8,7 +8,7 @@
 #include "rbn/connection.h"
 #include "rbn/recent_spots.h"
 #include "spots/spot.h"
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

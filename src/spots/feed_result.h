@@ -6,8 +6,8 @@
 #include <string_view>
 #include <vector>
 
+#include "core/internet_transfer.h"
 #include "platform/host.h"
-#include "spots/internet_transfer.h"
 
 namespace brelwin {
 

@@ -1,9 +1,9 @@
 #include "spots/rss_feed_reader.h"
 
 #include "core/data_files.h"
+#include "core/fetch_mark.h"
 #include "core/trap.h"
 #include "platform/wait.h"
-#include "spots/fetch_mark.h"
 
 namespace brelwin {
 namespace {

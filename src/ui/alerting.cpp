@@ -2,9 +2,9 @@
 
 #include "base/text.h"
 #include "core/trap.h"
+#include "core/wave_file.h"
 #include "ui/sound_choice.h"
 #include "ui/sound_decision.h"
-#include "ui/sounds.h"
 
 namespace brelwin {
 namespace {

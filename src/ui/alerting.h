@@ -4,7 +4,7 @@
 #include "controls/form.h"
 #include "platform/host.h"
 #include "settings/configuration.h"
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

@@ -4,7 +4,7 @@
 #include "controls/screen.h"
 #include "platform/number_format.h"
 #include "settings/configuration.h"
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

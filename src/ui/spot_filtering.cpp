@@ -1,9 +1,9 @@
 #include "ui/spot_filtering.h"
 
 #include "core/data_files.h"
+#include "core/program_path.h"
 #include "core/trap.h"
-#include "ui/program_path.h"
-#include "ui/spot_log.h"
+#include "spots/spot_log.h"
 
 namespace brelwin {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "controls/logs_tab.h"
 #include "platform/host.h"
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 namespace brelwin {
 

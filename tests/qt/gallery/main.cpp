@@ -10,7 +10,7 @@
 #include <memory>
 
 #include "qt/window/program_window.h"
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 namespace {
 

@@ -1,9 +1,9 @@
-#include "ui/spot_filter.h"
+#include "spots/spot_filter.h"
 
 #include "core/trap.h"
 #include "radio/callsign.h"
 #include "radio/numbers.h"
-#include "ui/filter_list.h"
+#include "spots/filter_list.h"
 
 namespace brelwin {
 namespace {

@@ -1,22 +1,19 @@
-#include "ui/sounds.h"
+#include "ui/sound_buttons.h"
 
 #include "base/text.h"
 #include "core/data_files.h"
+#include "core/program_path.h"
 #include "core/trap.h"
-#include "ui/program_path.h"
+#include "core/wave_file.h"
 
 namespace brelwin {
 namespace {
-
-std::string MissingFileText(std::string_view fullName) {
-  return "The sound file " + std::string(fullName) + " does not exist.";
-}
 
 // What is to be said to the user after an attempt to play the alert sound; empty when it sounds.
 std::string TryAlertSound(Host& host, std::string_view fileName) {
   const auto file = FullFileName(host, fileName);
   if (file.empty()) return "No sound file has been specified.";
-  if (!FileExists(host, file)) return MissingFileText(file);
+  if (!FileExists(host, file)) return MissingSoundText(file);
   const int result = host.Sound.PlaySound(file, false);
   return result == 1
              ? std::string()
@@ -35,18 +32,6 @@ void ShowWhenNotEmpty(Host& host, std::string_view text, std::string_view title)
 }
 
 }  // namespace
-
-bool PlayWaveFile(Host& host, std::string_view fileName, bool wait, std::string& errorText) {
-  errorText.clear();
-  const auto file = FullFileName(host, fileName);
-  if (file.empty()) return false;
-  if (FileExists(host, file)) {
-    host.Sound.PlaySound(file, wait);
-  } else {
-    errorText = MissingFileText(file);
-  }
-  return true;
-}
 
 void cmdPlayAlertSound_Click(Host& host, const FiltersTab& filters) {
   TrapErrorsSilently([&] {

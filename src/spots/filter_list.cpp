@@ -1,4 +1,4 @@
-#include "ui/filter_list.h"
+#include "spots/filter_list.h"
 
 #include <algorithm>
 

@@ -1,12 +1,12 @@
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 #include <array>
 #include <initializer_list>
 
+#include "base/line_text.h"
 #include "base/text.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
-#include "ui/line_text.h"
 
 namespace brelwin {
 namespace {

@@ -1,11 +1,11 @@
-#include "spots/internet_transfer.h"
+#include "core/internet_transfer.h"
 
 #include <algorithm>
 
 #include "base/encoding.h"
+#include "core/fetch_mark.h"
 #include "core/trap.h"
 #include "platform/wait.h"
-#include "spots/fetch_mark.h"
 
 namespace brelwin {
 namespace {

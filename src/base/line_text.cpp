@@ -1,4 +1,4 @@
-#include "ui/line_text.h"
+#include "base/line_text.h"
 
 #include <algorithm>
 

@@ -1,13 +1,13 @@
-#include "ui/spot_log.h"
+#include "spots/spot_log.h"
 
 #include <string>
 
+#include "base/line_text.h"
 #include "base/text.h"
 #include "core/data_files.h"
 #include "core/trap.h"
 #include "radio/dates.h"
-#include "ui/line_text.h"
-#include "ui/spot_list.h"
+#include "spots/spot_text.h"
 
 namespace brelwin {
 namespace {

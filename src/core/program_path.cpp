@@ -1,4 +1,4 @@
-#include "ui/program_path.h"
+#include "core/program_path.h"
 
 #include "base/text.h"
 #include "core/data_files.h"
