@@ -26,13 +26,6 @@ string PickComment(Random& random) {
   return string(random.OneIn(4) ? random.Pick(AwkwardComments()) : random.Pick(OrdinaryComments()));
 }
 
-void MoveToAnotherBand(Random& random, ScriptedSpot& spot) {
-  const auto& plan = random.Pick(BandPlans());
-  spot.Frequency =
-      FrequencyText(plan.From + plan.Step * random.Between(0, (plan.To - plan.From) / plan.Step));
-  spot.Mode = plan.Mode;
-}
-
 ScriptedSpot SpottedBy(Random& random, ScriptedSpot spot, string spotter, string comment) {
   spot.Spotter = std::move(spotter);
   spot.Comment = std::move(comment);
@@ -49,6 +42,13 @@ ScriptedSpot FirstOfBand(Random& random, const ScriptedSpot& spot, string_view c
 }
 
 }  // namespace
+
+void MoveToAnotherBand(Random& random, ScriptedSpot& spot) {
+  const auto& plan = random.Pick(BandPlans());
+  spot.Frequency =
+      FrequencyText(plan.From + plan.Step * random.Between(0, (plan.To - plan.From) / plan.Step));
+  spot.Mode = plan.Mode;
+}
 
 std::string FrequencyText(std::int64_t hundredHertz) {
   auto decimals = std::to_string(10000 + hundredHertz % 10000).substr(1);

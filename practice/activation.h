@@ -16,6 +16,9 @@ namespace practice {
 // of time. It lasts two hours at most.
 std::vector<ScriptedSpot> ScriptActivation(Random& random, std::string_view callsign, std::int64_t beginning);
 
+// Gives the spot a frequency and a mode of another plan.
+void MoveToAnotherBand(Random& random, ScriptedSpot& spot);
+
 // A frequency in units of 100 Hz as MHz with three decimals, or four when it needs them: "7.032", "14.0625".
 std::string FrequencyText(std::int64_t hundredHertz);
 

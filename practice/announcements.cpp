@@ -22,7 +22,7 @@ constexpr std::int64_t Minute = 60;
 constexpr std::int64_t Hour = 60 * Minute;
 constexpr std::int64_t DaysAhead = 3;
 
-constexpr std::array<string_view, 12> Remarks{
+constexpr std::array<string_view, 14> Remarks{
     "CW first, then SSB if there is time",
     "",
     "start may be late S+2",
@@ -35,6 +35,8 @@ constexpr std::array<string_view, 12> Remarks{
     "Schöne Grüße, 73 à tous",
     "ascent with <b>two</b> dogs || one rope",
     "Family walk, short activation",
+    "S2S very welcome",
+    "time is +/- 30 minutes",
 };
 
 string MegahertzAndMode(const ScriptedSpot& spot) {
@@ -55,7 +57,7 @@ Announcement Announce(Random& random, const ScriptedSpot& spot, const Playing& p
   announcement.Station = JoinedByAmpersand(spot.Station);
   announcement.Summit = spot.Summit;
   announcement.FrequencyModes = MegahertzAndMode(spot);
-  announcement.Comment = random.Pick(Remarks);
+  announcement.Comment = SomeRemark(random);
   announcement.Poster = spot.Station.substr(0, spot.Station.find(' '));
   return announcement;
 }
@@ -107,14 +109,21 @@ string Table(const Announcement& announcement) {
 
 }  // namespace
 
-std::vector<Announcement> Announcements(const Playing& playing, std::int64_t now) {
-  std::vector<Announcement> all;
+std::string SomeRemark(Random& random) {
+  return string(random.Pick(Remarks));
+}
+
+std::vector<Announcement> AnnouncementBook::Announcements(std::int64_t now) {
   const auto today =
-      static_cast<std::int64_t>(static_cast<double>(now - playing.Origin) * playing.Speed) / SecondsOfDay;
-  for (auto day = today - 1; day <= today + DaysAhead; ++day) AnnounceDay(playing, day, all);
-  std::erase_if(all, [now](const Announcement& announcement) { return announcement.Time < now - Hour; });
-  std::ranges::stable_sort(all, {}, &Announcement::Time);
-  return all;
+      static_cast<std::int64_t>(static_cast<double>(now - playing_.Origin) * playing_.Speed) / SecondsOfDay;
+  if (today != today_) {
+    all_.clear();
+    for (auto day = today - 1; day <= today + DaysAhead; ++day) AnnounceDay(playing_, day, all_);
+    std::ranges::stable_sort(all_, {}, &Announcement::Time);
+    today_ = today;
+  }
+  const auto first = std::ranges::lower_bound(all_, now - Hour, {}, &Announcement::Time);
+  return {first, all_.end()};
 }
 
 string AlertsPage(const std::vector<Announcement>& announcements) {

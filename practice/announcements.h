@@ -3,8 +3,11 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "random.h"
 
 namespace practice {
 
@@ -25,9 +28,22 @@ struct Playing {
   std::size_t Crowd = 0;  // operators beside the usual ones
 };
 
-// The announcements from an hour ago on, for today's and the coming days' activations, in the order of time.
-// About one activation in four was not announced.
-std::vector<Announcement> Announcements(const Playing& playing, std::int64_t now);
+// A comment as those who announce write them.
+std::string SomeRemark(Random& random);
+
+class AnnouncementBook {
+ public:
+  explicit AnnouncementBook(const Playing& playing) : playing_(playing) {}
+
+  // The announcements from an hour ago on, for today's and the coming days' activations, in the order of
+  // time. About one activation in four was not announced.
+  std::vector<Announcement> Announcements(std::int64_t now);
+
+ private:
+  Playing playing_;
+  std::optional<std::int64_t> today_;  // the day of the script for which all were worked out
+  std::vector<Announcement> all_;
+};
 
 // The page: a heading for each day, a table for each announcement.
 std::string AlertsPage(const std::vector<Announcement>& announcements);

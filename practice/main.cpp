@@ -48,7 +48,7 @@ int Run(const practice::Options& options) {
                                   std::chrono::duration_cast<std::chrono::seconds>(start).count(),
                                   options.Crowd};
   practice::SharedFeed feed(practice::Feed(playing.Seed, playing.Speed, playing.Origin, playing.Crowd));
-  practice::Site site(feed, ledger, {playing, options.Form, options.PageTroubles});
+  practice::Site site(feed, ledger, {playing, options.Form, options.Json, options.PageTroubles});
   practice::WebServer server(site);
   practice::TelnetServer stream(feed, ledger, options.Seed, options.Stream);
   const int port = server.Bind(options.Port);

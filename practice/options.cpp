@@ -1,5 +1,7 @@
 #include "options.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <utility>
 
@@ -30,6 +32,15 @@ bool ReadMix(string_view text, SpotliteMix& mix) {
   return known.has_value();
 }
 
+bool ReadShapes(string_view name, RowShapes& shapes) {
+  using Named = std::pair<string_view, RowShapes>;
+  constexpr std::array Known{Named("new", RowShapes::New), Named("old", RowShapes::Old),
+                             Named("mixed", RowShapes::Mixed)};
+  const auto* const found = std::ranges::find(Known, name, &Named::first);
+  if (found != Known.end()) shapes = found->second;
+  return found != Known.end();
+}
+
 bool ReadFormOption(string_view name, string_view value, SpotliteOptions& options) {
   if (name == "--spotlite") return ReadMix(value, options.Mix);
   if (name == "--spotlite-wait") return ReadNumber(value, 0.0, 600.0, options.SecondsOfWait);
@@ -46,6 +57,8 @@ bool ReadOption(string_view name, string_view value, Options& options) {
   if (name == "--fault") return ReadFault(value, options.Stream.Trouble);
   if (name == "--crowd") return ReadNumber<std::size_t>(value, 0, 5000, options.Crowd);
   if (name == "--page-troubles") return ReadNumber(value, 0, 1000, options.PageTroubles);
+  if (name == "--api") return ReadShapes(value, options.Json.Shapes);
+  if (name == "--api-outages") return ReadNumber(value, 0, 100, options.Json.OutagesInAHundred);
   if (name.starts_with("--spot")) return ReadFormOption(name, value, options.Form);
   if (name != "--ledger" || value.empty()) return false;
   options.LedgerFile = value;

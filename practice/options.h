@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "service.h"
 #include "spotlite.h"
 #include "telnet_server.h"
 
@@ -16,6 +17,7 @@ inline constexpr std::string_view Usage =
     "usage: brelwin-practice [--port N] [--telnet-port N] [--seed N] [--speed X] [--ledger FILE]\n"
     "                        [--lines X] [--fault NAME] [--fault-after X] [--crowd N] [--page-troubles N]\n"
     "                        [--spotlite MIX] [--spotlite-wait X] [--spot-lag X]\n"
+    "                        [--api SHAPES] [--api-outages N]\n"
     "  --port N       listen on this port of the loopback interface; 0, the default, takes a free one\n"
     "  --seed N       which script is played (default 1)\n"
     "  --speed X      play the script X times as fast, 0.001 to 10000 (default 1)\n"
@@ -33,6 +35,10 @@ inline constexpr std::string_view Usage =
     "                 slow, cut or late; or several with their shares, such as accepted:8,cut:1,late:1\n"
     "  --spotlite-wait X  seconds that slow and late answers take (default 8)\n"
     "  --spot-lag X   seconds until an accepted spot is in the feeds (default 5)\n"
+    "  --api SHAPES   serve spots and announcements as JSON too, below /api/: rows of the new shape, of the "
+    "old\n"
+    "                 one, or mixed, with odd rows among them; spots are corrected and taken back\n"
+    "  --api-outages N  of a hundred half hours, in how many that service refuses or is gone for a while\n"
     "  --ledger FILE  write down everything received and served, a JSON object a line\n"
     "The first lines on the standard output are http=PORT and telnet=PORT.\n";
 
@@ -45,6 +51,7 @@ struct Options {
   double Speed = 1;
   std::size_t Crowd = 0;
   int PageTroubles = 0;
+  ServiceOptions Json;
   std::string LedgerFile;
 };
 

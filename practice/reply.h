@@ -15,6 +15,8 @@ struct Reply {
   std::string Type = std::string(HtmlType);
   std::string Body = {};
   std::string Location = {};              // where a redirect leads
+  std::string Tag = {};                   // by which the asker may ask whether the body has changed
+  std::string RetryAfter = {};            // when to come again: seconds, or a date
   std::int64_t Wait = 0;                  // milliseconds before the first byte
   std::size_t PieceSize = 0;              // 0: the body comes in one piece
   std::int64_t PieceGap = 0;              // milliseconds between two pieces

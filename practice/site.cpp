@@ -44,6 +44,8 @@ Site::Site(SharedFeed& feed, Ledger& ledger, SiteOptions options)
       ledger_(ledger),
       options_(std::move(options)),
       spotlite_(options_.Play.Seed, options_.Form),
+      service_(options_.Play, options_.Json),
+      announcements_(options_.Play),
       random_(options_.Play.Seed, 502) {}
 
 Exchange Site::Answer(const Asked& asked, std::int64_t now) {
@@ -52,6 +54,7 @@ Exchange Site::Answer(const Asked& asked, std::int64_t now) {
   Record record("asked");
   record.Number("request", exchange.Number).Text("method", asked.Method).Text("target", asked.Target);
   record.Text("agent", asked.Agent);
+  if (!asked.KnownTag.empty()) record.Text("known_tag", asked.KnownTag);
   if (asked.Method != "GET") record.Text("body", asked.Body);
   if (IsForm(asked)) record.Texts("fields", ReadForm(asked.Body));
   ledger_.Write(record);
@@ -69,6 +72,8 @@ void Site::Sent(const Exchange& exchange, bool whole) {
   record.Number("status", exchange.Page.Status).Flag("whole", whole && !exchange.Page.CutAt);
   if (!exchange.Answer.empty()) record.Text("answer", exchange.Answer).Flag("taken", exchange.IsTaken);
   if (!exchange.Page.Location.empty()) record.Text("location", exchange.Page.Location);
+  if (!exchange.Page.Tag.empty()) record.Text("tag", exchange.Page.Tag);
+  if (!exchange.Page.RetryAfter.empty()) record.Text("retry_after", exchange.Page.RetryAfter);
   auto& [request, body] = lastBodies_[exchange.Target];
   if (!body.empty() && body == exchange.Page.SentBody()) {
     record.Number("body_of", request);
@@ -103,7 +108,9 @@ Reply Site::PageFor(const Asked& asked, std::int64_t now) {
     page.Body =
         SearchPage(feed_.Newest(now, options_.ItemsOfAPage), NumberOr0(Parameter(asked.Target, "since_id")));
   } else if (path == "/alerts.php") {
-    page.Body = AlertsPage(Announcements(options_.Play, now));
+    page.Body = AlertsPage(announcements_.Announcements(now));
+  } else if (IsOfService(path)) {
+    page = ServicePage(asked, path.substr(ServiceRoot.size()), now);
   } else if (path == "/summits.php") {
     return {.Body = SummitPage(PercentDecoded(Parameter(asked.Target, "summit")))};
   } else if (path.starts_with("/db/") && path.size() > 4) {
@@ -113,6 +120,14 @@ Reply Site::PageFor(const Asked& asked, std::int64_t now) {
   }
   Trouble(page);
   return page;
+}
+
+bool Site::IsOfService(string_view path) const {
+  return service_.IsOpen() && path.starts_with(ServiceRoot);
+}
+
+Reply Site::ServicePage(const Asked& asked, string_view path, std::int64_t now) {
+  return service_.Answer(path, asked.KnownTag, feed_.Newest(now, SIZE_MAX), announcements_, now);
 }
 
 void Site::TakeForm(const Asked& asked, std::int64_t now, Exchange& exchange) {
@@ -125,7 +140,7 @@ void Site::TakeForm(const Asked& asked, std::int64_t now, Exchange& exchange) {
 }
 
 void Site::Trouble(Reply& page) {
-  if (random_.Between(1, 1000) > options_.TroublesInAThousand) return;
+  if (page.Body.empty() || random_.Between(1, 1000) > options_.TroublesInAThousand) return;
   switch (random_.Between(1, 5)) {
     case 1: page = {.Status = 0}; break;
     case 2: page = {.Status = 500, .Body = "<html><body>Internal Server Error</body></html>\n"}; break;

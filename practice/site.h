@@ -14,6 +14,7 @@
 #include "ledger.h"
 #include "random.h"
 #include "reply.h"
+#include "service.h"
 #include "spotlite.h"
 
 namespace practice {
@@ -23,12 +24,14 @@ struct Asked {
   std::string Target;  // path and query
   std::string Body;
   std::string Agent;
-  std::string BaseAddress;  // "http://127.0.0.1:8080", without a closing slash
+  std::string BaseAddress;    // "http://127.0.0.1:8080", without a closing slash
+  std::string KnownTag = {};  // of the answer that the asker still has; empty: of none
 };
 
 struct SiteOptions {
   Playing Play;
   SpotliteOptions Form;
+  ServiceOptions Json = {};
   int TroublesInAThousand = 0;  // of pages that come late, cut, empty, with status 500 or not at all
   std::size_t ItemsOfAPage = 100;
 };
@@ -58,6 +61,8 @@ class Site {
 
  private:
   Reply PageFor(const Asked& asked, std::int64_t now);
+  bool IsOfService(std::string_view path) const;
+  Reply ServicePage(const Asked& asked, std::string_view path, std::int64_t now);
   std::string Rss(const std::string& baseAddress, std::int64_t now);
   void TakeForm(const Asked& asked, std::int64_t now, Exchange& exchange);
   void Trouble(Reply& page);
@@ -66,6 +71,8 @@ class Site {
   Ledger& ledger_;
   SiteOptions options_;
   Spotlite spotlite_;
+  Service service_;
+  AnnouncementBook announcements_;
   std::mutex mutex_;
   Random random_;
   std::int64_t requests_ = 0;

@@ -57,6 +57,13 @@ string SearchTime(std::int64_t time) {
   return MailTime(time, "+0000");
 }
 
+string IsoTime(std::int64_t time) {
+  const std::chrono::sys_seconds moment{std::chrono::seconds(time)};
+  const std::chrono::year_month_day date(std::chrono::floor<std::chrono::days>(moment));
+  return Padded(static_cast<int>(date.year()), 4) + '-' + Padded(static_cast<unsigned>(date.month()), 2) +
+         '-' + Padded(static_cast<unsigned>(date.day()), 2) + 'T' + TimeOfDay(moment);
+}
+
 string ClockTime(std::int64_t time) {
   return TimeOfDay(std::chrono::sys_seconds(std::chrono::seconds(time))).substr(0, 5);
 }

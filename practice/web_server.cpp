@@ -20,14 +20,24 @@ std::int64_t Now() {
 }
 
 Asked AskedBy(const Request& request) {
-  return {request.method, request.target, request.body, request.get_header_value("User-Agent"),
-          "http://" + request.get_header_value("Host")};
+  return {request.method,
+          request.target,
+          request.body,
+          request.get_header_value("User-Agent"),
+          "http://" + request.get_header_value("Host"),
+          request.get_header_value("If-None-Match")};
 }
 
 // The library's own options would let a second network share the port.
 void KeepThePortToOurselves(int socket) {
   const int yes = 1;
   setsockopt(socket, SOL_SOCKET, SO_REUSEADDR, &yes, sizeof yes);
+}
+
+void SetHeaders(const Reply& page, Response& response) {
+  if (!page.Location.empty()) response.set_header("Location", page.Location);
+  if (!page.Tag.empty()) response.set_header("ETag", page.Tag);
+  if (!page.RetryAfter.empty()) response.set_header("Retry-After", page.RetryAfter);
 }
 
 bool ComesAtOnce(const Reply& page) {
@@ -51,7 +61,7 @@ struct WebServer::Implementation {
     if (!Pause(page.Wait)) return;
     if (page.Status == 0) page = {.CutAt = 0};  // the nearest that the library can do to no answer
     response.status = page.Status;
-    if (!page.Location.empty()) response.set_header("Location", page.Location);
+    SetHeaders(page, response);
     if (ComesAtOnce(page)) {
       // Before the answer leaves, so that whoever has it finds it in the ledger.
       site.Sent(*exchange);

@@ -54,7 +54,7 @@ TEST(PracticeSite, GivesPagesTheTroubleThatIsAskedFor) {
   constexpr std::int64_t Now = 1'795'000'000;
   SharedFeed feed(Feed(1, 1, Now));
   Ledger ledger({}, [] { return Now * 1000; });
-  Site site(feed, ledger, {{1, 1, Now}, {}, 1000});
+  Site site(feed, ledger, {{1, 1, Now}, {}, {}, 1000});
   int missing = 0, failed = 0, empty = 0, cut = 0, late = 0;
   for (int i = 0; i < 100; ++i) {
     const auto page = site.Answer({"GET", "/RssFeed", {}, "tester", "http://here"}, Now).Page;
