@@ -82,6 +82,8 @@ TEST_F(Intake, ACutFeedDeliversWhatItHoldsAndLosesNothing) {
   TakeServerDown();
   EXPECT_EQ(Take(feed), "");
   EXPECT_EQ(error_, "");
+  const auto log = host_.EventLog();
+  EXPECT_EQ(SplitLines(log).size(), 4U) << "two outages, however they changed:\n" << log;
 }
 
 TEST_F(Intake, AnUntimedItemIsNewOnlyOnce) {

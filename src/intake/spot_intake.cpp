@@ -49,8 +49,8 @@ struct SpotIntake::State {
   Memory Remembered;
   std::optional<Memory> BeforeForget;
   std::string StatusText;
-  FeedEnd RSSCondition = FeedEnd::EndOfFeed;
-  FeedEnd TwitterCondition = FeedEnd::EndOfFeed;
+  bool RSSIsOut = false;
+  bool TwitterIsOut = false;
 };
 
 FeedReadResult SpotIntake::State::ReadFeed(bool viaRSS, const URLTemplates& addresses,
@@ -64,12 +64,13 @@ FeedReadResult SpotIntake::State::ReadFeed(bool viaRSS, const URLTemplates& addr
                           knownActivators, spots);
 }
 
-// One log line when a feed stops to answer as it should, and one when it is back.
+// One log line when a feed stops to answer as it should, and one when it is back, however the kind of its
+// failure changes between.
 void SpotIntake::State::NoteCondition(bool viaRSS, const FeedReadResult& result) {
   StatusText = result.StatusText;
-  auto& condition = viaRSS ? RSSCondition : TwitterCondition;
-  const auto present = IsFailure(result.End) ? result.End : FeedEnd::EndOfFeed;
-  if (std::exchange(condition, present) != present) LogEvent(World, "GetSotawatchSpots - " + StatusText);
+  const bool isOut = IsFailure(result.End);
+  if (std::exchange(viaRSS ? RSSIsOut : TwitterIsOut, isOut) != isOut)
+    LogEvent(World, "GetSotawatchSpots - " + StatusText);
 }
 
 void SpotIntake::State::LogSkippedItems(const FeedReadResult& result) {
