@@ -41,6 +41,8 @@ TEST(LineBuffer, LetsTheOldestLinesGoWhenTooMuchWaits) {
   EXPECT_TRUE(buffer.Add("five\n").Overflowed);
   EXPECT_FALSE(buffer.Add("six\n").Overflowed) << "told once";
   EXPECT_EQ(buffer.TakeLines(), "five\nsix\n");
+  EXPECT_EQ(buffer.Add("DX de \r\n\r\n7\n").WholeLines, 1) << "two of them say nothing";
+  buffer.TakeLines();
   EXPECT_FALSE(buffer.Add("one\ntwo\nfor\n").Overflowed);
   EXPECT_TRUE(buffer.Add("x\n").Overflowed) << "told again once the text was taken";
 }

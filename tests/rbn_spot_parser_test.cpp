@@ -93,7 +93,7 @@ TEST_F(RBNParser, SplitsTheBlockAtLineStartsAndKeepsTheTextBetweenThem) {
   EXPECT_EQ(count_, 0);
 
   const std::string other = "To ALL de W1AW:  all  of  this  and  more  stays  in  the  text  \r\n";
-  EXPECT_EQ(Parse("DX deDX de  " + std::string(CQ) + other + std::string(CQ)), "G4ABC/P G4ABC/P");
+  EXPECT_EQ(Parse("DX de\r\nDX de  " + std::string(CQ) + other + std::string(CQ)), "G4ABC/P G4ABC/P");
   EXPECT_EQ(count_, 2) << "empty pieces do not count";
   EXPECT_EQ(
       First().Spot,

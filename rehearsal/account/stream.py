@@ -42,7 +42,7 @@ def pieces(lines: list[ledger.Line]) -> list[tuple[ledger.Line, str]]:
         if found and parts[0]:
             found[-1] = (found[-1][0], found[-1][1] + parts[0])
         found.extend((line, part) for part in parts[1:])
-    return [(line, piece) for line, piece in found if piece.strip(' ')]
+    return [(line, piece) for line, piece in found if piece.strip(' \r\n\a')]
 
 
 class Parser:

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/encoding.h"
+#include "rbn/spot_line.h"
 
 namespace brelwin {
 namespace {
@@ -57,7 +58,7 @@ void LineBuffer::TakeRest(Intake& intake) {
     if (!IsUtf8(rest_)) rest_ = TextFromBytes(rest_);
     AppendWithSpacedSkimmer(waiting_, rest_);
     waiting_.push_back('\n');
-    ++intake.WholeLines;
+    if (!SaysNothing(rest_)) ++intake.WholeLines;
     LimitWaiting(intake);
   }
   DropRest();

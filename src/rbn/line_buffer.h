@@ -18,7 +18,7 @@ class LineBuffer {
  public:
   // What became of some bytes.
   struct Intake {
-    std::int64_t WholeLines = 0;    // that wait now
+    std::int64_t WholeLines = 0;    // that wait now and say something
     std::int64_t DroppedLines = 0;  // that were found to be too long
     bool Overflowed = false;        // the oldest lines began to go; told once until the text is taken
   };

@@ -81,6 +81,11 @@ float NumberBefore(std::string_view unit, std::string_view field, NumberFormat f
   return ToSingle(ToDouble(Trim(Without(std::string(field), unit)), format));
 }
 
+bool SaysNothing(std::string_view line) {
+  if (line.starts_with(SpotLineStart)) line.remove_prefix(SpotLineStart.size());
+  return Stripped(line).empty();
+}
+
 std::string_view FromFirstSpotLine(std::string_view text) {
   const auto first = text.find(SpotLineStart);
   return first == std::string_view::npos ? text : text.substr(first);

@@ -57,6 +57,9 @@ std::string UTCTimeText(std::string_view timeField);
 // The number of a field such as "24 dB" without its unit; 0 when it holds none.
 float NumberBefore(std::string_view unit, std::string_view field, NumberFormat format);
 
+// Whether the line is empty, or a line start with nothing behind it.
+bool SaysNothing(std::string_view line);
+
 // The text from its first line start on; the whole text when there is none.
 std::string_view FromFirstSpotLine(std::string_view text);
 

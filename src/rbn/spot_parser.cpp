@@ -74,7 +74,7 @@ void Block::Take(std::string_view text, std::int32_t& count) {
     const auto piece = text.substr(0, text.find(SpotLineStart));
     text.remove_prefix(piece.size());
     const auto line = Trim(Shortened(piece));
-    if (!line.empty()) TakeLine(line, pieceNumber, ++count);
+    if (!SaysNothing(line)) TakeLine(line, pieceNumber, ++count);
   }
 }
 

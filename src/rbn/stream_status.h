@@ -16,7 +16,7 @@ struct StreamStatus {
   DateTime Since;                    // local; of no connection, since the first failure after the last login
   std::string Peer;                  // host and port
   std::string Failure;               // why there is no connection, in words
-  std::int64_t Lines = 0;            // received since the login, of every kind
+  std::int64_t Lines = 0;            // received since the login, of every kind that says something
   std::optional<DateTime> LastLine;  // local
 };
 
