@@ -119,6 +119,8 @@ TEST_F(RSSFeed, TheLastPostedByNamesTheSpotterWhoMayBeTheStationItself) {
   const auto chaser = ReadOne(title, "CQ (QRP) Posted by G4ABC (Posted by M0XYZ)");
   EXPECT_FALSE(chaser.IsSelfSpot);
   EXPECT_EQ(chaser.Comment + "|" + chaser.Spotter, "CQ (QRP) Posted by G4ABC|M0XYZ");
+  const auto apart = ReadOne(title, "CQ ( Posted by M0XYZ)");
+  EXPECT_EQ(apart.Comment + "|" + apart.Spotter, "CQ (|M0XYZ)");
   const auto nobody = ReadOne(title, "nobody posted by");
   EXPECT_EQ(nobody.Comment + "|" + nobody.Spotter, "nobody posted by|");
   const auto aprs = ReadOne(title, "QRV Posted by APRS2SOTA");

@@ -58,7 +58,11 @@ def _title(text: str) -> tuple[str, str, list[str]]:
 
 def _said(description: str) -> tuple[str, str]:
     comment, found, spotter = description.rpartition('Posted by')
-    return (comment.strip(), spotter.strip()) if found else (description.strip(), '')
+    if not found:
+        return description.strip(), ''
+    if comment.endswith('(') and spotter.strip().endswith(')'):
+        comment, spotter = comment[:-1], spotter.strip()[:-1]
+    return comment.strip(), spotter.strip()
 
 
 @functools.lru_cache(maxsize=20000)

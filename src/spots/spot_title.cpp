@@ -53,13 +53,13 @@ SpotDescription ReadSpotDescription(std::string_view description) {
   constexpr std::string_view PostedBy = "Posted by";
   const auto at = description.rfind(PostedBy);
   if (at == std::string_view::npos) return {Trim(description), {}};
-  auto comment = Trim(description.substr(0, at));
+  auto comment = description.substr(0, at);
   auto spotter = Trim(description.substr(at + PostedBy.size()));
   if (comment.ends_with('(') && spotter.ends_with(')')) {
-    comment = Trim(comment.substr(0, comment.size() - 1));
-    spotter = Trim(spotter.substr(0, spotter.size() - 1));
+    comment.remove_suffix(1);
+    spotter.remove_suffix(1);
   }
-  return {comment, spotter};
+  return {Trim(comment), Trim(spotter)};
 }
 
 }  // namespace brelwin

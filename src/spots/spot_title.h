@@ -21,7 +21,8 @@ struct SpotTitle {
 SpotTitle ReadSpotTitle(std::string_view title);
 
 // What a description says: the comment, and behind the last "Posted by" the spotter. The last one counts, so
-// that a comment cannot forge a spotter. Parentheses around the whole "(Posted by ...)" are dropped.
+// that a comment cannot forge a spotter. Parentheses around the whole "(Posted by ...)" are dropped; one that
+// does not stand directly before it belongs to the comment.
 struct SpotDescription {
   std::string_view Comment;
   std::string_view Spotter;
