@@ -94,7 +94,7 @@ struct OutputTest : FilterTest {
     Filter.mode = "CW";
     Logs.optLogFormat1.Value = 1;
     Logs.optLogFormat2.Value = 3;
-    Logs.txtLogFile1.Text = "one.csv";
+    Logs.txtLogFile1.Text = "logs\\one.csv";
     Logs.txtLogFile2.Text = "/logs/two.txt";
     Logs.chkEnableLogging1.Value = true;
     Logs.chkEnableLogging2.Value = true;
@@ -109,7 +109,7 @@ struct OutputTest : FilterTest {
 TEST_F(OutputTest, GivesEachOutputWhatItAsksFor) {
   Filter.FilterLog2 = true;
   Perform(true);
-  EXPECT_EQ(Lines("/brelwin/one.csv"), 2U);
+  EXPECT_EQ(Lines("/brelwin/logs/one.csv"), 2U);
   EXPECT_EQ(Lines("/logs/two.txt"), 1U);
   EXPECT_EQ(Lines("/brelwin/RawSpots.txt"), 2U);
   EXPECT_EQ(Keys(Spots), (Ids{"cw", "ssb"}));  // the display is not filtered
@@ -118,7 +118,7 @@ TEST_F(OutputTest, GivesEachOutputWhatItAsksFor) {
   const auto all = Spots;
   Filter.FilterSpotDisplay = true;
   Perform();
-  EXPECT_EQ(Lines("/brelwin/one.csv"), 4U);
+  EXPECT_EQ(Lines("/brelwin/logs/one.csv"), 4U);
   EXPECT_EQ(Lines("/brelwin/RawSpots.txt"), 2U);
   EXPECT_EQ(Keys(Spots), Ids{"cw"});
   EXPECT_FALSE((*all.Find("cw"))->HiddenFromDisplay);

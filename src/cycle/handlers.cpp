@@ -66,7 +66,7 @@ void ConnectViewer(MainWindow& window, Button& button, std::string_view fileName
 
 void ConnectLogViewer(MainWindow& window, Button& button, const TextBox& path) {
   button.Click = Handler(window, [&window, &path] {
-    const auto name = FullFileName(window.World, path.Text.Get());
+    const auto name = FullLogName(window.World, path.Text.Get());
     if (!name.empty()) ViewFile(window, name);
   });
 }

@@ -16,7 +16,7 @@ struct SpotLog {
 
 void WriteLog(Host& host, const SpotLog& log, const SpotCollection& spots) {
   if (!log.Enabled.Value) return;
-  WriteSpotsToLogFile(host, spots, FullFileName(host, log.File.Text.Get()),
+  WriteSpotsToLogFile(host, spots, FullLogName(host, log.File.Text.Get()),
                       static_cast<std::int16_t>(log.Format.Value), LogHeader::WhenCreated);
 }
 
