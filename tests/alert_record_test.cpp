@@ -40,6 +40,15 @@ TEST(DelimitedData, TakesWhatAShortOrStrangeLineHolds) {
 }
 
 TEST(DelimitedData, KeepsItsFieldsApartWhateverTheyHold) {
+  auto alert = AlertOf("K", "G4ABC");
+  alert.Comment = "|a|| b|";
+  alert.FrequencyModes = "14-cw|";
+  alert.MaxMinutesBeforeAlertTime = 30;
+  const auto line = DelimitedData(alert);
+  EXPECT_TRUE(line.ends_with("|||a- b|||||14-cw|||30||0||0||K")) << line;
+  EXPECT_TRUE(SetDelimitedData(alert, line));
+  EXPECT_EQ(alert.MaxMinutesBeforeAlertTime, 30);
+  EXPECT_EQ(alert.ID, "K");
   test::RandomText random(7, {"|", "||", " ", "aZ", "\r\n", std::string_view("\0", 1), "2026-11-24 10:00"});
   for (int round = 0; round < 3000; ++round) {
     const auto bytes = random.Next(20);

@@ -1,6 +1,6 @@
 #include "alerts/alert_key.h"
 
-#include <utility>
+#include <string>
 
 #include "base/encoding.h"
 #include "radio/dates.h"
@@ -15,7 +15,7 @@ std::string PageKey(const SOTAAlert& alert, std::string_view lastPart) {
   std::string key = time ? DateTimeText(*time) : std::string();
   key.append("_").append(alert.stationBaseCallsign).append("_").append(alert.SummitDesignator);
   key.append("_").append(lastPart);
-  return DelimitedField(std::move(key));
+  return DelimitedField(key);
 }
 
 }  // namespace
@@ -35,7 +35,7 @@ std::string SpotAlertKey(const SOTAAlert& alert) {
   std::string key = "!SPOT_ALERT!_";
   key.append(time ? CompactMinutesText(*time) : std::string());
   key.append("_").append(alert.stationBaseCallsign).append("_").append(alert.SummitDesignator);
-  return DelimitedField(std::move(key));
+  return DelimitedField(key);
 }
 
 }  // namespace brelwin

@@ -43,7 +43,10 @@ void Withdraw(std::string_view key, AlertCollection& alerts) {
 
 std::string ModificationLine(ModificationCommand command, const SOTAAlert& alert) {
   std::string line = command == ModificationCommand::Delete ? "DEL" : "ADD";
-  return line.append(DataDelimiter()).append(DelimitedData(alert));
+  line.append(DataDelimiter()).append(DelimitedData(alert));
+  std::ranges::replace_if(
+      line, [](char c) { return c == '\r' || c == '\n'; }, ' ');
+  return line;
 }
 
 bool AppendModifications(Host& host, std::string_view path, const std::vector<std::string>& lines) {

@@ -20,7 +20,7 @@ namespace brelwin {
 
 enum class ModificationCommand : std::uint8_t { Add, Delete, Other };
 
-// The line of an entry, without its end.
+// The line of an entry, without its end; line ends within its texts become blanks.
 std::string ModificationLine(ModificationCommand command, const SOTAAlert& alert);
 
 // Adds the entries at the end of the file, or of "SOTAAlertModifications.txt" in the program's folder when

@@ -12,6 +12,9 @@ namespace brelwin {
 namespace {
 
 constexpr std::size_t FieldCount = 13;
+constexpr std::size_t NumberOfTexts = 9;  // the first ones
+
+using Fields = std::array<std::string, FieldCount>;
 
 std::string DateText(DateTime date) {
   return DateTimeText(date).substr(0, 10);
@@ -33,6 +36,46 @@ std::int32_t Truncated(std::string_view number) {
   return static_cast<std::int32_t>(std::clamp<double>(ToDouble(number), Limits::min(), Limits::max()));
 }
 
+Fields FieldsOf(const SOTAAlert& alert) {
+  return {alert.UTCAlertDateAndTime ? DateTimeText(*alert.UTCAlertDateAndTime) : std::string(),
+          DelimitedField(alert.UTCAlertTimeStr),
+          DelimitedField(alert.Station),
+          DelimitedField(alert.stationBaseCallsign),
+          DelimitedField(alert.SummitDesignator),
+          DelimitedField(alert.OperatorName),
+          DelimitedField(alert.Comment),
+          DelimitedField(alert.Spotter),
+          DelimitedField(alert.FrequencyModes),
+          std::to_string(alert.MaxMinutesBeforeAlertTime),
+          std::to_string(alert.MaxMinutesAfterAlertTime),
+          alert.IsSelfSpotAlert ? "-1" : "0",
+          DelimitedField(alert.AlertKey)};
+}
+
+std::string Joined(const Fields& fields) {
+  std::string line = fields[0];
+  for (std::size_t i = 1; i < fields.size(); ++i) line.append(DataDelimiter()).append(fields[i]);
+  return line;
+}
+
+// Bars that face each other across a delimiter would make one more, and move every field behind them.
+void MendFacingBars(Fields& fields) {
+  for (std::size_t i = 0; i < NumberOfTexts; ++i) {
+    auto& text = fields[i];
+    if (text.starts_with('|')) text.front() = '-';
+    if (text.ends_with('|')) text.back() = '-';
+  }
+}
+
+// A bar at the end of the frequencies is split off them and stands before the number that follows.
+std::int32_t TakeMinutes(std::string_view number, std::string& frequencies) {
+  if (number.starts_with('|')) {
+    frequencies.push_back('|');
+    number.remove_prefix(1);
+  }
+  return Truncated(number);
+}
+
 }  // namespace
 
 void SetAlertDate(SOTAAlert& alert, std::optional<DateTime> date) {
@@ -46,35 +89,16 @@ void SetAlertDateAndTime(SOTAAlert& alert, DateTime time) {
   alert.UTCAlertTime = TimeOfDay(time);
 }
 
-std::string DelimitedField(std::string text) {
-  if (std::none_of(text.begin(), text.end(), [](char c) { return c == '|' || c == '\r' || c == '\n'; }))
-    return text;
-  text = Replace(text, DataDelimiter(), "-");
-  if (text.starts_with('|')) text.front() = '-';
-  if (text.ends_with('|')) text.back() = '-';
-  std::replace(text.begin(), text.end(), '\r', ' ');
-  std::replace(text.begin(), text.end(), '\n', ' ');
-  return text;
+std::string DelimitedField(std::string_view text) {
+  return Replace(text, DataDelimiter(), "-");
 }
 
 std::string DelimitedData(const SOTAAlert& alert) {
-  const auto time = alert.UTCAlertDateAndTime ? DateTimeText(*alert.UTCAlertDateAndTime) : std::string();
-  const std::array<std::string, FieldCount> fields = {time,
-                                                      DelimitedField(alert.UTCAlertTimeStr),
-                                                      DelimitedField(alert.Station),
-                                                      DelimitedField(alert.stationBaseCallsign),
-                                                      DelimitedField(alert.SummitDesignator),
-                                                      DelimitedField(alert.OperatorName),
-                                                      DelimitedField(alert.Comment),
-                                                      DelimitedField(alert.Spotter),
-                                                      DelimitedField(alert.FrequencyModes),
-                                                      std::to_string(alert.MaxMinutesBeforeAlertTime),
-                                                      std::to_string(alert.MaxMinutesAfterAlertTime),
-                                                      alert.IsSelfSpotAlert ? "-1" : "0",
-                                                      DelimitedField(alert.AlertKey)};
-  std::string line = fields[0];
-  for (std::size_t i = 1; i < fields.size(); ++i) line.append(DataDelimiter()).append(fields[i]);
-  return line;
+  auto fields = FieldsOf(alert);
+  const auto line = Joined(fields);
+  if (Split(line, DataDelimiter()).size() == FieldCount) return line;
+  MendFacingBars(fields);
+  return Joined(fields);
 }
 
 bool SetDelimitedData(SOTAAlert& alert, std::string_view line) {
@@ -89,7 +113,7 @@ bool SetDelimitedData(SOTAAlert& alert, std::string_view line) {
                                              &alert.Comment,          &alert.Spotter,
                                              &alert.FrequencyModes};
   for (std::size_t i = 0; i < texts.size() && i + 2 < fields.size(); ++i) *texts[i] = fields[i + 2];
-  if (fields.size() > 9) alert.MaxMinutesBeforeAlertTime = Truncated(fields[9]);
+  if (fields.size() > 9) alert.MaxMinutesBeforeAlertTime = TakeMinutes(fields[9], alert.FrequencyModes);
   if (fields.size() > 10) alert.MaxMinutesAfterAlertTime = Truncated(fields[10]);
   if (fields.size() > 11) alert.IsSelfSpotAlert = Truncated(fields[11]) != 0;
   if (complete) alert.ID = alert.AlertKey = fields[12];

@@ -46,13 +46,14 @@ constexpr std::string_view DataDelimiter() {
   return "||";
 }
 
-// The text in the form that it has as a field of delimited data: "||", and a "|" at either end, which would
-// join the delimiter, become "-"; line ends become blanks. A key is made with it, so that the key in a file
-// is the key in the collection.
-std::string DelimitedField(std::string text);
+// The text in the form that it has as a field of delimited data: each "||" becomes "-". A key is made with
+// it, so that the key in a file is the key in the collection.
+std::string DelimitedField(std::string_view text);
 
-// The alert as one line of 13 fields: date and time, time text, station, base callsign, summit, operator,
-// comment, spotter, frequencies, the window's minutes before and after, self-spot flag (-1 or 0) and key.
+// The alert as 13 fields: date and time, time text, station, base callsign, summit, operator, comment,
+// spotter, frequencies, the window's minutes before and after, self-spot flag (-1 or 0) and key. A single "|"
+// stays; only where two of them face each other across a delimiter, and so would make another one, a "|" at
+// the end of a text becomes "-" as well.
 std::string DelimitedData(const SOTAAlert& alert);
 
 // Takes the fields of such a line into the alert; the key becomes its ID as well. A first field that is no

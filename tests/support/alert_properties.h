@@ -39,8 +39,8 @@ inline bool CutPageAnnouncesFirstAlerts(std::string_view page, std::size_t cut) 
   return first.size() <= whole.size() && std::equal(first.begin(), first.end(), whole.begin(), isSame);
 }
 
-// The fields of the line are the fields of the alert, whatever they hold. The texts are cut out of the bytes
-// at each NUL.
+// The line has the fields that an alert has, whatever they hold, and reads back with the alert's key and
+// window; its entry is one line. The texts are cut out of the bytes at each NUL.
 inline bool DelimitedDataReadsBack(std::string_view bytes) {
   auto texts = Split(bytes, std::string_view("\0", 1));
   texts.resize(9);
@@ -55,11 +55,14 @@ inline bool DelimitedDataReadsBack(std::string_view bytes) {
   alert.FrequencyModes = texts[7];
   alert.AlertKey = texts[8];
   alert.MaxMinutesAfterAlertTime = static_cast<std::int32_t>(bytes.size());
+  alert.MaxMinutesBeforeAlertTime = 30;
   const auto line = DelimitedData(alert);
   SOTAAlert rebuilt;
-  return SetDelimitedData(rebuilt, line) && DelimitedData(rebuilt) == line && IsOneLine(line) &&
-         rebuilt.ID == DelimitedField(alert.AlertKey) && rebuilt.Comment == DelimitedField(alert.Comment) &&
-         rebuilt.Station == DelimitedField(alert.Station);
+  return SetDelimitedData(rebuilt, line) && DelimitedData(rebuilt) == line &&
+         Split(line, DataDelimiter()).size() == 13 && rebuilt.ID == DelimitedField(alert.AlertKey) &&
+         rebuilt.MaxMinutesBeforeAlertTime == 30 &&
+         rebuilt.MaxMinutesAfterAlertTime == alert.MaxMinutesAfterAlertTime &&
+         IsOneLine(ModificationLine(ModificationCommand::Add, alert));
 }
 
 // A modifications file of any bytes is cleaned once: what is written reads back the same, and every line of
