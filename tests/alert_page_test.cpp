@@ -70,16 +70,18 @@ TEST_F(AlertsPageTest, ReadsEveryFieldAsPeopleReadIt) {
 }
 
 TEST_F(AlertsPageTest, DaysAndStationsMakeAlertsOfTheirOwn) {
-  EXPECT_EQ(
-      Take(Heading("Monday 1st December 2026") +
-           Table({.Callsign = "G4ABC &amp; M0XYZ", .Comment = "Hors d'\xC5\x93uvre"}) +
-           Table({.Callsign = "G4ABC & M0XYZ", .Comment = "Hors d'\xC5\x93uvres"}) + Heading("someday") +
-           Table({}) + Heading("Friday 3rd January 2027") + "<table class=\"spots\"><tr></tr></table>" +
-           Table({.Time = "noon"}) + "<table class=\"spots\"></table>" + Table({.Summit = "lost"})),
-      -1);
+  EXPECT_EQ(Take(Heading("Monday 1st December 2026") +
+                 Table({.Callsign = "G4ABC &amp; M0XYZ", .Comment = "Hors d'\xC5\x93uvre"}) +
+                 Table({.Callsign = "G4ABC & M0XYZ", .Comment = "Hors d'\xC5\x93uvres"}) +
+                 Heading("someday") + Table({}) + Heading("Friday 3rd January 2027") +
+                 Table({.Time = "noon"}) + "<table class=\"spots\"><tr></tr></table>" +
+                 Table({.Summit = "lost"}) + Heading("Monday 4th January 2027") + Table({}) +
+                 "<table class=\"spots\"></table>" + Table({.Summit = "lost"})),
+            -1);
   EXPECT_EQ(Keys(),
             "2026-12-01 10:00:00_G4ABC_G/LD-001_Horsd'\xC5\x93uvr\n"
-            "2026-12-01 10:00:00_M0XYZ_G/LD-001_Horsd'\xC5\x93uvr\n_G4ABC_G/LD-001_\n");
+            "2026-12-01 10:00:00_M0XYZ_G/LD-001_Horsd'\xC5\x93uvr\n_G4ABC_G/LD-001_\n"
+            "2027-01-04 10:00:00_G4ABC_G/LD-001_\n");
   const auto unreadable = alerts_.Find("_G4ABC_G/LD-001_");
   ASSERT_TRUE(unreadable);
   EXPECT_FALSE(unreadable->UTCAlertDate);
@@ -159,8 +161,12 @@ TEST_F(AlertsPageTest, AnAlertWithItsOwnWindowIsWrittenToTheModificationsOnce) {
 
 TEST_F(AlertsPageTest, WithdrawnAlertsAreLoggedAndRemembered) {
   Take(Heading() + Table({.Comment = "canceled"}) + Table({.Comment = "r B n&#110;"}) +
-       Table({.Comment = "No TarnLink"}) + Table({.Comment = "RB-NN"}));
+       Table({.Comment = "No TarnLink"}) + Table({.Comment = "RB-NN"}) +
+       Table({.Callsign = "M0XYZ", .Comment = "Cancelled, rbnn"}));
   EXPECT_EQ(alerts_.Count(), 1U);
+  const auto both = host_.EventLog();
+  EXPECT_EQ(Split(both, "||Cancelled, rbnn||").size(), 3U) << "logged for either word";
+  EXPECT_EQ(alerts_.WithdrawnOf("M0XYZ").size(), 1U);
   EXPECT_TRUE(IsLogged("GetAlertsFromSotawatchHTMLPage - A cancelled alert was not saved:\r\n"));
   EXPECT_TRUE(
       IsLogged("GetAlertsFromSotawatchHTMLPage - An alert containing NOTARNLINK/RBNN was not saved:\r\n"));
@@ -194,6 +200,11 @@ TEST_F(AlertsPageTest, TheFetchIsTakenWithItsFaults) {
   EXPECT_EQ(errorText, "The page broke off: Reset by peer");
   EXPECT_EQ(alerts_.Count(), 1U) << "what is behind the break is unknown";
   EXPECT_TRUE(IsLogged("GetAlertsFromSotawatchHTMLPage - The page broke off: Reset by peer\r\n"));
+  host_.Internet.Forget(request.Url);
+  host_.Internet.Answer(request.Url, {.Body = Heading() + Table({.Callsign = "M0XYZ"}) + "</HTML>\r\n",
+                                      .ErrorText = "Reset by peer"});
+  EXPECT_EQ(fetch(), -1) << "the page is whole";
+  EXPECT_EQ(Keys(), "2026-11-24 10:00:00_M0XYZ_G/LD-001_\n");
   host_.World.ShuttingDown = true;
   EXPECT_NE(fetch(), -1);
   EXPECT_EQ(alerts_.Count(), 1U);

@@ -42,8 +42,7 @@ def _plain(text: str) -> str:
 
 
 def _field(text: str) -> str:
-    text = re.sub(r'[\r\n]', ' ', text.replace('||', '-'))
-    return re.sub(r'^\||\|$', '-', text)
+    return text.replace('||', '-')
 
 
 def _date(heading: str) -> int | None:
@@ -94,11 +93,10 @@ def activations(page: str):
     for heading, following in zip(headings, headings[1:] + [None]):
         date = _date(heading.group(1))
         for table in TABLE.findall(page, heading.end(), following.start() if following else len(page)):
-            if not table:
-                break
             found = _activation(table)
-            if found:
-                yield date, found
+            if not found:
+                break
+            yield date, found
 
 
 def opts_out(comment: str) -> bool:

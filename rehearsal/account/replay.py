@@ -160,7 +160,8 @@ class Replay:
             self._read_alerts(self._next_page())
 
     def _read_alerts(self, page: ledger.Page) -> bool:
-        succeeded = page.status != 0 and self.alerts.take_page(page.body, page.t)
+        is_whole = page.whole or page.body.rstrip(' \t\r\n').lower().endswith('</html>')
+        succeeded = page.status != 0 and is_whole and self.alerts.take_page(page.body, page.t)
         self.known.update(alert.base for alert in self.alerts.alerts.values() if len(alert.base) > 2)
         return succeeded
 

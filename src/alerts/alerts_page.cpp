@@ -6,6 +6,7 @@
 #include "alerts/modifications.h"
 #include "alerts/withdrawal.h"
 #include "base/encoding.h"
+#include "base/text.h"
 #include "core/data_files.h"
 #include "core/internet_transfer.h"
 #include "core/trap.h"
@@ -48,24 +49,27 @@ class Scrape {
     alert->MaxMinutesBeforeAlertTime = window.Window.MinutesBefore;
     alert->MaxMinutesAfterAlertTime = window.Window.MinutesAfter;
     alert->AlertKey = alert->ID = window.IsCustom ? CustomWindowKey(*alert) : CommentKey(*alert);
-    switch (WithdrawalIn(alert->Comment)) {
-      case Withdrawal::Cancelled:
-        return Withdraw(std::move(alert), Withdrawal::Cancelled, "A cancelled alert was not saved:");
-      case Withdrawal::OptedOut:
-        return Withdraw(std::move(alert), Withdrawal::OptedOut,
-                        "An alert containing NOTARNLINK/RBNN was not saved:");
-      case Withdrawal::RemovedByEntry:
-      case Withdrawal::None: return Keep(alert, window.IsCustom);
-    }
+    const auto withdrawal = LogWithdrawal(*alert);
+    if (withdrawal == Withdrawal::None) return Keep(alert, window.IsCustom);
+    // An activator who writes over the words that gave the alert its own window must not come back through
+    // the entry that they made.
+    modifications_.RemoveEntries(CustomWindowKey(*alert));
+    alerts_.NoteWithdrawn(std::move(alert), withdrawal);
   }
 
-  // An activator who writes over the words that gave the alert its own window must not come back through the
-  // entry that they made.
-  void Withdraw(AlertPointer alert, Withdrawal reason, std::string_view message) {
+  // Words of both kinds are both logged; that nobody will be on the air is what is told of the alert.
+  Withdrawal LogWithdrawal(const SOTAAlert& alert) {
+    const bool isCancelled = HoldsCancellation(alert.Comment);
+    const bool isOptedOut = HoldsOptOutWord(alert.Comment);
+    if (isCancelled) LogNotSaved(alert, "A cancelled alert was not saved:");
+    if (isOptedOut) LogNotSaved(alert, "An alert containing NOTARNLINK/RBNN was not saved:");
+    if (isCancelled) return Withdrawal::Cancelled;
+    return isOptedOut ? Withdrawal::OptedOut : Withdrawal::None;
+  }
+
+  void LogNotSaved(const SOTAAlert& alert, std::string_view message) {
     LogMessage(host_, message);
-    LogEvent(host_, DelimitedData(*alert));
-    modifications_.RemoveEntries(CustomWindowKey(*alert));
-    alerts_.NoteWithdrawn(std::move(alert), reason);
+    LogEvent(host_, DelimitedData(alert));
   }
 
   // A deletion in the file is the activator's later word, so it is left alone.
@@ -80,6 +84,14 @@ class Scrape {
   Modifications& modifications_;
   AlertCollection alerts_;
 };
+
+// Whatever the server promised of the length: behind the closing tag nothing is missing.
+bool IsWhole(std::string_view page) {
+  constexpr std::string_view ClosingTag = "</html>";
+  const auto end = page.find_last_not_of(" \t\r\n") + 1;
+  return end >= ClosingTag.size() &&
+         EqualsIgnoringCase(page.substr(end - ClosingTag.size(), ClosingTag.size()), ClosingTag);
+}
 
 void LearnActivators(Host& host, const CallsignCollection& stations, CallsignCollection& knownActivators) {
   constexpr std::size_t ShortestCallsign = 3;
@@ -132,8 +144,8 @@ std::int32_t GetAlertsFromSotawatchHTMLPage(Host& host, const AlertsPageRequest&
     errorText = transfer.LastErrorMessage();
     return NotFetched;
   }
-  if (host.ShuttingDown) return NothingRead;     // what came before the end is no whole page
-  if (!transfer.LastTransportError().empty()) {  // and says nothing about the alerts behind it
+  if (host.ShuttingDown) return NothingRead;  // what came before the end is no whole page
+  if (!transfer.LastTransportError().empty() && !IsWhole(page)) {  // the alerts behind the break are unknown
     errorText = "The page broke off: " + transfer.LastTransportError();
     LogMessage(host, errorText);
     return NothingRead;

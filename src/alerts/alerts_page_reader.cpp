@@ -183,7 +183,7 @@ class PageReader {
   }
 
  private:
-  // False when reading must stop here.
+  // A table that is empty or has no row ends the day. False when reading must stop here.
   bool ReadDay(std::string_view day) {
     const auto heading = TakeBetween(day, "", SpanEnd);
     const auto date = heading ? DateOfHeading(*heading) : std::nullopt;
@@ -191,7 +191,7 @@ class PageReader {
       const auto table = TakeBetween(day, TableBegin, TableEnd);
       if (!table || table->empty()) return true;
       auto activation = ReadTable(*table, date);
-      if (!activation) continue;
+      if (!activation) return true;
       if (IsTooFarAhead(activation->Alert, request_)) return false;
       activation->Alert.LocalDateAndTimeRetrieved = request_.LocalNow;
       ++summary_.NumberOfActivations;

@@ -3,14 +3,12 @@
 
 #include <string_view>
 
-#include "alerts/alert_collection.h"
-
 namespace brelwin {
+
+// "CANCELLED" or "CANCELED", in any letter case.
+bool HoldsCancellation(std::string_view comment);
 
 // "RBNN" or "NOTARNLINK", in any letter case and with blanks anywhere.
 bool HoldsOptOutWord(std::string_view comment);
-
-// What the comment of an announced alert says: Cancelled, OptedOut or None.
-Withdrawal WithdrawalIn(std::string_view comment);
 
 }  // namespace brelwin

@@ -11,4 +11,10 @@ std::string FullFileName(const Host& host, std::string_view fileName) {
   return name.empty() || hasFolder ? std::string(name) : InProgramFolder(host, name);
 }
 
+std::string FullLogName(const Host& host, std::string_view fileName) {
+  const auto name = Trim(fileName);
+  const bool isFull = name.starts_with('/') || name.starts_with('\\');
+  return name.empty() || isFull ? std::string(name) : InProgramFolder(host, name);
+}
+
 }  // namespace brelwin

@@ -71,11 +71,11 @@ class Story:
         self.lines.append({'t': round((NOON + second) * 1000), 'kind': kind} | members)
         return self
 
-    def page(self, target: str, second: float, body: str, status: int = 200) -> 'Story':
+    def page(self, target: str, second: float, body: str, status: int = 200, whole: bool = True) -> 'Story':
         self.requests += 1
         self.write('asked', second, request=self.requests, method='GET', target=target)
         return self.write('served', second, request=self.requests, method='GET', target=target, status=status,
-                          whole=True, body=body)
+                          whole=whole, body=body)
 
     def check(self, second: float, *items: str) -> 'Story':
         return self.page('/RssFeed', second, feed_page(*(items or self.items)))
@@ -228,6 +228,9 @@ class Lines(unittest.TestCase):
         out = item('G4ABC/P on G/LD-009 @ 14.062 CW', 0, comment='RBNN', spotter='G4ABC')
         story = Story(OTHER).check(20, out, OTHER).hear(25).check(30, out, OTHER)
         self.assertEqual(story.judge().items, [])
+        cut = Story(page=alerts_page('15:00')).check(20)
+        cut.page('/alerts.php', 20.1, alerts_page(), whole=False).hear(25).check(30)
+        self.assertEqual(cut.judge().items, [], 'what is behind the break is unknown')
         later = Story(OTHER).check(20, out, OTHER).page('/alerts.php', 20.1, alerts_page()).hear(25)
         self.assertEqual(later.check(30, out, OTHER).judge().items, [], 'the deletion outlives the next page')
 
@@ -270,6 +273,11 @@ class Rules(unittest.TestCase):
         self.assertEqual([(spot.base, spot.comment) for spot in found[0]],
                          [('G4ABC', '<item> & Posted by me'), ('G4XYZ', '<item> & Posted by me')])
         self.assertEqual((len(found), ended), (1, False))
+
+    def test_a_table_without_a_row_ends_its_day(self) -> None:
+        day, table = alerts_page().split('</span>', 1)
+        page = (day + '</span>' + table + '<table class="spots"><tr></table>' + table) * 2
+        self.assertEqual(len(list(alerts.activations(page))), 2)
 
     def test_marker_numbers(self) -> None:
         self.assertEqual([alerts.hours_after('S+', text) for text in ('late s+1.5 h', 'S+ 2', 'S+', 'S-2')],
