@@ -10,7 +10,7 @@ namespace practice {
 namespace {
 
 constexpr std::int64_t HoursBeforeTheStart = 4;
-constexpr std::size_t KeptSpots = 500;
+constexpr std::size_t KeptSpots = 10'000;  // more than a day of the script has, even a fast one
 
 void Keep(std::deque<PublishedSpot>& spots, PublishedSpot spot) {
   spots.push_front(std::move(spot));

@@ -68,19 +68,21 @@ def _said(description: str) -> tuple[str, str]:
 @functools.lru_cache(maxsize=20000)
 def _spots_of(raw: tuple[str, str, str]) -> tuple[Spot, ...]:
     title, description, date = raw
-    title = decoded(title)
+    return spots_of(decoded(title), *_said(decoded(description)), _time(date))
+
+
+def spots_of(title: str, comment: str, spotter: str, utc: int | None) -> tuple[Spot, ...]:
+    """The spots that a title like "G4ABC on G/LD-001 @ 7.032 CW" is about: none, one, or those of two stations."""
     if ' ' not in title:
         return ()
     station, callsigns, rest = _title(title)
     base, second = radio.base_callsigns(callsigns)
     if not base:
         return ()
-    comment, spotter = _said(decoded(description))
     is_aprs = 'APRS' in spotter
     spotter = station if is_aprs else spotter
     spotter_base = base if is_aprs else radio.base_callsign(spotter)
-    utc = _time(date)
-    stamp = time.strftime('%Y%m%d%H%M%S', time.gmtime(utc)) if utc is not None else 'untimed' + '|'.join(raw)
+    stamp = time.strftime('%Y%m%d%H%M%S', time.gmtime(utc)) if utc is not None else f'untimed|{title}|{comment}|'
     mhz = radio.single(radio.number(rest[2]))
 
     def spot(station: str, base: str, is_derived: bool) -> Spot:
@@ -153,12 +155,11 @@ class Intake:
         return new
 
 
-def fresh(body: str, now: int, dupe_minutes: int) -> dict[str, Spot]:
-    """The spots of the final check, by their duplicate keys: the newest of each, down to the age limit."""
-    by_key: dict[str, Spot] = {}
+def recent(body: str, now: int, dupe_minutes: int) -> list[Spot]:
+    """Every spot that the final check reads: down to the age limit, newest first."""
+    found: list[Spot] = []
     for item in spots(body)[0]:
         if item[0].utc is not None and (now // 1000 - item[0].utc) // 60 > dupe_minutes:
             break
-        for spot in item:
-            by_key.setdefault(spot.key, spot)
-    return by_key
+        found.extend(item)
+    return found

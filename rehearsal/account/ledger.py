@@ -14,6 +14,14 @@ class Page:
     status: int  # 0: there was no answer
     whole: bool
     body: str
+    retry_after: str = ''
+    asks_for_all: bool = False  # that the JSON service has
+
+
+@dataclasses.dataclass
+class Check:
+    """The program begins to look for spots, as its window shows."""
+    t: int
 
 
 @dataclasses.dataclass
@@ -56,7 +64,7 @@ class Connection:
     how: str = ''
 
 
-Event = Page | Post | Line | Lost | Connection
+Event = Check | Page | Post | Line | Lost | Connection
 
 
 def _text(entry: dict, name: str) -> str:
@@ -89,12 +97,15 @@ class _Reader:
         post = self.posts.pop(entry['request'], None) or self.redirected.pop(entry['target'], None)
         if post is None:
             self.events.append(Page(asked['t'], entry['t'], entry['target'].partition('?')[0], entry['status'],
-                                    entry['whole'], body))
+                                    entry['whole'], body, entry.get('retry_after', '')))
             return
         name, taken = (post.answer.name, post.answer.taken) if post.answer else (entry['answer'], entry['taken'])
         post.answer = Answer(entry['t'], entry['status'], entry['whole'], body, name, taken)
         if entry.get('location'):
             self.redirected[entry['location']] = post
+
+    def _take_check(self, entry: dict) -> None:
+        self.events.append(Check(entry['t']))
 
     def _take_line(self, entry: dict) -> None:
         self.events.append(Line(entry['t'], entry['connection'], _text(entry, 'text')))

@@ -3,7 +3,7 @@ ask for."""
 
 import dataclasses
 
-from account import feed, gates, ledger, outcomes
+from account import feed, gates, ledger, outcomes, questions, sources
 from account.alerts import Alerts, is_command
 from account.gates import TimedSpot
 from account.items import Fate, Item, Tally
@@ -32,12 +32,13 @@ REAL_TIME = Tolerance(margin=400, jitter=1000, haste=10_000, is_real_time=True)
 
 class Replay:
     def __init__(self, events: list[ledger.Event], settings: Settings, tolerance: Tolerance) -> None:
-        self.events = events
+        self.source = sources.Service() if settings.by_service else sources.Feed()
+        self.refusals = questions.refusals(events)
+        self.events = questions.as_readings(events) if settings.by_service else events
         self.at = 0
         self.settings = settings
         self.tolerance = tolerance
         self.tally = Tally()
-        self.intake = feed.Intake()
         self.alerts = Alerts(settings)
         self.known = set(settings.known)
         self.parser = Parser(settings, self.alerts, self.known, tolerance.margin)
@@ -138,19 +139,17 @@ class Replay:
         if page.status == 0:
             return
         self._learn_from_feed(page)
-        new = self.intake.read(page.body, page.t, is_first_load)
-        if new is None:
+        reading = self.source.read(page, is_first_load)
+        if reading is None:
             return
-        for spot in reversed(new):
+        for spot in reversed(reading.new):
             if is_command(spot, self.settings):
                 self._read_alerts_for_command(page)
                 self.alerts.take_command(spot)
-        ids = {spot.id for spot in new}
-        kept = [held for held in self.current if held.spot.id not in ids]
-        self.current = ([TimedSpot(spot, page.t) for spot in new] + kept)[:MOST_CURRENT_SPOTS]
+        self.current = reading.applied_to(self.current, page.t, MOST_CURRENT_SPOTS)
 
     def _learn_from_feed(self, page: ledger.Page) -> None:
-        self.known.update(spot.base for item in feed.spots(page.body)[0] for spot in item)
+        self.known.update(spot.base for spot in self.source.spots(page))
 
     def _read_alerts_for_command(self, page: ledger.Page) -> None:
         following = self._peek(ledger.Page)
@@ -210,7 +209,9 @@ class Replay:
             gates.by_current_spots(spot, self.current, now, self.settings)
 
     def _final_refusal(self, spot: Heard, page: ledger.Page, now: int) -> str:
-        fresh = feed.fresh(page.body, page.t, self.settings.dupe_minutes) if page.status else {}
+        fresh: dict[str, feed.Spot] = {}
+        for found in self.source.recent(page, self.settings.dupe_minutes) if page.status else []:
+            fresh.setdefault(found.key, found)
         if not fresh and not self.current:
             return 'there are no spots to compare with'
         return gates.by_fresh_spots(spot, fresh, page.t, now, self.settings) or \
@@ -233,9 +234,10 @@ class Replay:
         if (spot.is_late or spot.is_near or is_open) and not self._was_looked_at(body, now, rest):
             return self._leave_aside(spot, body, now)
         spot.is_near = spot.is_near or is_open  # that a late one was looked at is decided by now
-        if not self._final_check_follows(now):
+        page = self._page_of_final_check(now)
+        if page is None:
             return self._miss_final_check(spot, body, now)
-        return self._decide_finally(spot, body, self._next_page())
+        return self._decide_finally(spot, body, page)
 
     def _leave_aside(self, spot: Heard, body: str | None, now: int) -> int:
         """A late spot comes again in the next check."""
@@ -270,6 +272,12 @@ class Replay:
         expected = now + self.settings.delay * 1000
         return page is not None and page.path == FEED and \
             expected - 100 <= page.asked <= expected + self.tolerance.haste
+
+    def _page_of_final_check(self, now: int) -> ledger.Page | None:
+        moment = now + self.settings.delay * 1000
+        if any(begin <= moment < end for begin, end in self.refusals):
+            return ledger.Page(moment, moment, FEED, 0, True, '')  # it is not to be asked
+        return self._next_page() if self._final_check_follows(now) else None
 
     def _miss_final_check(self, spot: Heard, body: str | None, now: int) -> int:
         fate, reason = Fate.MISSED, 'no final check was made'

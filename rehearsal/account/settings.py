@@ -33,6 +33,7 @@ def _callsigns(path: pathlib.Path) -> set[str]:
 
 @dataclasses.dataclass
 class Settings:
+    by_service: bool  # the spots come from the JSON service
     every_spot_type: bool
     known_activators_only: bool
     matched_only: bool
@@ -83,6 +84,7 @@ def read(folder: pathlib.Path, password: str | None = None) -> Settings:
     lists = {'station': 'FILTERSTATION', 'band': 'FILTERBAND', 'mode': 'FILTERMODE', 'spotter': 'FILTERSPOTTER',
              'excluded spotter': 'FILTERSPOTTEREXCLUDE'}
     return Settings(
+        by_service=whole(profile.get('GENERAL', {}), 'SotawatchSpotsSource') == 1,
         every_spot_type=whole(stream, 'RBNShowAllSpottedTypes') != 0,
         known_activators_only=whole(stream, 'FilterKnownActivators') != 0,
         matched_only=whole(stream, 'FilterSotawatchMatchingAlert') != 0,
