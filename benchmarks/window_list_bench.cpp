@@ -2,10 +2,10 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <span>
 
 #include "made_spots.h"
 #include "qt/window/spot_list_view.h"
-#include "spots/spot_text.h"
 
 namespace brelwin::benchmarks {
 namespace {
@@ -14,23 +14,17 @@ constexpr std::size_t LineCount = 10'000;
 constexpr std::size_t AddedLines = 10;
 constexpr std::size_t Refreshes = 20;
 
-// What the list shows at one moment.
-struct Contents {
-  explicit Contents(std::size_t firstSpot) {
-    const auto spots = MakeSpots(firstSpot, LineCount);
-    for (const auto& entry : spots) Spots.push_back(entry.Item);
-    Text = SpotListText(spots);
-  }
-
-  std::vector<std::shared_ptr<const Spot>> Spots;
-  std::string Text;
-};
-
-// Each with ten new lines on top of the one before, ten old ones having left at the end.
-const std::vector<Contents>& Moments() {
+// What the list shows at one moment after the other: each with ten new spots on top of the one before, ten
+// old ones having left at the end.
+const std::vector<SpotRows>& Moments() {
   static const auto moments = [] {
-    std::vector<Contents> made;
-    for (std::size_t i = Refreshes + 1; i > 0; --i) made.emplace_back((i - 1) * AddedLines);
+    SpotRows all;
+    for (const auto& entry : MakeSpots(0, LineCount + Refreshes * AddedLines)) all.push_back(entry.Item);
+    std::vector<SpotRows> made;
+    for (std::size_t later = Refreshes + 1; later-- > 0;) {
+      const auto shown = std::span(all).subspan(later * AddedLines, LineCount);
+      made.emplace_back(shown.begin(), shown.end());
+    }
     return made;
   }();
   return moments;
@@ -44,17 +38,15 @@ struct ListWindow {
   }
 
   // As the program does it: cleared, events handled, set.
-  void Show(const Contents& contents) {
-    Control.Text = std::string();
+  void Show(const SpotRows& spots) {
+    Control.Contents = std::string();
     QCoreApplication::processEvents();
-    Control.Spots = contents.Spots;
-    Control.Text = contents.Text;
+    Control.Contents = spots;
     View.viewport()->repaint();
   }
 
   void Empty() {
-    Control.Spots.clear();
-    Control.Text = std::string("Connecting...");
+    Control.Contents = std::string("Connecting...");
     QCoreApplication::processEvents();
   }
 

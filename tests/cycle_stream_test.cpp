@@ -39,14 +39,15 @@ TEST_F(StreamStory, AnAnnouncedActivatorIsMatchedShownAndExplained) {
   Queue.RunFor(seconds(40));
   EXPECT_TRUE(Contains(Disk.Text(Report), "12:10 G4ABC G/LD-001")) << Disk.Text(Report);
 
-  const auto lines = SplitLines(List().Text.Get());
+  const auto text = ListText();
+  const auto lines = SplitLines(text);
   ASSERT_EQ(lines.size(), 2U);
   EXPECT_TRUE(lines[0].starts_with("12:01  G4ABC       G/LD-001    Scafell Pike "))
       << "the last line is on top";
   EXPECT_TRUE(Contains(lines[0], "Via RBN/Sotawatch Alert Match  S/N=24 dB, Speed=22 WPM"));
   EXPECT_TRUE(Contains(lines[1], "RW1M"));
-  EXPECT_TRUE(List().Spots.at(0)->IsMatchedToAlert);
-  List().Select(*List().Spots.at(0));
+  EXPECT_TRUE(ListedSpots().at(0)->IsMatchedToAlert);
+  List().Select(*ListedSpots().at(0));
   EXPECT_TRUE(Contains(Window().Spots.lblSpotDetails.Caption.Get(), "G/LD-001"));
   EXPECT_TRUE(Contains(Window().Spots.lblSources.Caption.Get(), "Alerts: 1, read at 12:00"));
 }
@@ -64,7 +65,7 @@ TEST_F(StreamStory, AnAnnouncedStationThatDidNotMatchSaysWhy) {
   Brelwin.Start({}, {});
   Queue.RunFor(seconds(40));
   EXPECT_TRUE(Contains(EventLog(), "Spot received for G4ABC who has 1 alerts in Sotawatch but none of them"));
-  EXPECT_TRUE(List().Spots.empty());
+  EXPECT_TRUE(ListedSpots().empty());
   EXPECT_TRUE(said.starts_with("No match: 189 minutes outside the only alert, G4ABC for")) << said;
   EXPECT_TRUE(said.ends_with("K2AAA for 2026-11-24 12:10 UTC on G/LD-001 was cancelled by its activator.\n"))
       << said;
@@ -131,7 +132,7 @@ TEST_F(StreamStory, SpotsOfAConnectionThatEndedDoNotWaitForTheNextOne) {
   std::optional<bool> wasShown;
   Queue.OnYield = [&] {
     const bool isWaiting = Sockets.Tried.size() == 2;
-    if (isWaiting && !wasShown) wasShown = Contains(List().Text.Get(), "G4ABC");
+    if (isWaiting && !wasShown) wasShown = Contains(ListText(), "G4ABC");
   };
   Brelwin.Start({}, {});
   Queue.RunFor(minutes(1));
@@ -166,7 +167,7 @@ TEST_F(StreamStory, ABoxClickedDuringTheStartStaysAsItWas) {
   Brelwin.Start({}, {});
   Queue.RunFor(seconds(40));
   EXPECT_TRUE(Window().RBN.chkReverseBeaconSpotsEnabled.Value);
-  EXPECT_TRUE(Contains(List().Text.Get(), "G4ABC"));
+  EXPECT_TRUE(Contains(ListText(), "G4ABC"));
 }
 
 TEST_F(StreamStory, AnOutageIsToldFromItsBeginAndWithTheNextAttempt) {

@@ -37,7 +37,8 @@ class Story : public ::testing::Test, protected ProgramStory {
   // The stations of the list's lines, top first.
   std::vector<std::string> Stations() {
     std::vector<std::string> stations;
-    for (const auto line : SplitLines(List().Text.Get())) stations.emplace_back(Trim(line.substr(7, 12)));
+    const auto text = ListText();
+    for (const auto line : SplitLines(text)) stations.emplace_back(Trim(line.substr(7, 12)));
     return stations;
   }
 
@@ -58,13 +59,13 @@ TEST_F(Story, ANewSpotAppearsOnTopIsLoggedAndSounded) {
   Internet.AnswerAlways(FeedAddress, FeedText({Newest, Middle, Oldest}));
   Queue.RunFor(seconds(31));
   EXPECT_EQ(Stations(), (Names{"W6ABC", "DL1XYZ", "G4ABC/P"}));
-  EXPECT_EQ(List().Spots.size(), 3U);
+  EXPECT_EQ(ListedSpots().size(), 3U);
   EXPECT_EQ(Sound.Played.size(), 1U);
   Queue.RunFor(minutes(10));
   const auto log = SplitLines(Disk.Text("/brelwin/spots.txt"));
   ASSERT_EQ(log.size(), 3U) << "each spot once, however often the feed repeats it";
   EXPECT_TRUE(Contains(Disk.Text("/brelwin/spots.txt"), "12:00,W6ABC,W6/CT-001,"));
-  List().DoubleClick(*List().Spots.at(0));
+  List().DoubleClick(*ListedSpots().at(0));
   ASSERT_EQ(Shell.Opened.size(), 1U);
   EXPECT_TRUE(Contains(Shell.Opened[0], "W6%2FCT%2D001")) << Shell.Opened[0];
   EXPECT_EQ(Sound.Played.size(), 1U);
@@ -88,10 +89,10 @@ TEST_F(Story, TheIntervalIsThePauseBetweenChecks) {
 
 TEST_F(Story, TheStartupDelayCountsDownAndThenConnects) {
   Start("delay=10");
-  EXPECT_EQ(List().Text.Get(), "Internet connections will be initialized in 10 seconds...");
+  EXPECT_EQ(ListText(), "Internet connections will be initialized in 10 seconds...");
   EXPECT_FALSE(Window().Spots.cmdReloadSpotList.Enabled);
   Queue.RunFor(Milliseconds(3200));
-  EXPECT_EQ(List().Text.Get(), "Internet connections will be initialized in 7 seconds...");
+  EXPECT_EQ(ListText(), "Internet connections will be initialized in 7 seconds...");
   Queue.RunFor(Milliseconds(6700));
   EXPECT_EQ(Reads(), 0U);
   Queue.RunFor(seconds(1));
@@ -120,7 +121,7 @@ TEST(CommandLine, KnowsTheDelayAndNothingElse) {
 TEST_F(Story, AnUnreachableFeedIsSaidOnceAndItsReturnToo) {
   Internet.Forget(FeedAddress);
   Start();
-  EXPECT_EQ(List().Text.Get(), "") << "what stood there before the first read says nothing true any more";
+  EXPECT_EQ(ListText(), "") << "what stood there before the first read says nothing true any more";
   EXPECT_FALSE(Window().Spots.picDownload.Visible);
   const auto linesWhileAway = SplitLines(EventLog()).size();
   Queue.RunFor(minutes(3));
@@ -146,12 +147,12 @@ TEST_F(Story, AReloadThatFailsLeavesTheListAndOneThatWorksReplacesIt) {
 
 TEST_F(Story, AnErrorInTheFirstLoadIsToldAndTheChecksBegin) {
   Queue.OnYield = [&] {
-    if (Reads() == 0 || !List().Text.Get().empty()) return;
+    if (Reads() == 0 || !ListText().empty()) return;
     Queue.OnYield = {};
     throw std::out_of_range("no such spot");
   };
   Start();
-  EXPECT_EQ(List().Text.Get(), "FormLoad error 9: no such spot");
+  EXPECT_EQ(ListText(), "FormLoad error 9: no such spot");
   EXPECT_TRUE(Contains(EventLog(), "FormLoad Error, Number=9 Error=no such spot"));
   EXPECT_FALSE(Window().Spots.picDownload.Visible);
   Internet.AnswerAlways(FeedAddress, FeedText({Newest, Middle, Oldest}));

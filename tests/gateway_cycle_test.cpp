@@ -85,8 +85,7 @@ TEST(GatewayCycle, AHeardActivatorIsSpottedOnceAndEverythingSaysSo) {
   ASSERT_EQ(journal.size(), 2U);
   EXPECT_TRUE(Contains(journal[1], "sent: CQ CQ at 22 wpm. S/N=24 dB at KM3T-2"));
   EXPECT_TRUE(Contains(journal[0], "not sent: a spot of the station was sent "));
-  EXPECT_EQ(screen.Spots.txtSPOTList.Spots.at(1)->Comment,
-            "CQ CQ at 22 wpm. S/N=24 dB at KM3T-2 {Via Tarnlink}")
+  EXPECT_EQ(program.ListedSpots().at(1)->Comment, "CQ CQ at 22 wpm. S/N=24 dB at KM3T-2 {Via Tarnlink}")
       << "the posted comment stays in the spot";
 
   auto& box = program.Tab().chkRBNSendAllSpotsToSotawatch;

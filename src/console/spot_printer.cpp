@@ -1,10 +1,11 @@
 #include "console/spot_printer.h"
 
 #include <algorithm>
-#include <unordered_set>
+#include <ranges>
 #include <utility>
 
 #include "base/text.h"
+#include "spots/spot_text.h"
 
 namespace brelwin {
 namespace {
@@ -23,7 +24,7 @@ SpotPrinter::SpotPrinter(Screen& screen, PrintLine print) : screen_(screen), pri
   FollowCaption(screen_.RBN.lblUnmatchedSpot);
   FollowGateway();
   FollowLabels();
-  watches_.push_back(screen_.Spots.txtSPOTList.Text.WhenChanged([this] { PrintList(); }));
+  watches_.push_back(screen_.Spots.txtSPOTList.Contents.WhenChanged([this] { PrintList(); }));
 }
 
 void SpotPrinter::FollowCaption(Label& label) {
@@ -48,27 +49,23 @@ void SpotPrinter::FollowLabels() {
 }
 
 void SpotPrinter::PrintList() {
-  const auto& list = screen_.Spots.txtSPOTList;
-  if (list.Text.Get().empty()) return;
-  if (list.Spots.empty())
-    PrintText(list.Text.Get());
+  const auto& contents = screen_.Spots.txtSPOTList.Contents.Get();
+  if (const auto* text = std::get_if<std::string>(&contents))
+    PrintText(*text);
   else
-    PrintSpots(list.Text.Get());
+    PrintSpots(std::get<SpotRows>(contents));
 }
 
 void SpotPrinter::PrintText(std::string_view text) {
-  if (text == lastText_) return;
+  if (text.empty() || text == lastText_) return;
   lastText_ = text;
   PrintLines(text);
 }
 
-void SpotPrinter::PrintSpots(std::string_view text) {
-  const auto lines = SplitLines(text);
-  const auto& spots = screen_.Spots.txtSPOTList.Spots;
-  const std::unordered_set<std::shared_ptr<const Spot>> known(shown_.begin(), shown_.end());
-  for (auto row = std::min(lines.size(), spots.size()); row-- > 0;)
-    if (!known.contains(spots[row])) Print(lines[row]);
-  shown_ = spots;
+void SpotPrinter::PrintSpots(const SpotRows& spots) {
+  for (const auto& spot : spots | std::views::reverse)
+    if (!shown_.contains(spot)) Print(FixedWidthLine(*spot));
+  shown_ = {spots.begin(), spots.end()};
 }
 
 // The journal has the newest decision first.

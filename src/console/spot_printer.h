@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "controls/screen.h"
@@ -28,14 +29,15 @@ class SpotPrinter {
   void PrintLines(std::string_view text) const;
   void PrintList();
   void PrintText(std::string_view text);
-  void PrintSpots(std::string_view text);
+  void PrintSpots(const SpotRows& spots);
   void PrintDecisions();
 
   Screen& screen_;
   PrintLine print_;
-  std::string lastText_;                            // printed last of the texts that are no spots
-  std::vector<std::shared_ptr<const Spot>> shown_;  // the spots of the last list; owned, so none is mistaken
-  std::string lastDecision_;                        // the newest of the gateway's that has been printed
+  std::string lastText_;  // printed last of the texts that are no spots
+  // The spots of the last list; owned, so none is mistaken.
+  std::unordered_set<std::shared_ptr<const Spot>> shown_;
+  std::string lastDecision_;  // the newest of the gateway's that has been printed
   std::vector<Watch> watches_;
 };
 

@@ -1,10 +1,10 @@
-// The list of spots on the screen: its text, and beside it the spot behind each line.
+// The list of spots on the screen: the spots themselves, or a text where they would be.
 #pragma once
 
-#include <cstddef>
 #include <functional>
 #include <memory>
 #include <string>
+#include <variant>
 #include <vector>
 
 #include "controls/control.h"
@@ -12,15 +12,18 @@
 
 namespace brelwin {
 
+// The spots of a list, top down, each a line; none of them is null.
+using SpotRows = std::vector<std::shared_ptr<const Spot>>;
+
+// Spots, or lines of a text that are no spots: a countdown, a failure.
+using ListContents = std::variant<std::string, SpotRows>;
+
 struct SpotListBox : Control {
   SpotListBox(ControlList& list, std::string_view name) : Control(name) { list.emplace_back(this); }
 
-  // The lines, each ended by CR LF. An empty text is only the moment before the next one: a skin waits for
-  // that and then keeps what the reader sees, scrolled and selected, where it is.
-  Observable<std::string> Text;
-
-  // The spots of the lines of the next Text, set before it; empty when the lines are no spots (a countdown).
-  std::vector<std::shared_ptr<const Spot>> Spots;
+  // A skin makes a spot's line when it is looked at. An empty text is only the moment before the next
+  // contents: a skin goes on showing what it shows. A list without spots has no rows.
+  Observable<ListContents> Contents;
 
   // Called by the skin with the spot of the line that the user chose; may be empty.
   std::function<void(const Spot&)> Select;

@@ -1,8 +1,9 @@
 #include "cycle/spot_list_display.h"
 
+#include <utility>
+
 #include "radio/numbers.h"
 #include "spots/spot_collections.h"
-#include "spots/spot_text.h"
 
 namespace brelwin {
 namespace {
@@ -14,19 +15,18 @@ std::int32_t MaximumSpotsInList(const MainWindow& window) {
 }  // namespace
 
 void ShowInsteadOfSpots(MainWindow& window, std::string_view text) {
-  auto& list = window.Controls.Spots.txtSPOTList;
-  list.Spots.clear();
-  list.Text = std::string(text);
+  window.Controls.Spots.txtSPOTList.Contents = std::string(text);
 }
 
 void DisplaySpotList(MainWindow& window, const SpotCollection& spots) {
   auto& list = window.Controls.Spots.txtSPOTList;
-  list.Text = std::string();
+  list.Contents = std::string();
   window.World.Events.DoEvents();
   window.World.Events.DoEvents();
-  list.Spots.clear();
-  for (const auto& entry : spots) list.Spots.push_back(entry.Item);
-  list.Text = SpotListText(spots);
+  SpotRows rows;
+  rows.reserve(spots.Count());
+  for (const auto& entry : spots) rows.push_back(entry.Item);
+  list.Contents = std::move(rows);
 }
 
 void TrimSpotList(MainWindow& window) {

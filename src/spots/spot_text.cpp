@@ -19,13 +19,12 @@ struct Column {
 
 constexpr std::array<Column, 10> Columns = {
     {{7, 7}, {12, 12}, {12, 12}, {30, 32}, {3, 3}, {11, 11, true}, {6, 6}, {13, 14}, {60, 61}, {12, 12}}};
-constexpr std::size_t LineWidth = 170;  // of all columns
 
 using Cells = std::array<std::string_view, Columns.size()>;
 
 // Nearly every line is plain text, whose characters need no counting. False, with nothing done, for another.
 bool AppendPlainCells(std::string& text, const Cells& cells) {
-  std::array<char, LineWidth> line{};
+  std::array<char, SpotLineWidth> line{};
   line.fill(' ');
   auto* place = line.data();
   for (std::size_t i = 0; i < cells.size(); ++i) {
@@ -118,16 +117,6 @@ std::string DelimitedLine(const Spot& spot, std::string_view separator) {
     AppendPrintable(line, value);
   }
   return line;
-}
-
-std::string SpotListText(const SpotCollection& spots) {
-  std::string text;
-  text.reserve(spots.Count() * (LineWidth + LineEnd.size()));
-  for (const auto& entry : spots) {
-    AppendFixedWidthLine(text, *entry.Item);
-    text.append(LineEnd);
-  }
-  return text;
 }
 
 }  // namespace brelwin

@@ -6,6 +6,8 @@
 #include <string>
 #include <vector>
 
+#include "spots/spot_text.h"
+
 namespace brelwin {
 namespace {
 
@@ -13,26 +15,19 @@ using Lines = std::vector<std::string>;
 
 class SpotPrinterTest : public ::testing::Test {
  protected:
-  // Shows the spots as the program does: clears the list, then sets it. A spot's line is its comment.
-  void ShowSpots(const std::vector<std::shared_ptr<Spot>>& spots) {
-    auto& list = screen_.Spots.txtSPOTList;
-    list.Text = std::string();
-    std::string text;
-    for (const auto& spot : spots) text += spot->Comment + "\r\n";
-    list.Spots.assign(spots.begin(), spots.end());
-    list.Text = text;
+  // Shows the spots as the program does: clears the list, then sets it.
+  void ShowSpots(const SpotRows& spots) {
+    screen_.Spots.txtSPOTList.Contents = std::string();
+    screen_.Spots.txtSPOTList.Contents = spots;
   }
 
-  void ShowText(const std::string& text) {
-    screen_.Spots.txtSPOTList.Spots.clear();
-    screen_.Spots.txtSPOTList.Text = text;
-  }
-
-  static std::shared_ptr<Spot> MakeSpot(const std::string& line) {
+  static std::shared_ptr<Spot> MakeSpot(const std::string& spotter) {
     auto spot = std::make_shared<Spot>();
-    spot->Comment = line;
+    spot->Spotter = spotter;
     return spot;
   }
+
+  static std::string LineOf(const std::string& spotter) { return FixedWidthLine(*MakeSpot(spotter)); }
 
   Lines TakePrinted() { return std::exchange(printed_, {}); }
 
@@ -45,10 +40,10 @@ TEST_F(SpotPrinterTest, ASpotIsPrintedOnceHoweverTheListChanges) {
   const auto first = MakeSpot("same"), twin = MakeSpot("same"), third = MakeSpot("x");
   ShowSpots({first});
   ShowSpots({twin, first});  // an equal line of another spot is another line
-  EXPECT_EQ(TakePrinted(), (Lines{"same", "same"}));
+  EXPECT_EQ(TakePrinted(), (Lines{LineOf("same"), LineOf("same")}));
   ShowSpots({twin});         // trimmed
   ShowSpots({third, twin});  // and grown again
-  EXPECT_EQ(TakePrinted(), Lines{"x"});
+  EXPECT_EQ(TakePrinted(), Lines{LineOf("x")});
 }
 
 TEST_F(SpotPrinterTest, AnAddressUsedAgainIsNotMistakenForAnOldSpot) {
@@ -59,7 +54,7 @@ TEST_F(SpotPrinterTest, AnAddressUsedAgainIsNotMistakenForAnOldSpot) {
 
 TEST_F(SpotPrinterTest, ACountdownIsPrintedWheneverItChanges) {
   for (const auto* text : {"2 seconds...", "2 seconds...", "", "2 seconds...", "1 seconds..."})
-    ShowText(text);
+    screen_.Spots.txtSPOTList.Contents = text;
   EXPECT_EQ(TakePrinted(), (Lines{"2 seconds...", "1 seconds..."}));
 }
 

@@ -7,6 +7,7 @@
 #include "alerts_page_text.h"
 #include "cycle/program.h"
 #include "feed_text.h"
+#include "spots/spot_text.h"
 #include "test_host.h"
 
 namespace brelwin::test {
@@ -49,6 +50,17 @@ struct ProgramStory : TestHost {
 
   Screen& Window() { return Brelwin.Controls(); }
   SpotListBox& List() { return Window().Spots.txtSPOTList; }
+
+  // The spots of the list, top first.
+  const SpotRows& ListedSpots() { return std::get<SpotRows>(List().Contents.Get()); }
+
+  // The list as it reads on the screen: its text, or the lines of its spots.
+  std::string ListText() {
+    if (const auto* text = std::get_if<std::string>(&List().Contents.Get())) return *text;
+    std::string lines;
+    for (const auto& spot : ListedSpots()) lines += FixedWidthLine(*spot) + std::string(LineEnd);
+    return lines;
+  }
 
   Program Brelwin{World};
 };

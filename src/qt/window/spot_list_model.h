@@ -1,13 +1,16 @@
-// The lines of the list, changed line by line so that selections and scroll positions survive.
+// The rows of the list, changed row by row so that selections and scroll positions survive. The line of a
+// spot is made whenever it is asked for: for painting, a screen reader, a search, a copy.
 #pragma once
 
 #include <QAbstractListModel>
+#include <cstddef>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <vector>
 
-#include "spots/spot.h"
+#include "controls/spot_list_box.h"
+#include "qt/window/row_difference.h"
 
 namespace brelwin {
 
@@ -20,26 +23,27 @@ class SpotListModel final : public QAbstractListModel {
   int rowCount(const QModelIndex& parent = {}) const override;
   QVariant data(const QModelIndex& index, int role) const override;
 
-  // Turns the present lines into those of the text, each ended by a line end. `spots` are those of the lines.
-  void ShowText(std::string_view text, std::vector<std::shared_ptr<const Spot>> spots = {});
+  // Turns the present rows into the lines of the text, or into the spots.
+  void ShowText(std::string_view text);
+  void ShowSpots(const SpotRows& spots);
 
   // The spot of the row; null for a line that is no spot.
   std::shared_ptr<const Spot> SpotAt(int row) const;
 
   // Characters in the longest line.
-  std::size_t LongestLine() const { return longestLine_; }
+  std::size_t LongestLine() const;
 
   // Whether the spot of the line matched an announced activation.
   static constexpr int MatchedRole = Qt::UserRole;
 
  private:
+  QString LineAt(int row) const;
   bool IsMatched(int row) const;
-  void Remove(std::size_t first, std::size_t count);
-  void Insert(std::size_t first, const std::string_view* lines, std::size_t count);
+  void Remove(const RowRun& run);
+  void Insert(const RowRun& run, const SpotRows& from);
 
-  std::vector<std::string> lines_;
-  std::vector<std::shared_ptr<const Spot>> spots_;  // of the lines; none when they are no spots
-  std::size_t longestLine_ = 0;
+  std::vector<std::string> lines_;  // of a text; none beside spots
+  SpotRows spots_;
 };
 
 }  // namespace brelwin

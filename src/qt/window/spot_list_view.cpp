@@ -7,15 +7,11 @@
 #include <QFontDatabase>
 #include <QScrollBar>
 #include <algorithm>
-#include <chrono>
 
 #include "qt/window/spot_line_delegate.h"
 
 namespace brelwin {
 namespace {
-
-// A text that stays empty for longer than a refresh takes means an empty list.
-constexpr std::chrono::milliseconds LongestRefresh{500};
 
 // Finds the line on top of the view again after the lines around it have changed.
 class KeptPlace {
@@ -73,9 +69,6 @@ SpotListView::SpotListView(QWidget* parent)
 }
 
 Watch SpotListView::Follow(SpotListBox& control) {
-  whenReallyEmpty_.setSingleShot(true);
-  whenReallyEmpty_.setInterval(LongestRefresh);
-  whenReallyEmpty_.callOnTimeout(this, [this, &control] { Show(control); });
   connect(this, &QListView::doubleClicked, this, [this, &control](const QModelIndex& index) {
     const auto spot = model_.SpotAt(index.row());  // kept: the list may change meanwhile
     if (spot && control.DoubleClick) control.DoubleClick(*spot);
@@ -83,8 +76,8 @@ Watch SpotListView::Follow(SpotListBox& control) {
   // Not when the current line changes: the mouse selects it only afterwards.
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this, &control] { TellChoice(control); });
-  TakeText(control);
-  return control.Text.WhenChanged([this, &control] { TakeText(control); });
+  Show(control.Contents);
+  return control.Contents.WhenChanged([this, &control] { Show(control.Contents); });
 }
 
 void SpotListView::TellChoice(const SpotListBox& control) const {
@@ -94,19 +87,16 @@ void SpotListView::TellChoice(const SpotListBox& control) const {
   if (spot && control.Select) control.Select(*spot);
 }
 
-void SpotListView::TakeText(const SpotListBox& control) {
-  if (control.Text.Get().empty())
-    whenReallyEmpty_.start();
-  else
-    Show(control);
-}
-
-void SpotListView::Show(const SpotListBox& control) {
-  whenReallyEmpty_.stop();
+void SpotListView::Show(const ListContents& contents) {
+  const auto* text = std::get_if<std::string>(&contents);
+  if (text != nullptr && text->empty()) return;  // the next contents are on their way
   const KeptPlace place(*this);
   refreshing_ = true;
   setAutoScroll(false);
-  model_.ShowText(control.Text.Get(), control.Spots);
+  if (text != nullptr)
+    model_.ShowText(*text);
+  else
+    model_.ShowSpots(std::get<SpotRows>(contents));
   doItemsLayout();
   place.Restore();
   setAutoScroll(true);

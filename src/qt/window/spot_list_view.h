@@ -1,10 +1,9 @@
-// The list of spots with its header. The program clears the list and sets it anew on every refresh; the
-// reader's place in it, scrolled and selected, stays as it is.
+// The list of spots with its header. The program sets the list anew on every refresh; the reader's place in
+// it, scrolled and selected, stays as it is.
 #pragma once
 
 #include <QLabel>
 #include <QListView>
-#include <QTimer>
 
 #include "controls/spot_list_box.h"
 #include "qt/window/spot_list_model.h"
@@ -30,15 +29,13 @@ class SpotListView final : public QListView {
  private:
   void AddActions();
   void TellChoice(const SpotListBox& control) const;
-  void TakeText(const SpotListBox& control);
-  void Show(const SpotListBox& control);
+  void Show(const ListContents& contents);
   void CopySelection() const;
   void PlaceHeader();
 
   SpotListModel model_;
   QWidget* headerArea_;
   QLabel* header_;
-  QTimer whenReallyEmpty_;
   bool refreshing_ = false;
 };
 

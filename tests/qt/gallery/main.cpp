@@ -41,12 +41,11 @@ std::shared_ptr<Spot> MakeSpot(int number) {
 }
 
 void Fill(Screen& screen) {
-  SpotCollection spots;
-  for (int number = 0; number < 200; ++number) spots.Add(MakeSpot(number), std::to_string(number));
+  SpotRows spots;
+  for (int number = 0; number < 200; ++number) spots.push_back(MakeSpot(number));
   screen.Window.Caption = "Brelwin";
   screen.Spots.lblSpotListHeader.Caption = SpotListHeader();
-  for (const auto& entry : spots) screen.Spots.txtSPOTList.Spots.push_back(entry.Item);
-  screen.Spots.txtSPOTList.Text = SpotListText(spots);
+  screen.Spots.txtSPOTList.Contents = spots;
   screen.Spots.lblUTCTime.Caption = "Current Time: 12:34 UTC";
   screen.Spots.lblStatus.Caption = "Sotawatch answered 200 OK";
   screen.Spots.lblSources.Caption = "Sotawatch: connected | Alerts: off | Reverse Beacon Network: off";
