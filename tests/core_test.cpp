@@ -3,6 +3,7 @@
 
 #include "core/data_files.h"
 #include "core/event_log.h"
+#include "core/websites.h"
 #include "test_host.h"
 
 namespace brelwin {
@@ -60,3 +61,15 @@ TEST(DataFiles, LoadsCallsignListsAsTheyAreWrittenByHand) {
 
 }  // namespace
 }  // namespace brelwin
+TEST(Websites, WhatLooksLikeAHostIsOpenedAsOne) {
+  TestHost host;
+  host.Disk.Put("my.notes", "");
+  for (const auto* asHost :
+       {"www.sota.org.uk", "sotl.as/summits?x=1", "sota.example.org:8443/a", "sota.de#top"})
+    EXPECT_EQ(AddressToOpen(host.World, asHost), std::string("https://") + asHost);
+  for (const auto* asItIs :
+       {"http://www.sota.org.uk", "mailto:a@b.org", "guide.PDF", "my.notes", "C:\\sota.org", "/srv/sota.org",
+        "./sota.org", "../sota.org", "summits", "1.5", "my summits.org", "sota.org:x", "", "https://"})
+    EXPECT_EQ(AddressToOpen(host.World, asItIs), asItIs);
+}
+

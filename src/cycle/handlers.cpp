@@ -99,6 +99,10 @@ void OpenSpotPage(MainWindow& window, const Spot& spot) {
   OpenDocument(window.World, address);
 }
 
+void OpenWebsite(MainWindow& window, const Website& website) {
+  OpenDocument(window.World, AddressToOpen(window.World, website.Address));
+}
+
 void ConnectDocuments(MainWindow& window) {
   auto& screen = window.Controls;
   screen.Spots.txtSPOTList.DoubleClick = [&window](const Spot& spot) {
@@ -109,7 +113,7 @@ void ConnectDocuments(MainWindow& window) {
   };
   screen.Files.lstWebsites.DoubleClick = [&window](std::size_t index) {
     Handler(window, [&window, index] {
-      if (index < window.Websites.size()) OpenDocument(window.World, window.Websites[index].Address);
+      if (index < window.Websites.size()) OpenWebsite(window, window.Websites[index]);
     })();
   };
 }
