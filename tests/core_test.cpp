@@ -54,6 +54,8 @@ TEST(DataFiles, LoadsCallsignListsAsTheyAreWrittenByHand) {
   host.Disk.Unreadable.insert("/LIST");
   EXPECT_FALSE(LoadCallsignList(host.World, "/list", true, true, list, error));
   EXPECT_EQ(error, "/list could not be read");
+  EXPECT_TRUE(
+      host.EventLog().ends_with(": LoadCallsignList Error, Number=5 Error=/list could not be read\r\n"));
   const auto before = host.Disk.Text("/list");
   EXPECT_FALSE(AppendCallsigns(host.World, "/list", {"D4D"}));
   EXPECT_EQ(host.Disk.Text("/list"), before);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <stdexcept>
 
 #include "base/encoding.h"
 #include "base/text.h"
@@ -30,13 +31,10 @@ void AddCallsignLines(std::string_view text, bool useBaseCallsign, bool keyed,
 }
 
 bool LoadFromFile(const Host& host, std::string_view path, bool useBaseCallsign, bool keyed,
-                  KeyedCollection<std::string>& collection, std::string& errorText) {
+                  KeyedCollection<std::string>& collection) {
   if (path.empty() || !host.Disk.Exists(path)) return false;
   const auto bytes = host.Disk.Read(path);
-  if (!bytes) {
-    errorText = std::string(path) + " could not be read";
-    return false;
-  }
+  if (!bytes) throw std::runtime_error(std::string(path) + " could not be read");
   AddCallsignLines(TextFromBytes(*bytes), useBaseCallsign, keyed, collection);
   return true;
 }
@@ -81,12 +79,14 @@ bool AppendToFile(Host& host, std::string_view fileName, std::string_view text, 
   return TrapErrors(write, false, [&](const RuntimeError& error) { errorText = error.Description; });
 }
 
-bool LoadCallsignList(const Host& host, std::string_view filePath, bool useBaseCallsign, bool keyed,
+bool LoadCallsignList(Host& host, std::string_view filePath, bool useBaseCallsign, bool keyed,
                       KeyedCollection<std::string>& collection, std::string& errorText) {
   errorText.clear();
-  return TrapErrors(
-      [&] { return LoadFromFile(host, Trim(filePath), useBaseCallsign, keyed, collection, errorText); },
-      false, [&](const RuntimeError& error) { errorText = error.Description; });
+  const auto load = [&] { return LoadFromFile(host, Trim(filePath), useBaseCallsign, keyed, collection); };
+  return TrapErrors(load, false, [&](const RuntimeError& error) {
+    errorText = error.Description;
+    LogEvent(host, "LoadCallsignList Error, Number=" + std::to_string(error.Number) + " Error=" + errorText);
+  });
 }
 
 bool AppendCallsigns(Host& host, std::string_view filePath, const std::vector<std::string>& callsigns) {

@@ -70,7 +70,6 @@ void ShowWindow(MainWindow& window) {
 void LoadList(MainWindow& window, std::string_view fileName, CallsignCollection& list) {
   std::string errorText;
   LoadCallsignList(window.World, InProgramFolder(window.World, fileName), true, true, list, errorText);
-  if (!errorText.empty()) LogEvent(window.World, "LoadCallsignList Error, Error=" + errorText);
 }
 
 void LoadWebsites(MainWindow& window) {

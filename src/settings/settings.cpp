@@ -86,7 +86,7 @@ void Settings::State::LoadFrom(const SettingsFile& file) {
 
 bool Settings::State::Save() {
   if (Path.empty()) return false;
-  if (CouldNotBeRead) return NotWritten("it could not be read when it was loaded");
+  if (CouldNotBeRead) return false;  // the load has said so
   auto file = ReadSettingsFile(World.Disk, Path);
   if (file.Is == SettingsFile::State::Unreadable) return NotWritten("it cannot be read");
   auto saved = Known;
