@@ -10,6 +10,7 @@
 #include "faulty_files.h"
 #include "file_properties.h"
 #include "platform/profile_text.h"
+#include "settings/box_warnings.h"
 #include "settings/settings.h"
 #include "settings/settings_table.h"
 #include "test_host.h"
@@ -18,6 +19,7 @@ namespace brelwin {
 namespace {
 
 constexpr const char* Path = "/brelwin/Brelwin.INI";
+const std::string FeedChosen = "[General]\nSotawatchSpotsViaRSS=1\n";  // a load has nothing to say of it
 
 // One run of the program, as far as the settings go.
 struct ProgramRun {
@@ -113,6 +115,36 @@ TEST(Settings, FallBackWhereTheFileHasNothingUseful) {
   EXPECT_FALSE(run.Controls.RBN.chkRBNFilterDuplicateSpots.Value);
 }
 
+TEST(Settings, TellOnceWhatAFileLeavesOpenOrLoses) {
+  test::TestHost host;
+  host.Disk.Put(Path, "[General]\nFilterStation=" + std::string(128, 'x') + "\nFilterMode=" +
+                          std::string(127, 'x') + "\n[ReverseBeaconNetwork]\nRBNCallsign=Q0ZZ\n");
+  ProgramRun run(host);
+  const auto notices = run.File.Notices();
+  ASSERT_EQ(notices.size(), 3U);
+  EXPECT_EQ(notices[0],
+            "[General] FilterStation is longer than 127 characters: only the first 127 are used.");
+  EXPECT_TRUE(notices[1].starts_with("The settings file has no key RBNSpotsEnabled: neither "));
+  EXPECT_TRUE(notices[2].starts_with(
+      "The settings file has no key SotawatchSpotsViaRSS: spots are read from the Twitter feed."));
+  EXPECT_TRUE(host.EventLog().ends_with(": LoadSettings - " + notices[2] + "\r\n"));
+  EXPECT_EQ(Lines(host.EventLog()), 3);
+
+  run.Controls.Spots.chkSOTAWatchSpotsViaRSS.Value = true;
+  EXPECT_EQ(run.File.Notices().size(), 2U);
+  run.Controls.Spots.chkSOTAWatchSpotsViaRSS.Value = false;
+  EXPECT_TRUE(run.File.SaveSettings());
+  EXPECT_EQ(run.File.Notices(), std::vector{notices[0]})
+      << "the file has every key, and still the long value";
+
+  const BoxWarnings warnings(run.Controls);
+  auto& box = run.Controls.Filters.txtFilterStation;
+  EXPECT_EQ(box.Warning.Get(), "");
+  box.Text = box.Text.Get() + "y";
+  EXPECT_TRUE(box.Warning.Get().starts_with("128 characters: ")) << box.Warning.Get();
+  EXPECT_TRUE(run.File.Notices().empty());
+}
+
 TEST(Settings, SavingLeavesAloneWhatTheScreenCannotShow) {
   const std::string longText(128, 'x');
   const std::pair<std::string, std::string> cases[] = {{"FilterStation", longText},
@@ -125,9 +157,10 @@ TEST(Settings, SavingLeavesAloneWhatTheScreenCannotShow) {
     test::TestHost host;
     host.Disk.Put(Path, "[" + section + "]\r\n" + key + "=" + stored + "\r\n");
     ProgramRun run(host);
+    const auto logged = host.EventLog().size();
     EXPECT_TRUE(run.File.SaveSettings());
     EXPECT_EQ(run.Stored(section, key), stored);
-    EXPECT_EQ(Lines(host.EventLog()), 1) << key;
+    EXPECT_EQ(Lines(run.LogSince(logged)), 1) << key;
 
     run.Controls.Filters.txtFilterStation.Text = "touched";
     run.Controls.Filters.optPlaySoundWhen.Value = 3;
@@ -135,13 +168,13 @@ TEST(Settings, SavingLeavesAloneWhatTheScreenCannotShow) {
     run.Controls.Gateway.txtSotawatchPassword.Text = "new";
     EXPECT_TRUE(run.File.SaveSettings());
     EXPECT_NE(run.Stored(section, key), stored);
-    EXPECT_EQ(Lines(host.EventLog()), 1) << key;
+    EXPECT_EQ(Lines(run.LogSince(logged)), 1) << key;
   }
 }
 
 TEST(Settings, SavingLeavesAloneWhatWasChangedInTheFileMeanwhile) {
   test::TestHost host;
-  host.Disk.Put(Path, "[General]\nFilterStation=a\nFilterBand=a\nFilterMode=a\n");
+  host.Disk.Put(Path, FeedChosen + "FilterStation=a\nFilterBand=a\nFilterMode=a\n");
   ProgramRun run(host);
   EXPECT_TRUE(run.File.SaveSettings());
   auto text = host.Disk.Text(Path);
@@ -187,7 +220,7 @@ TEST(Settings, PasswordsThatHaveNoStoredFormLeaveTheStoredOne) {
                                      "\x1E"
                                      "a"}) {
     test::TestHost host;
-    host.Disk.Put(Path, "[Gateway]\nSotawatchPassword=" + ShiftEncode("old", 2) + "\n");
+    host.Disk.Put(Path, FeedChosen + "[Gateway]\nSotawatchPassword=" + ShiftEncode("old", 2) + "\n");
     ProgramRun run(host);
     run.Controls.Gateway.txtSotawatchPassword.Text = password;
     EXPECT_TRUE(run.File.SaveSettings());
@@ -197,7 +230,7 @@ TEST(Settings, PasswordsThatHaveNoStoredFormLeaveTheStoredOne) {
 }
 
 TEST(Settings, APasswordFromTheEnvironmentIsNeverWritten) {
-  for (const std::string before : {"", "[Gateway]\nSotawatchPassword=qxh\n"}) {
+  for (const auto& before : {std::string(), FeedChosen + "[Gateway]\nSotawatchPassword=qxh\n"}) {
     test::TestHost host;
     if (!before.empty()) host.Disk.Put(Path, before);
     ProgramRun run(host, "secret");

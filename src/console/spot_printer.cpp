@@ -19,6 +19,7 @@ bool IsControl(char byte) {
 SpotPrinter::SpotPrinter(Screen& screen, PrintLine print) : screen_(screen), print_(std::move(print)) {
   PrintLines(screen_.Spots.lblSpotListHeader.Caption.Get());
   FollowCaption(screen_.Spots.lblSpotListHeader);
+  FollowCaption(screen_.Spots.lblSettingsNotice);
   FollowCaption(screen_.Spots.lblStatus);
   FollowCaption(screen_.RBN.lblRBNStatus);
   FollowCaption(screen_.RBN.lblUnmatchedSpot);

@@ -48,6 +48,7 @@ struct Label : Control {
 struct TextBox : Control {
   TextBox(ControlList& list, std::string_view name) : Control(name) { list.emplace_back(this); }
   Observable<std::string> Text;
+  Observable<std::string> Warning;  // what is wrong with the text, in words; empty when nothing is
   Signal SetFocus;
   std::function<void()> LostFocus;  // called by the skin when the user leaves the box; may be empty
 };

@@ -23,9 +23,11 @@ struct SpotsTab {
   Label lblNoSotawatchConnection{Controls, "lblNoSotawatchConnection", "No connection to Sotawatch"};
   Label lblNoConnectionToRBN{Controls, "lblNoConnectionToRBN", "No connection to Reverse Beacon Network"};
   Label lblUTCTime{Controls, "lblUTCTime"};
-  Label lblStatus{Controls, "lblStatus"};            // what the feed in use last answered, in words
-  Label lblSources{Controls, "lblSources"};          // what each source is doing and has brought
-  Label lblSpotDetails{Controls, "lblSpotDetails"};  // more about the selected spot
+  Label lblSpotsHidden{Controls, "lblSpotsHidden"};        // how many the filter hides for want of points
+  Label lblSettingsNotice{Controls, "lblSettingsNotice"};  // what the settings file leaves open or loses
+  Label lblStatus{Controls, "lblStatus"};                  // what the feed in use last answered, in words
+  Label lblSources{Controls, "lblSources"};                // what each source is doing and has brought
+  Label lblSpotDetails{Controls, "lblSpotDetails"};        // more about the selected spot
 };
 
 }  // namespace brelwin

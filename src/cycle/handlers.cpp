@@ -121,6 +121,7 @@ void ConnectDocuments(MainWindow& window) {
 void SwitchFeed(MainWindow& window) {
   window.TwitterSinceID.clear();
   window.Controls.Spots.lblNoConnectionToTwitter.Visible = false;
+  ShowSettingsNotice(window);
 }
 
 // Treats the newest spot of the list as newly received, with the test switches of the settings file.

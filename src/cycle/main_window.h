@@ -82,3 +82,4 @@ struct MainWindow {
 };
 
 }  // namespace brelwin
+  std::optional<BoxWarnings> Warnings;          // the same

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "cycle/source_status.h"
 #include "cycle/spot_list_display.h"
 #include "radio/numbers.h"
 #include "rbn/stream.h"
@@ -54,6 +55,7 @@ void txtMaximumSpotsInList_LostFocus(MainWindow& window) {
 void cmdSaveSettings_Click(MainWindow& window) {
   if (window.SettingsFile.SaveSettings()) {
     window.Controls.Spots.lblStatus.Caption = "Settings saved";
+    ShowSettingsNotice(window);
     ConnectWhenWanted(window);
   } else {
     Complain(window, "The settings could not be saved. The event log says why.");

@@ -59,6 +59,15 @@ void ShowSourceStatus(MainWindow& window) {
 }
 
 void ShowStreamStage(MainWindow& window) {
+  ShowHiddenSpots(window);
+  ShowSettingsNotice(window);
+}
+
+void ShowSettingsNotice(MainWindow& window) {
+  std::string text;
+  for (const auto& notice : window.SettingsFile.Notices())
+    text.append(text.empty() ? "" : LineEnd).append(notice);
+  window.Controls.Spots.lblSettingsNotice.Caption = text;
   auto stage = window.RBN.Status;
   stage.Lines = 0;  // this line is about the stage; the counts are on the status line
   stage.LastLine.reset();

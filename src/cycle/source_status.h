@@ -9,6 +9,9 @@ namespace brelwin {
 // it has brought.
 void ShowSourceStatus(MainWindow& window);
 
+// Says what the user should know of the settings file; nothing when that is mended.
+void ShowSettingsNotice(MainWindow& window);
+
 // Says what the stream has begun to do, and shows the status line anew.
 void ShowStreamStage(MainWindow& window);
 

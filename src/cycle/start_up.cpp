@@ -56,6 +56,11 @@ void KeepGatewayWords(MainWindow& window) {
       window.Controls.Gateway.lblGatewayState.Caption.WhenChanged([&window] { ShowSourceStatus(window); }));
 }
 
+void WarnOfTheFile(MainWindow& window) {
+  window.Warnings.emplace(window.Controls);
+  ShowSettingsNotice(window);
+}
+
 void ShowTitles(MainWindow& window) {
   ShowUTCTime(window);
   window.Controls.Window.Caption = WindowCaption(window.Controls.Gateway.chkRBNSendAllSpotsToSotawatch.Value);

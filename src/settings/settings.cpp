@@ -8,6 +8,7 @@
 #include "core/event_log.h"
 #include "core/trap.h"
 #include "platform/profile_text.h"
+#include "settings/file_notices.h"
 #include "settings/setting_value.h"
 
 namespace brelwin {
@@ -17,6 +18,11 @@ namespace {
 struct Remembered {
   std::optional<std::string> Stored;
   std::string Shown;
+};
+
+struct Notice {
+  std::size_t Row = 0;  // of the table
+  std::string Text;
 };
 
 struct SettingsFile {
@@ -46,11 +52,14 @@ struct Settings::State {
   std::string PasswordFromEnvironment;
   bool CouldNotBeRead = false;
   std::vector<Remembered> Known;  // one for each row of the table
+  std::vector<Notice> Notices;
 
   void Load(std::string_view path, std::string_view password);
   bool Save();
+  bool StillHolds(const Notice& notice) const;
 
  private:
+  void NoteNotices();
   void LoadFrom(const SettingsFile& file);
   void SaveRow(const SettingRow& row, std::string& text, Remembered& known) const;
   std::string_view ReasonToLeave(const SettingRow& row, const std::optional<std::string>& stored,
@@ -69,6 +78,7 @@ void Settings::State::Load(std::string_view path, std::string_view password) {
                  " could not be read. The settings are the built-in ones and are not saved in this run.");
   }
   LoadFrom(file);
+  if (file.Is == SettingsFile::State::Read) NoteNotices();
   if (!password.empty()) Holders.Controls.Gateway.txtSotawatchPassword.Text = PasswordFromEnvironment;
   for (std::size_t i = 0; i < Known.size(); ++i) Known[i].Shown = SettingText(SettingsTable()[i], Holders);
 }
@@ -82,6 +92,21 @@ void Settings::State::LoadFrom(const SettingsFile& file) {
     PutSetting(row, Holders, isLoaded ? stored.value_or("") : row.DesignValue);
     Known.push_back({stored, {}});
   }
+}
+
+void Settings::State::NoteNotices() {
+  for (std::size_t i = 0; i < Known.size(); ++i) {
+    auto text = NoticeOn(SettingsTable()[i], Known[i].Stored, Holders.Controls);
+    if (text.empty()) continue;
+    LogEvent(World, "LoadSettings - " + text);
+    Notices.push_back({i, std::move(text)});
+  }
+}
+
+bool Settings::State::StillHolds(const Notice& notice) const {
+  const auto& row = SettingsTable()[notice.Row];
+  const auto& known = Known[notice.Row];
+  return SettingText(row, Holders) == known.Shown && !NoticeOn(row, known.Stored, Holders.Controls).empty();
 }
 
 bool Settings::State::Save() {
@@ -134,7 +159,7 @@ bool Settings::State::NotWritten(const std::string& why) const {
 }
 
 Settings::Settings(Host& host, Screen& screen, Configuration& configuration)
-    : state_(new State{host, {host, screen, configuration}, {}, {}, false, {}}) {}
+    : state_(new State{host, {host, screen, configuration}, {}, {}, false, {}, {}}) {}
 
 Settings::~Settings() = default;
 
@@ -152,6 +177,14 @@ bool Settings::PrepareFile() {
 
 bool Settings::SaveSettings() {
   return LogErrors(state_->World, "SaveSettings", false, [&] { return state_->Save(); });
+}
+
+std::vector<std::string> Settings::Notices() {
+  auto& notices = state_->Notices;
+  std::erase_if(notices, [this](const Notice& notice) { return !state_->StillHolds(notice); });
+  std::vector<std::string> texts;
+  for (const auto& notice : notices) texts.push_back(notice.Text);
+  return texts;
 }
 
 }  // namespace brelwin

@@ -3,7 +3,9 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/screen.h"
 #include "platform/host.h"
@@ -30,6 +32,11 @@ class Settings {
   // differently since the load, or holds in a form that a box cannot represent, is left alone; each such key
   // is logged. False when the file could not be written.
   bool SaveSettings();
+
+  // What the user should know of the file that was loaded, a sentence each: keys that are missing and decide
+  // what is read, and values that were cut. A sentence goes for good when the user changes the setting or a
+  // save writes the key.
+  std::vector<std::string> Notices();
 
  private:
   struct State;

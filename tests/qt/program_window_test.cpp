@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
@@ -121,6 +122,19 @@ TEST_F(ProgramWindowTest, WhatIsTypedReachesTheControlBeforeItsHandler) {
   box.setFocus();
   QTest::keyClick(&box, Qt::Key_Return);
   EXPECT_EQ(seen.size(), 2u);
+}
+
+TEST_F(ProgramWindowTest, AWarningIsSeenAndReadInItsBox) {
+  auto& box = Get<QLineEdit>("txtFilterStation");
+  const auto tip = box.toolTip();
+  screen_.Filters.txtFilterStation.Warning = "too long";
+  ASSERT_EQ(box.actions().size(), 1);
+  EXPECT_TRUE(box.actions().first()->isVisible() && !box.actions().first()->icon().isNull());
+  EXPECT_EQ(box.accessibleDescription(), "too long");
+  EXPECT_EQ(box.toolTip(), "too long\n" + tip);
+  screen_.Filters.txtFilterStation.Warning = "";
+  EXPECT_FALSE(box.actions().first()->isVisible());
+  EXPECT_EQ(box.accessibleDescription() + box.toolTip(), tip);
 }
 
 // A message that the handler shows takes the focus too; that must not call the handler again.

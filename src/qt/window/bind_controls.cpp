@@ -11,6 +11,7 @@
 
 #include "base/text.h"
 #include "qt/ports/qt_text.h"
+#include "qt/window/box_warning.h"
 #include "qt/window/leave_watcher.h"
 #include "qt/window/spot_list_view.h"
 
@@ -62,6 +63,8 @@ void ControlBindings::Bind(TextBox& control) {
     const auto text = ToQString(control.Text.Get());
     if (edit->text() != text) edit->setText(text);
   });
+  Show(control.Warning,
+       [&control, warning = BoxWarning(*edit)]() mutable { warning.Show(ToQString(control.Warning.Get())); });
   QObject::connect(edit, &QLineEdit::textEdited, edit,
                    [&control](const QString& text) { control.Text = text.toStdString(); });
   WhenLeft(*edit, [&control] {

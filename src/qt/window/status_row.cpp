@@ -73,7 +73,8 @@ QWidget* MakeStatusRow() {
   auto* column = new QVBoxLayout(area);
   column->setSpacing(2);
   column->addLayout(MakeStateRow());
-  column->addWidget(MakeWords("lblSources"));
+  for (const char* name : {"lblSpotsHidden", "lblSources", "lblSettingsNotice"})
+    column->addWidget(MakeWords(name));
   return area;
 }
 
