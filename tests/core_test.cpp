@@ -61,8 +61,6 @@ TEST(DataFiles, LoadsCallsignListsAsTheyAreWrittenByHand) {
   EXPECT_EQ(host.Disk.Text("/list"), before);
 }
 
-}  // namespace
-}  // namespace brelwin
 TEST(Websites, WhatLooksLikeAHostIsOpenedAsOne) {
   TestHost host;
   host.Disk.Put("my.notes", "");
@@ -75,3 +73,5 @@ TEST(Websites, WhatLooksLikeAHostIsOpenedAsOne) {
     EXPECT_EQ(AddressToOpen(host.World, asItIs), asItIs);
 }
 
+}  // namespace
+}  // namespace brelwin

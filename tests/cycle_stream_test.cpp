@@ -88,6 +88,11 @@ TEST_F(StreamStory, AlertsAreRefreshedWhenDueAndAFailedRefreshIsTriedAtEveryChec
   EXPECT_TRUE(Disk.Exists("/brelwin/SOTAAlerts_202611241200.txt"));
   Queue.RunFor(minutes(30));
   EXPECT_TRUE(Disk.Exists("/brelwin/SOTAAlerts_202611241231.txt"));
+  auto& enabled = Window().RBN.chkReverseBeaconSpotsEnabled;
+  enabled.Value = false;
+  enabled.Click();
+  EXPECT_FALSE(Window().Spots.lblNoSotawatchConnection.Visible)
+      << "alerts that are not wanted are not missed";
 }
 
 TEST_F(StreamStory, TheStatusTellsWhyTheAlertsAreNotRead) {

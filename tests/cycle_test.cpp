@@ -131,6 +131,33 @@ TEST_F(Story, AnUnreachableFeedIsSaidOnceAndItsReturnToo) {
   Queue.RunFor(minutes(3));
   EXPECT_EQ(Stations(), (Names{"DL1XYZ", "G4ABC/P"}));
   EXPECT_EQ(SplitLines(EventLog()).size(), linesWhileAway + 1);
+  EXPECT_TRUE(Sound.Played.empty()) << "the first read that succeeds is the start";
+  Internet.AnswerAlways(FeedAddress, FeedText({Newest, Middle, Oldest}));
+  Queue.RunFor(seconds(31));
+  EXPECT_EQ(Sound.Played.size(), 1U);
+}
+
+TEST_F(Story, AnEmptyListSaysWhy) {
+  Settings("SecondsBetweenChecks=30\r\nFilterSpotDisplay=1\r\nFilterPoints=8\r\nFilterStation=G*\r\n");
+  Start();
+  auto& hidden = Window().Spots.lblSpotsHidden;
+  EXPECT_TRUE(hidden.Visible);
+  EXPECT_EQ(hidden.Caption.Get(), "1 spot hidden: its points are not known") << "the station hides the other";
+  Internet.AnswerAlways(
+      FeedAddress,
+      FeedText({FeedItemText("G4NEW on G/LD-001 @ 7.03 CW", PubDate("12:00:20")), Middle, Oldest}));
+  Queue.RunFor(seconds(31));
+  EXPECT_EQ(hidden.Caption.Get(), "2 spots hidden: their points are not known");
+  Window().Filters.txtFilterPoints.Text = "";
+  Queue.RunFor(seconds(31));
+  EXPECT_FALSE(hidden.Visible);
+
+  const auto old = FeedItemText("G4OLD on G/LD-001 @ 7.03 CW", "Mon, 23 Nov 2026 05:30:00 GMT");
+  Internet.AnswerAlways(FeedAddress, FeedText({old, Newest}));
+  Queue.RunFor(seconds(31));
+  const std::string age = "the feed's newest spot, on its top, is 30 hours old";
+  EXPECT_EQ(Window().Spots.lblStatus.Caption.Get(), "Connected to Sotawatch; " + age);
+  EXPECT_TRUE(Contains(Window().Spots.lblSources.Caption.Get(), " spots; " + age + " | "));
 }
 
 TEST_F(Story, AReloadThatFailsLeavesTheListAndOneThatWorksReplacesIt) {

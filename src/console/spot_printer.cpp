@@ -43,7 +43,7 @@ void SpotPrinter::FollowGateway() {
 void SpotPrinter::FollowLabels() {
   auto& spots = screen_.Spots;
   for (Label* label : {&spots.lblCheckingForSpots, &spots.lblNoConnectionToTwitter,
-                       &spots.lblNoSotawatchConnection, &spots.lblNoConnectionToRBN})
+                       &spots.lblNoSotawatchConnection, &spots.lblNoConnectionToRBN, &spots.lblSpotsHidden})
     watches_.push_back(label->Visible.WhenChanged([this, label] {
       if (label->Visible) PrintLines(label->Caption.Get());
     }));

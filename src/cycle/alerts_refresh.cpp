@@ -33,6 +33,7 @@ std::int32_t ReadAlertsPage(MainWindow& window) {
   const auto result =
       GetAlertsFromSotawatchHTMLPage(window.World, request, window.Alerts, window.KnownActivators, errorText);
   NoteFailure(window, errorText);
+  if (result == Success) window.Controls.Spots.lblNoSotawatchConnection.Visible = false;
   return result;
 }
 
@@ -65,7 +66,8 @@ void RefreshAlertsWhenDue(MainWindow& window, const SpotFilter& filter) {
   if (!HasPassed(window.LastAlertsRefreshTime, interval, window.World.Time.Now())) return;
   const bool succeeded = ReadAlertsPage(window) == Success;
   if (window.World.ShuttingDown && !succeeded) return;  // the page was not read: the reports stay as they are
-  window.Controls.Spots.lblNoSotawatchConnection.Visible = !succeeded;
+  window.Controls.Spots.lblNoSotawatchConnection.Visible =
+      !succeeded && window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value;
   if (succeeded) {
     window.LastAlertsRefreshTime = window.World.Time.Now();
     window.Commands.CarryOutWaiting(SceneOf(window, filter));

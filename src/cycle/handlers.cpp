@@ -158,9 +158,16 @@ void ConnectSettings(MainWindow& window) {
       Handler(window, [&window] { cmdPlayGatewaySound_Click(window.World, window.Controls.Gateway); });
 }
 
+// Alerts that are not wanted are not missed.
+void ForgetAlertsConnection(MainWindow& window) {
+  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value)
+    window.Controls.Spots.lblNoSotawatchConnection.Visible = false;
+}
+
 void ConnectStream(MainWindow& window) {
   auto& enabled = window.Controls.RBN.chkReverseBeaconSpotsEnabled;
   enabled.Click = BoxHandler(window, enabled, [&window] { chkReverseBeaconSpotsEnabled_Click(window.RBN); });
+  window.Watches.push_back(enabled.Value.WhenChanged([&window] { ForgetAlertsConnection(window); }));
   window.Watches.push_back(window.RBN.StatusChanged.WhenRaised([&window] { ShowStreamStage(window); }));
 }
 

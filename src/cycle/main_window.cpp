@@ -18,6 +18,7 @@ MainWindow::MainWindow(Host& host)
   Controls.Spots.lblNoConnectionToTwitter.Visible = false;
   Controls.Spots.lblNoSotawatchConnection.Visible = false;
   Controls.Spots.lblNoConnectionToRBN.Visible = false;
+  Controls.Spots.lblSpotsHidden.Visible = false;
 }
 
 }  // namespace brelwin

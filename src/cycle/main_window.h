@@ -18,6 +18,7 @@
 #include "platform/host.h"
 #include "rbn/connection.h"
 #include "rbn/recent_spots.h"
+#include "settings/box_warnings.h"
 #include "settings/configuration.h"
 #include "settings/settings.h"
 #include "spots/spot.h"
@@ -52,9 +53,14 @@ struct MainWindow {
   struct FeedState {
     std::string Text;
     std::optional<DateTime> Since;  // local
+    std::string Age;                // that its newest spot is too old, in words; else empty
     std::int64_t Spots = 0;
+    bool WasRead = false;  // once in this run
   };
   FeedState Sotawatch;
+
+  // Spots that the filter has kept out of the list since it was loaded, because their points are not known.
+  std::size_t SpotsHiddenForPoints = 0;
 
   // Why the alerts are not as the page has them now, and since when. Empty after a reading that succeeded.
   struct AlertsFailure {
@@ -79,7 +85,7 @@ struct MainWindow {
   CheckTimerDriver TickDriver;
   std::vector<Watch> Watches;
   std::optional<GatewayTabWords> GatewayWords;  // from when the settings have been loaded
+  std::optional<BoxWarnings> Warnings;          // the same
 };
 
 }  // namespace brelwin
-  std::optional<BoxWarnings> Warnings;          // the same

@@ -5,9 +5,9 @@
 
 #include "cycle/spot_details.h"
 #include "cycle/spot_list_display.h"
+#include "cycle/spot_outputs.h"
 #include "rbn/stream.h"
 #include "ui/alerting.h"
-#include "ui/spot_filtering.h"
 
 namespace brelwin {
 namespace {
@@ -21,8 +21,7 @@ void SendToSotawatch(MainWindow& window, const SpotCollection& heard) {
 
 void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filter) {
   SendToSotawatch(window, heard);
-  PerformDisplayFilteringAndSpotLogging(window.World, window.Controls.Logs, window.Config.LogRawSpots, filter,
-                                        heard);
+  FilterAndLog(window, filter, heard);
   heard.Reverse();  // spots come in the order of their lines; the list has the newest on top
   MergeIntoSpotList(window, heard);
   AlertOnNewSpots(window.World, heard, filter, window.SpotList, nullptr, &window.Controls.Window, false);

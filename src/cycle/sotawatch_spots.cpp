@@ -4,10 +4,10 @@
 #include "cycle/alerts_refresh.h"
 #include "cycle/source_status.h"
 #include "cycle/spot_list_display.h"
+#include "cycle/spot_outputs.h"
 #include "spots/spot_collections.h"
 #include "ui/alerting.h"
 #include "ui/filter_from_screen.h"
-#include "ui/spot_filtering.h"
 
 namespace brelwin {
 namespace {
@@ -21,8 +21,9 @@ void NoteFeedState(MainWindow& window, const SpotCollection& newSpots) {
   auto& state = window.Sotawatch;
   if (state.Text != window.Intake.StatusText()) state.Since = window.World.Time.LocalNow();
   state.Text = window.Intake.StatusText();
+  state.Age = window.Intake.AgeText();
   state.Spots += static_cast<std::int64_t>(newSpots.Count());
-  window.Controls.Spots.lblStatus.Caption = state.Text;
+  window.Controls.Spots.lblStatus.Caption = state.Age.empty() ? state.Text : state.Text + "; " + state.Age;
 }
 
 void ShowTwitterConnection(MainWindow& window, std::int32_t result) {
@@ -46,16 +47,14 @@ std::int32_t ReadFeed(MainWindow& window, const SpotFilter& filter, SpotCollecti
     ShowTwitterConnection(window, result);
   }
   NoteFeedState(window, newSpots);
+  if (result == Success) window.Sotawatch.WasRead = true;
   CarryOutAlertCommands(window, newSpots, filter);
   return result;
 }
 
-void FilterAndLog(MainWindow& window, SpotFilter& filter, SpotCollection& spots) {
-  PerformDisplayFilteringAndSpotLogging(window.World, window.Controls.Logs, window.Config.LogRawSpots, filter,
-                                        spots);
-}
-
+// What a start brings is heard only when the user wants that.
 void AlertOn(MainWindow& window, const SpotCollection& newSpots, SpotFilter& filter, bool atStartup) {
+  if (atStartup && !window.Controls.Filters.chkAlertSoundsOnStartup.Value) return;
   AlertOnNewSpots(window.World, newSpots, filter, window.SpotList, nullptr, &window.Controls.Window,
                   atStartup);
 }
@@ -74,11 +73,12 @@ void Reload(MainWindow& window) {
     return;
   }
   window.RecentSotawatchSpots = FirstSpots(newSpots, MaximumRecentSotawatchSpots);
+  window.SpotsHiddenForPoints = 0;
   FilterAndLog(window, filter, newSpots);
   window.SpotList = newSpots;
   TrimSpotList(window);
   DisplaySpotList(window, window.SpotList);
-  if (window.Controls.Filters.chkAlertSoundsOnStartup.Value) AlertOn(window, newSpots, filter, true);
+  AlertOn(window, newSpots, filter, true);
 }
 
 void EndReload(MainWindow& window) {
@@ -99,6 +99,7 @@ void ReloadSpotList(MainWindow& window) {
 }
 
 void TakeSotawatchSpots(MainWindow& window, SpotFilter& filter) {
+  const bool atStartup = !window.Sotawatch.WasRead;
   SpotCollection newSpots;
   ReadFeed(window, filter, newSpots);
   if (newSpots.Empty()) return;
@@ -107,7 +108,7 @@ void TakeSotawatchSpots(MainWindow& window, SpotFilter& filter) {
   MergeInFront(received, window.RecentSotawatchSpots);
   TrimCollection(MaximumRecentSotawatchSpots, window.RecentSotawatchSpots);
   MergeIntoSpotList(window, newSpots);
-  AlertOn(window, newSpots, filter, false);
+  AlertOn(window, newSpots, filter, atStartup);
 }
 
 }  // namespace brelwin

@@ -11,7 +11,8 @@ namespace brelwin {
 // Errors come through: the button swallows them, start-up shows them.
 void ReloadSpotList(MainWindow& window);
 
-// Reads what is new in the feed and puts it in front of the lists.
+// Reads what is new in the feed and puts it in front of the lists. Up to the first read of a run that
+// succeeded this is the start: its spots are no news, and heard only when the user wants sounds then.
 void TakeSotawatchSpots(MainWindow& window, SpotFilter& filter);
 
 }  // namespace brelwin

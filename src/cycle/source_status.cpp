@@ -4,6 +4,7 @@
 #include <string>
 
 #include "base/text.h"
+#include "cycle/spot_outputs.h"
 #include "radio/dates.h"
 
 namespace brelwin {
@@ -14,7 +15,9 @@ constexpr Milliseconds HalfASecond{500};  // to round
 std::string SotawatchText(const MainWindow& window) {
   const auto& state = window.Sotawatch;
   if (!state.Since) return "Sotawatch: not read yet";
-  return state.Text + " since " + ClockText(*state.Since) + ", " + std::to_string(state.Spots) + " spots";
+  const auto text =
+      state.Text + " since " + ClockText(*state.Since) + ", " + std::to_string(state.Spots) + " spots";
+  return state.Age.empty() ? text : text + "; " + state.Age;
 }
 
 // When the next check, and with it the next attempt at what failed in this one, is due.
@@ -56,9 +59,6 @@ void ShowSourceStatus(MainWindow& window) {
   window.Controls.Spots.lblSources.Caption = GatewayText(window.Controls.Gateway, window.Controls.RBN) +
                                              SotawatchText(window) + " | " + AlertsText(window) + " | " +
                                              StreamStatusText(window.RBN.Status, NextAttempt(window));
-}
-
-void ShowStreamStage(MainWindow& window) {
   ShowHiddenSpots(window);
   ShowSettingsNotice(window);
 }
@@ -68,6 +68,9 @@ void ShowSettingsNotice(MainWindow& window) {
   for (const auto& notice : window.SettingsFile.Notices())
     text.append(text.empty() ? "" : LineEnd).append(notice);
   window.Controls.Spots.lblSettingsNotice.Caption = text;
+}
+
+void ShowStreamStage(MainWindow& window) {
   auto stage = window.RBN.Status;
   stage.Lines = 0;  // this line is about the stage; the counts are on the status line
   stage.LastLine.reset();

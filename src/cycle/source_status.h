@@ -6,7 +6,7 @@
 namespace brelwin {
 
 // Says for Sotawatch, the alerts and the Reverse Beacon Network what each is doing, since when, and how much
-// it has brought.
+// it has brought. With it go the words on what the filter hides and on the settings file.
 void ShowSourceStatus(MainWindow& window);
 
 // Says what the user should know of the settings file; nothing when that is mended.

@@ -114,6 +114,7 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   Step(window, [&] { window.CheckInterval = TimerInterval(window); });
   Step(window, [&] { ShowWhatThereIs(window); });
   Step(window, [&] { KeepGatewayWords(window); });
+  Step(window, [&] { WarnOfTheFile(window); });
   Step(window, [&] { ShowTitles(window); });
   Step(window, [&] { ShowWindow(window); });
   Step(window, [&] { LoadWebsites(window); });

@@ -49,6 +49,7 @@ struct SpotIntake::State {
   Memory Remembered;
   std::optional<Memory> BeforeForget;
   std::string StatusText;
+  std::string AgeText;
   bool RSSIsOut = false;
   bool TwitterIsOut = false;
 };
@@ -68,6 +69,7 @@ FeedReadResult SpotIntake::State::ReadFeed(bool viaRSS, const URLTemplates& addr
 // failure changes between.
 void SpotIntake::State::NoteCondition(bool viaRSS, const FeedReadResult& result) {
   StatusText = result.StatusText;
+  AgeText = result.AgeText;
   const bool isOut = IsFailure(result.End);
   if (std::exchange(viaRSS ? RSSIsOut : TwitterIsOut, isOut) != isOut)
     LogEvent(World, "GetSotawatchSpots - " + StatusText);
@@ -140,6 +142,10 @@ void SpotIntake::Forget() {
 
 const std::string& SpotIntake::StatusText() const {
   return state_->StatusText;
+}
+
+const std::string& SpotIntake::AgeText() const {
+  return state_->AgeText;
 }
 
 }  // namespace brelwin

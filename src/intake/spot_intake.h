@@ -33,6 +33,9 @@ class SpotIntake {
   // What the feed last answered, in words for the status line; empty before the first read.
   const std::string& StatusText() const;
 
+  // That the newest spot of the feed is too old to be read, and how old; empty when it is not, as above.
+  const std::string& AgeText() const;
+
  private:
   struct State;
   std::unique_ptr<State> state_;

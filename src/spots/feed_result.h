@@ -28,6 +28,7 @@ struct FeedReadResult {
   std::string NewestID;  // of the newest item that was read; empty without one
   std::string ErrorText;
   std::string StatusText;  // what the server answered, in words for the status line
+  std::string AgeText;     // that the newest spot was too old to be read, in words; empty when it was not
   std::vector<std::string> LearnedActivators;
   std::vector<SkippedItem> SkippedItems;  // the first few
   std::size_t MoreSkippedItems = 0;       // beyond those

@@ -20,6 +20,10 @@ std::optional<DateTime> ReadPubDate(std::string_view rawPubDate) {
   return time && !IsTimeAlone(*time) ? time : std::nullopt;
 }
 
+std::string AgeOfTop(std::int64_t minutes) {
+  return "the feed's newest spot, on its top, is " + std::to_string(minutes / 60) + " hours old";
+}
+
 // Reads one item after the other until one says that all later ones need no reading.
 class ItemReader {
  public:
@@ -34,8 +38,11 @@ class ItemReader {
   // The reason to stop at this item; empty when reading goes on.
   std::optional<FeedEnd> Read(const RawFeedItem& raw) {
     const auto utc = ReadPubDate(raw.PubDate);
-    if (utc && MinutesBetween(*utc, utcNow_) > request_.MaximumAgeInMinutes) return FeedEnd::ReachedAgeLimit;
-
+    const auto age = utc ? MinutesBetween(*utc, utcNow_) : 0;
+    if (age > request_.MaximumAgeInMinutes) {
+      if (result_.NewestID.empty()) result_.AgeText = AgeOfTop(age);
+      return FeedEnd::ReachedAgeLimit;
+    }
     const auto title = DecodeFeedText(raw.Title);
     const auto made = MakeSpots(title, DecodeFeedText(raw.Description), utc);
     if (made.First == nullptr) {

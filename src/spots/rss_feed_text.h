@@ -19,9 +19,9 @@ struct RSSReadRequest {
 };
 
 // Adds the spots of the feed, newest first, to the collection and the activators it meets for the first time
-// to the known ones. Sets End, NewestID, LearnedActivators and SkippedItems of the result, which keep what
-// was found when an error ends the reading. `goesOn` is asked before each item; no ends the reading as if the
-// text had been cut there.
+// to the known ones. Sets End, NewestID, AgeText, LearnedActivators and SkippedItems of the result, which
+// keep what was found when an error ends the reading. `goesOn` is asked before each item; no ends the reading
+// as if the text had been cut there.
 void ReadFeedText(
     std::string_view text, const RSSReadRequest& request, const ReadingMoment& moment,
     CallsignCollection& knownActivators, SpotCollection& spots, FeedReadResult& result,

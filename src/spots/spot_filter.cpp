@@ -1,5 +1,8 @@
 #include "spots/spot_filter.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "core/trap.h"
 #include "radio/callsign.h"
 #include "radio/numbers.h"
@@ -7,6 +10,8 @@
 
 namespace brelwin {
 namespace {
+
+constexpr std::int16_t UnknownPoints = 0;  // every summit has some
 
 // The six lists of a filter, read once for all spots.
 struct Lists {
@@ -71,6 +76,16 @@ std::int32_t SpotFilter::GetFilteredSpots(Host& host, const SpotCollection& spot
     filtered = SpotsThatPass(*this, spots);
     return -1;
   });
+}
+
+std::size_t CountFailingForUnknownPoints(const SpotFilter& filter, const SpotCollection& spots) {
+  Lists others(filter);
+  const auto points = std::exchange(others.Points, FilterList(""));
+  if (ArePointsOn(points, UnknownPoints)) return 0;
+  const auto fails = [&](const auto& entry) {
+    return entry.Item->SummitPoints == UnknownPoints && PassesLists(others, *entry.Item);
+  };
+  return static_cast<std::size_t>(std::ranges::count_if(spots, fails));
 }
 
 bool MatchesFilterList(std::string_view list, std::string_view value) {

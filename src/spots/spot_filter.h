@@ -1,6 +1,7 @@
 // The user's filter and notification choices, and the match of a value against a user's comma list.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
 #include <string_view>
@@ -47,6 +48,9 @@ struct SpotFilter {
   // and for a run-time error, which is logged.
   std::int32_t GetFilteredSpots(Host& host, const SpotCollection& spots, SpotCollection& filtered) const;
 };
+
+// How many of the spots only the list of points lets fail, and only because their points are not known.
+std::size_t CountFailingForUnknownPoints(const SpotFilter& filter, const SpotCollection& spots);
 
 // Whether the value is on the comma list: an item is an exact value or, ending in "*", a prefix. Letter case
 // does not matter. An empty list matches everything, and so does an empty value: a spot that lacks the field

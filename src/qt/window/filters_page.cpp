@@ -17,7 +17,10 @@ namespace {
 constexpr TextRow FilterLists[] = {
     {"txtFilterStation", "St&ation", "Base callsigns of activators, such as W6*,K6ABC."},
     {"txtFilterSummitReference", "Summit &reference", "Summit references, such as W6/CT-001,G/LD*."},
-    {"txtFilterPoints", "P&oints", "Points of the summit, such as 8,10."},
+    {"txtFilterPoints", "P&oints",
+     "Points of the summit, such as 8,10. The RSS and Twitter feeds give no points and "
+     "skimmer spots have them only with an alert: add 0 to the list for spots without known points, or they "
+     "all fail."},
     {"txtFilterBand", "&Band", "Bands by their lower edge in MHz, such as 7,14,144."},
     {"txtFilterMode", "&Mode", "Modes, such as CW,SSB."},
     {"txtFilterSpotter", "Spo&tter", "Base callsigns of spotters, such as K6*,W1AW."},
