@@ -3,6 +3,7 @@
 
 #include "alerts/match_explanation.h"
 #include "alerts/matching.h"
+#include "base/text.h"
 #include "radio/dates.h"
 #include "test_host.h"
 
@@ -91,6 +92,25 @@ TEST_F(Matching, ItIsExplainedInWords) {
             "No match: the alert of G4ABC for 2026-11-24 10:00 UTC on G/LD-001 was cancelled by its "
             "activator.");
   EXPECT_TRUE(explain("19:00").starts_with("Matches"));
+}
+
+// A comment, the markers read in it, and the reference that alone lets in a spot four hours early.
+TEST_F(Matching, AReferenceReadAsAMarkerIsTold) {
+  for (const auto line :
+       Split("S-5 and S+3|\"S-5\" and \"S+3\"|\nafter GM/SS-064, here|\"S-064\" in \"GM/SS-064\"|GM/SS-064\n"
+             "ks-005|\"S-005\" in \"KS-005\"|KS-005\nhours-6|\"S-6\"|\nWS-0645|\"S-0645\"|\n"
+             "GM/SS-001|\"S-001\" in \"GM/SS-001\"|\nS+2 at W6/SS-000|\"S+2\"|\nQRP||",
+             "\n")) {
+    const auto parts = Split(line, "|");
+    SOTAAlert alert;
+    alert.Comment = parts[0];
+    SetAlertDateAndTime(alert, Time("14:00"));
+    alert.MaxMinutesBeforeAlertTime = WindowOfAlert({}, parts[0]).Window.MinutesBefore;
+    EXPECT_EQ(MarkersInWords(parts[0]), parts[1]);
+    EXPECT_EQ(ReferenceThatMatches(alert, Time("10:00"), 0, filter_), parts[2]) << line;
+    EXPECT_EQ(ReferenceThatMatches(alert, Time("13:00"), 0, filter_), "") << "it matches anyway";
+    EXPECT_EQ(ReferenceThatMatches(alert, Time("10:00"), 240, filter_), "") << "by an override";
+  }
 }
 
 }  // namespace

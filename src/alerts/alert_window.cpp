@@ -13,6 +13,10 @@
 namespace brelwin {
 namespace {
 
+constexpr std::string_view Before = "S-";
+constexpr std::string_view After = "S+";
+constexpr std::size_t LengthOfRegion = 2;  // "SS-064": two letters or digits, then three digits
+constexpr std::size_t LengthOfNumber = 3;
 constexpr std::size_t LongestProfileValue = 127;
 constexpr std::size_t MostDigits = 38;  // of a whole number that still fits a single
 
@@ -38,12 +42,29 @@ bool IsTooLarge(std::string_view digits) {
   return std::min(digits.find('.'), digits.size()) > MostDigits;
 }
 
-// The comment is in upper case. 0 without the marker.
-float NumberAfter(std::string_view comment, std::string_view marker) {
+// What follows the marker; empty without it. The comment is in upper case.
+std::string DigitsAfter(std::string_view comment, std::string_view marker) {
   const auto at = comment.find(marker);
-  if (at == std::string_view::npos) return 0;
-  const auto digits = DigitsAndPoints(comment.substr(at + marker.size()));
+  return at == std::string_view::npos ? std::string() : DigitsAndPoints(comment.substr(at + marker.size()));
+}
+
+float NumberAfter(std::string_view comment, std::string_view marker) {
+  const auto digits = DigitsAfter(comment, marker);
   return IsTooLarge(digits) ? std::numeric_limits<float>::max() : ToSingle(ToDouble(digits));
+}
+
+bool IsLetterOrDigit(char c) {
+  return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9');
+}
+
+// How many letters and digits end the text, or begin it.
+std::size_t CountAtEnd(std::string_view text) {
+  const auto other = std::find_if_not(text.rbegin(), text.rend(), IsLetterOrDigit);
+  return static_cast<std::size_t>(other - text.rbegin());
+}
+
+std::size_t CountAtBegin(std::string_view text) {
+  return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), IsLetterOrDigit) - text.begin());
 }
 
 std::int32_t MinutesOfHours(float hours) {
@@ -74,15 +95,44 @@ AlertWindow DurationOverrides::Of(std::string_view baseCallsign) const {
 AnnouncedWindow WindowOfAlert(const AlertWindow& override, std::string_view comment) {
   AnnouncedWindow window{override, override != AlertWindow()};
   const auto upper = UpperCase(comment);
-  if (const auto hours = NumberAfter(upper, "S-"); hours > 0) {
+  if (const auto hours = NumberAfter(upper, Before); hours > 0) {
     window.Window.MinutesBefore = MinutesOfHours(hours);
     window.IsCustom = true;
   }
-  if (const auto hours = NumberAfter(upper, "S+"); hours > 0) {
+  if (const auto hours = NumberAfter(upper, After); hours > 0) {
     window.Window.MinutesAfter = MinutesOfHours(hours);
     window.IsCustom = true;
   }
   return window;
+}
+
+std::string MarkersInWords(std::string_view comment) {
+  const auto upper = UpperCase(comment);
+  std::string words;
+  for (const std::string_view marker : {Before, After}) {
+    if (!(NumberAfter(upper, marker) > 0)) continue;
+    words.append(words.empty() ? "\"" : " and \"")
+        .append(marker)
+        .append(DigitsAfter(upper, marker))
+        .append("\"");
+    const auto reference = marker == Before ? ReferenceReadAsMarker(comment) : std::string();
+    if (!reference.empty()) words.append(" in \"").append(reference).append("\"");
+  }
+  return words;
+}
+
+std::string ReferenceReadAsMarker(std::string_view comment) {
+  const auto upper = UpperCase(comment);
+  const auto at = upper.find(Before);
+  if (at == std::string::npos) return {};
+  const auto hyphen = at + 1;
+  const auto number = CountAtBegin(std::string_view(upper).substr(hyphen + 1));
+  const auto region = CountAtEnd(std::string_view(upper).substr(0, hyphen));
+  if (region != LengthOfRegion || number != LengthOfNumber) return {};
+  auto begin = hyphen - region;
+  if (begin > 0 && upper[begin - 1] == '/')
+    begin -= 1 + CountAtEnd(std::string_view(upper).substr(0, begin - 1));
+  return upper.substr(begin, hyphen + 1 + number - begin);
 }
 
 }  // namespace brelwin

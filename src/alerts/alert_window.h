@@ -43,4 +43,12 @@ struct AnnouncedWindow {
 // "." up to the first other character, blanks left out, and is held at the largest when it is too large.
 AnnouncedWindow WindowOfAlert(const AlertWindow& override, std::string_view comment);
 
+// The markers that WindowOfAlert reads, in quotes and each with its number: "S-1.5" and "S+3". Of one that is
+// a part of a summit's reference the reference is told too. Empty when the comment opens no window.
+std::string MarkersInWords(std::string_view comment);
+
+// The text of the shape of a summit reference, "GM/SS-064" or "SS-064", of which the "S-" that WindowOfAlert
+// reads is a part, in capitals; empty when it stands by itself or is not there.
+std::string ReferenceReadAsMarker(std::string_view comment);
+
 }  // namespace brelwin

@@ -48,10 +48,12 @@ std::string NameOf(const SOTAAlert& alert) {
 }
 
 std::string WindowText(const Nearness& nearness) {
-  const bool isOwn =
-      nearness.Alert->MaxMinutesBeforeAlertTime > 0 || nearness.Alert->MaxMinutesAfterAlertTime > 0;
+  const auto& alert = *nearness.Alert;
+  const bool isOwn = alert.MaxMinutesBeforeAlertTime > 0 || alert.MaxMinutesAfterAlertTime > 0;
+  const auto markers = isOwn && !alert.IsSelfSpotAlert ? MarkersInWords(alert.Comment) : std::string();
   return "window " + Minutes(nearness.Window.MinutesBefore) + " before to " +
-         Minutes(nearness.Window.MinutesAfter) + " after" + (isOwn ? ", its own" : "");
+         Minutes(nearness.Window.MinutesAfter) + " after" + (isOwn ? ", its own" : "") +
+         (markers.empty() ? "" : " by " + markers);
 }
 
 std::string MatchedText(const Nearness& nearness, DateTime utc) {

@@ -65,6 +65,17 @@ AlertMatches MatchAlerts(std::string_view baseCallsign, DateTime utc, bool defau
   return matches;
 }
 
+std::string ReferenceThatMatches(const SOTAAlert& alert, DateTime utc, std::int32_t otherwiseBefore,
+                                 const SpotFilter& filter) {
+  if (alert.IsSelfSpotAlert) return {};  // its window is not read from its comment
+  const auto minutes = MinutesAfterAlert(alert, utc);
+  if (!minutes || MinutesOutside(EffectiveWindow(alert, filter), *minutes) > 0) return {};
+  auto otherwise = alert;
+  otherwise.MaxMinutesBeforeAlertTime = otherwiseBefore;
+  const bool matchesAnyway = MinutesOutside(EffectiveWindow(otherwise, filter), *minutes) == 0;
+  return matchesAnyway ? std::string() : ReferenceReadAsMarker(alert.Comment);
+}
+
 AlertMatches GetMatchedAlerts(Host& host, std::string_view baseCallsign, std::optional<DateTime> spotTime,
                               bool defaultWindowOnly, const AlertCollection& alerts,
                               const SpotFilter& filter) {

@@ -49,4 +49,10 @@ AlertPointer GetBestMatchedAlert(Host& host, std::string_view baseCallsign, std:
 AlertMatches MatchAlerts(std::string_view baseCallsign, DateTime utc, bool defaultWindowOnly,
                          const AlertCollection& alerts, const SpotFilter& filter);
 
+// The summit reference in the alert's comment whose "S-" alone makes a spot at `utc` match: without it the
+// window would begin `otherwiseBefore` minutes before the alert time or, where that is below 1, as the user's
+// does. Empty for a match that holds anyway, and for no match.
+std::string ReferenceThatMatches(const SOTAAlert& alert, DateTime utc, std::int32_t otherwiseBefore,
+                                 const SpotFilter& filter);
+
 }  // namespace brelwin
