@@ -29,7 +29,8 @@ struct GatewayOnDisk {
   SystemFiles Disk;
   test::GatewayStory Story;
   Host World = Story.WithFiles(Disk);
-  Gateway TheGateway{World, Story.Tab, Story.RBN, Story.Config, &Story.Recent, Story.Excluded, Story.Known};
+  Gateway TheGateway{World,          Story.Tab,     Story.RBN,   Story.Config, &Story.Recent,
+                     Story.Excluded, Story.Trusted, Story.Known, Story.Stalls};
 
   GatewayOnDisk() {
     World.ProgramFolder = Folder.In("");
@@ -87,7 +88,7 @@ void LineToPost(benchmark::State& state) {
     ParseReverseBeaconSpots(gateway.World,
                             "DX de KM3T-2-#:  14062.0  DL1ABC         CW    24 dB  22 WPM  CQ      1201Z\r\n",
                             filter, gateway.Story.Known, alerts, recent, heard, lines, text);
-    PerformGatewayProcessing(gateway.TheGateway, heard, gateway.Story.Values, text);
+    PerformGatewayProcessing(gateway.TheGateway, heard, gateway.Story.Time.Now(), gateway.Story.Values, text);
     if (posted < arrived) state.SkipWithError("nothing was posted");
     state.SetIterationTime(std::chrono::duration<double>(posted - arrived).count());
     gateway.EmptyFolder();
@@ -115,7 +116,8 @@ void RefuseDuplicates(benchmark::State& state) {
   const auto spots = gateway.MatchedSpots();
   std::string message;
   for (auto _ : state) {
-    PerformGatewayProcessing(gateway.TheGateway, spots, gateway.Story.Values, message);
+    PerformGatewayProcessing(gateway.TheGateway, spots, gateway.Story.Time.Now(), gateway.Story.Values,
+                             message);
     state.PauseTiming();
     if (!gateway.Story.Internet.Queries.empty())
       state.SkipWithError("not all were refused by the first check");
@@ -150,7 +152,7 @@ void Gates(benchmark::State& state) {
   const DupeAge age{gateway.Story.Time.Now(), 30};
   for (auto _ : state) {
     GatewayFacts facts;
-    facts.IsGatewaySpot = facts.SendsEveryone = true;
+    facts.IsGatewaySpot = facts.IsSwitchedOn = facts.HasLogin = facts.SendsEveryone = true;
     facts.InCurrentSpots = SearchCurrentSpots(&gateway.Story.Recent, *spot, age).Finding;
     facts.InFeed = SearchFeedSpots(gateway.Story.Recent, *spot, age).Finding;
     benchmark::DoNotOptimize(DecideGatewaySpot(facts));

@@ -164,6 +164,24 @@ TEST(GatewayCycle, GetSpotsNowDuringAWaitTakesSotawatchsSpotsAtOnce) {
   EXPECT_EQ(program.Posts("G4ABC"), 1U);
 }
 
+// The machine sleeps with a line waiting, which is shown. What is heard on the next connection is sent.
+TEST(GatewayCycle, AfterAStallWhatWaitedIsShownButNotSent) {
+  GatewayProgram program;
+  program.Sockets.Peer(program.LoggingIn().Sends(test::HeardLine, seconds(4)));
+  program.Brelwin.Start({}, "secret");
+  program.Queue.RunFor(seconds(5));
+  ASSERT_EQ(program.LinesWith("Begin processing"), 0U) << "the line waits for the next check";
+  program.Time.MoveTo(program.Time.Now() + std::chrono::minutes(5));
+  program.Queue.RunFor(Milliseconds(2500));
+  EXPECT_EQ(program.Posts("G4ABC"), 0U) << program.EventLog();
+  EXPECT_TRUE(Contains(program.ListText(), "G4ABC"));
+  EXPECT_EQ(program.LinesWith("The program stood still for 5 minutes."), 1U) << program.EventLog();
+  EXPECT_EQ(program.Tab().lstGatewayJournal.Items.Get().size(), 2U) << "what came meanwhile waited too";
+  EXPECT_EQ(program.Sockets.Tried.size(), 2U);
+  program.Queue.RunFor(seconds(20));
+  EXPECT_EQ(program.Posts("G4ABC"), 1U) << program.EventLog();
+}
+
 // The tick finds the login being tested, leaves the stream alone and takes it up at the next one.
 TEST(GatewayCycle, ALoginTestHoldsTheStreamBackAndLosesNothing) {
   GatewayProgram program;

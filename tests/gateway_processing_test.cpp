@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
+#include "gateway/exclusion.h"
 #include "gateway_story.h"
 #include "spots/spot_text.h"
 
@@ -95,6 +98,10 @@ TEST(GatewayProcessing, LooksAtTheFreshFeedBeforeItSends) {
       "RSS spots  - - - -";
   const std::string nearEvent =
       "Spot not submitted because the activator changed frequency by less than 1 kHz as per RSS spots.\n";
+  const std::string optOut =
+      " - - - The following spot not submitted because the activator opted out with NOTARNLINK/RBNN - - -";
+  const std::string optOutEvent =
+      "Spot not submitted because the activator opted out with NOTARNLINK/RBNN.\n";
   const std::vector<FeedCase> cases{
       {{{"G4ABC", "14.062", 3}}, duplicate, duplicateEvent},
       {{{"G4ABC", "7.032", 1}, {"G4ABC", "14.062", 3}}, duplicate, duplicateEvent},  // keys come first
@@ -102,6 +109,13 @@ TEST(GatewayProcessing, LooksAtTheFreshFeedBeforeItSends) {
       {{{"G4ABC", "14.0626", 30}}, near, nearEvent},
       {{{"G4ABC", "14.063", 3}}, "", Sent},
       {{{"G4ABC", "7.032", 3}, {"G4ABC", "14.0626", 5}}, "", Sent},
+      {{{"G4ABC", "7.032", 1}, {"EA/G4ABC", "7.032", 3, "no Tarnlink! Posted by G4ABC"}},
+       optOut,
+       optOutEvent},
+      {{{"G4ABC", "7.032", 1, "back again Posted by G4ABC"}, {"G4ABC", "7.032", 3, "RBNN Posted by G4ABC"}},
+       "",
+       Sent},
+      {{{"G4ABC", "7.032", 3, "RBNN, says Posted by G4XYZ"}}, "", Sent},
       {{}, "", "No spots received from Sotawatch via RSS, so can't do final dupe check.\n" + Sent},
   };
   for (const auto& [feed, preceding, event] : cases) {
@@ -182,6 +196,15 @@ TEST(GatewayProcessing, PassesOverWhomItDoesNotSend) {
             " - - - The following spot not submitted because activator is excluded from spotting - - -\r\n" +
                 LogLine(*excluded) + "\r\n" + Long + "\r\n");
 
+  ExcludeActivator(story.Excluded, "DL/PA3XYZ");
+  const auto abroad = story.SkimmerSpot("GW/PA3XYZ/P", "7.032");
+  const auto early = story.SkimmerSpot("HB9DEF", "7.031");
+  early->WindowReference = "GM/SS-064";
+  EXPECT_EQ(story.Process({abroad, early}), -1);
+  const auto& journal = story.Tab.lstGatewayJournal.Items.Get();
+  EXPECT_TRUE(journal[1].ends_with("not sent: the activator is excluded by DL/PA3XYZ")) << journal[1];
+  EXPECT_TRUE(journal[0].ends_with("only by the \"S-\" in \"GM/SS-064\" of the alert's comment"));
+
   story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false;
   story.Tab.chkRBNSendMySpotsToSotawatch.Value = true;
   story.RBN.txtRBNCallsign.Text = " q0zz/p ";
@@ -254,6 +277,47 @@ TEST(GatewayProcessing, LooksAtNothingUnlessEverythingIsThere) {
   EXPECT_EQ(corrected.RBN.txtDuplicateSpotFilteringPeriod.Text.Get(), "10");
   EXPECT_EQ(corrected.Process({corrected.SkimmerSpot("G4ABC", "14.062")}), -1);
   EXPECT_EQ(corrected.Process({}), 0);
+}
+
+// What is changed while the third of twenty spots waits, one of them the user's own; the journal's last word;
+// and how many spots are sent in all.
+using Change = std::tuple<void (*)(GatewayStory&), std::string, std::size_t>;
+
+TEST(GatewayProcessing, ObeysAtOnceWhileSpotsWait) {
+  const Change changes[] = {
+      {[](GatewayStory& story) { story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false; },
+       "the gateway was switched off meanwhile", 2},
+      {[](GatewayStory& story) { story.Tab.txtSotawatchPassword.Text = " "; },
+       "the login or the password was emptied meanwhile", 2},
+      {[](GatewayStory& story) {
+         story.Tab.chkRBNSendMySpotsToSotawatch.Value = true;
+         story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false;
+       },
+       "only spots of your own callsign are sent meanwhile", 3},
+      {[](GatewayStory& story) { story.Time.MoveTo(story.Time.Now() + std::chrono::minutes(3)); },
+       "the program stood still for some minutes after the spot may have been heard", 2}};
+  for (const auto& [change, words, sent] : changes) {
+    GatewayStory story;
+    story.Values.DelaySeconds = 10;
+    std::vector<SpotPointer> spots{story.SkimmerSpot("Q0ZZ", "7.031")};
+    for (char letter = 'A'; letter < 'T'; ++letter)
+      spots.push_back(story.SkimmerSpot("G4AB" + std::string(1, letter), "14.062"));
+    std::rotate(spots.begin(), spots.begin() + 1, spots.begin() + 10);
+    const auto begin = story.Time.Now();
+    std::optional<Instant> changed;
+    story.Queue.OnYield = [&, change = change] {
+      story.Stalls.Look(story.Time.Now());
+      if (changed || story.Time.Now() - begin < std::chrono::seconds(25)) return;
+      change(story);
+      changed = story.Time.Now();
+    };
+    EXPECT_EQ(story.Process(spots), -1);
+    EXPECT_EQ(story.Http.Requests.size(), sent) << words;
+    EXPECT_LE(story.Time.Now() - *changed, std::chrono::seconds(sent == 2 ? 1 : 11)) << words;
+    const auto& journal = story.Tab.lstGatewayJournal.Items.Get();
+    EXPECT_EQ(journal.size(), spots.size());
+    EXPECT_TRUE(journal[0].ends_with("not sent: " + words)) << journal[0];
+  }
 }
 
 TEST(GatewayProcessing, PutsEveryFailureIntoWordsAndGoesOn) {

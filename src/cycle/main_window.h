@@ -12,10 +12,12 @@
 #include "controls/screen.h"
 #include "core/websites.h"
 #include "cycle/check_timer.h"
+#include "cycle/heartbeat.h"
 #include "gateway/gateway_processing.h"
 #include "gateway/tab_rules.h"
 #include "intake/spot_intake.h"
 #include "platform/host.h"
+#include "platform/stall_watch.h"
 #include "rbn/connection.h"
 #include "rbn/recent_spots.h"
 #include "settings/box_warnings.h"
@@ -45,9 +47,11 @@ struct MainWindow {
   AlertCommands Commands;
   RBNConnection RBN{World, Config, RBNControls(Controls)};
   RecentRBNSpots RBNSpots;
-  Gateway SpotGateway{World,          Controls.Gateway,      Controls.RBN,
-                      Config,         &RecentSotawatchSpots, ExcludedActivators,
-                      KnownActivators};
+  StallWatch Stalls;
+  Heartbeat StallHeartbeat{World.Time, World.Events, Stalls};
+  Gateway SpotGateway{World,           Controls.Gateway,      Controls.RBN,
+                      Config,          &RecentSotawatchSpots, ExcludedActivators,
+                      TrustedSpotters, KnownActivators,       Stalls};
 
   // What the feed in use is doing: since when, and how many spots it has brought in this run.
   struct FeedState {

@@ -3,6 +3,7 @@
 #include <string>
 #include <vector>
 
+#include "core/event_log.h"
 #include "cycle/spot_details.h"
 #include "cycle/spot_list_display.h"
 #include "cycle/spot_outputs.h"
@@ -13,18 +14,36 @@ namespace brelwin {
 namespace {
 
 // The values are read afresh for every check.
-void SendToSotawatch(MainWindow& window, const SpotCollection& heard) {
+void SendToSotawatch(MainWindow& window, const SpotCollection& heard, Instant heardSince) {
   const auto values = GatewayValuesFromScreen(window.Controls.Gateway, window.World.Numbers);
   std::string message;
-  PerformGatewayProcessing(window.SpotGateway, heard, values, message);
+  PerformGatewayProcessing(window.SpotGateway, heard, heardSince, values, message);
 }
 
-void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filter) {
-  SendToSotawatch(window, heard);
+bool HasStalledSince(MainWindow& window, Instant moment) {
+  return window.Stalls.HasStalledSince(moment, window.World.Time.Now());
+}
+
+// What was refused as too old is sent when it is heard again.
+void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filter, Instant heardSince) {
+  SendToSotawatch(window, heard, heardSince);
+  if (HasStalledSince(window, heardSince)) {
+    for (const auto& entry : heard) window.RBNSpots.Forget(entry.Item->SpotKey);
+  }
   FilterAndLog(window, filter, heard);
   heard.Reverse();  // spots come in the order of their lines; the list has the newest on top
   MergeIntoSpotList(window, heard);
   AlertOnNewSpots(window.World, heard, filter, window.SpotList, nullptr, &window.Controls.Window, false);
+}
+
+// What such a connection brings may have been under way for as long as the program stood still.
+void CloseStalledConnection(MainWindow& window) {
+  LogEvent(window.World,
+           "TakeSkimmerSpots - The program stood still for " +
+               std::to_string(window.Stalls.LatestInMinutes()) +
+               " minutes. What the stream had brought by then is not sent, and the connection is renewed.");
+  std::string errorText;
+  CloseRBNConnection(window.RBN, errorText);
 }
 
 }  // namespace
@@ -35,13 +54,16 @@ void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
   if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return;
   CloseSilentConnection(window.RBN);
   const bool foundNoConnection = !window.RBN.Connected;
+  const auto heardSince = window.RBN.ConnectedAt;
   SpotCollection heard;
   std::vector<std::string> unmatched;
   const bool hasNewSpots = TakeRBNSpots(window.RBN, filter, window.KnownActivators, window.Alerts,
                                         window.RBNSpots, heard, unmatched);
   ShowUnmatchedStations(window, unmatched, filter);
-  if (hasNewSpots) HandleNewSpots(window, heard, filter);
-  if (foundNoConnection && !window.RBN.Connected) ConnectToRBN(window.RBN);
+  const bool hasStalled = window.RBN.Connected && HasStalledSince(window, window.RBN.ConnectedAt);
+  if (hasStalled) CloseStalledConnection(window);
+  if (hasNewSpots) HandleNewSpots(window, heard, filter, heardSince);
+  if ((foundNoConnection || hasStalled) && !window.RBN.Connected) ConnectToRBN(window.RBN);
 }
 
 }  // namespace brelwin

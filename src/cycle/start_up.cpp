@@ -12,6 +12,7 @@
 #include "cycle/sotawatch_spots.h"
 #include "cycle/source_status.h"
 #include "cycle/spot_list_display.h"
+#include "gateway/exclusion.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
 #include "rbn/stream.h"
@@ -77,6 +78,15 @@ void LoadList(MainWindow& window, std::string_view fileName, CallsignCollection&
   LoadCallsignList(window.World, InProgramFolder(window.World, fileName), true, true, list, errorText);
 }
 
+void LoadExcludedActivators(MainWindow& window) {
+  CallsignCollection entries;
+  std::string errorText;
+  const auto path = InProgramFolder(window.World, "SOTAExcludedActivators.txt");
+  LoadCallsignList(window.World, path, false, false, entries, errorText);
+  if (!errorText.empty()) LogEvent(window.World, "LoadCallsignList Error, Error=" + errorText);
+  for (const auto& entry : entries) ExcludeActivator(window.ExcludedActivators, entry.Item);
+}
+
 void LoadWebsites(MainWindow& window) {
   window.Websites = ReadWebsites(window.World, InProgramFolder(window.World, "SOTAWebsites.INI"));
   std::vector<std::string> names;
@@ -119,7 +129,7 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   Step(window, [&] { ShowWindow(window); });
   Step(window, [&] { LoadWebsites(window); });
   Step(window, [&] { LoadList(window, "SOTAActivators.txt", window.KnownActivators); });
-  Step(window, [&] { LoadList(window, "SOTAExcludedActivators.txt", window.ExcludedActivators); });
+  Step(window, [&] { LoadExcludedActivators(window); });
   Step(window, [&] { LoadList(window, "SOTATrustedSpotters.txt", window.TrustedSpotters); });
   Step(window, [&] {
     window.StartupDelaySeconds = ReadStartupDelay(commandLine, world.Numbers);

@@ -15,6 +15,7 @@ enum class DupeFinding : std::uint8_t {
   TooOld,         // the rest is older than a duplicate can be
   OtherBand,      // the station has changed bands since
   SameKey,        // the same station on the same frequency
+  OptedOut,       // the station has asked not to be sent
   NearFrequency,  // the same station and band, less than 1 kHz away
 };
 

@@ -12,8 +12,13 @@ constexpr GatewayVerdict Abort(GatewayReason reason) {
 
 std::optional<GatewayVerdict> DecideByStation(const GatewayFacts& facts) {
   if (!facts.IsGatewaySpot) return GatewayVerdict{GatewayDecision::PassOver, GatewayReason::NoGatewaySpot};
-  if (facts.IsExcluded) return Refuse(GatewayReason::ExcludedActivator);
-  if (!facts.SendsEveryone && !facts.IsOwnStation) return Refuse(GatewayReason::OtherStation);
+  if (facts.IsFromBeforeAStall) return Refuse(GatewayReason::StoodStill);
+  if (!facts.IsSwitchedOn) return Refuse(GatewayReason::SwitchedOff);
+  if (!facts.HasLogin) return Refuse(GatewayReason::NoLogin);
+  if (!facts.ExcludedBy.empty()) return Refuse(GatewayReason::ExcludedActivator);
+  if (!facts.SendsEveryone && !facts.IsOwnStation)
+    return Refuse(facts.WasForEveryone ? GatewayReason::NarrowedToOwn : GatewayReason::OtherStation);
+  if (!facts.WindowReference.empty()) return Refuse(GatewayReason::WindowOfReference);
   return {};
 }
 
@@ -27,6 +32,7 @@ std::optional<GatewayVerdict> DecideByCurrentSpots(const GatewayFacts& facts) {
 // An empty feed alone is no reason to hold a spot back: the first check has seen the spots that are held.
 std::optional<GatewayVerdict> DecideByFeed(const GatewayFacts& facts) {
   if (!facts.InFeed) return GatewayVerdict{GatewayDecision::LookAtFeed, GatewayReason::None};
+  if (*facts.InFeed == DupeFinding::OptedOut) return Refuse(GatewayReason::OptedOut);
   if (*facts.InFeed == DupeFinding::NoSpots && *facts.InCurrentSpots == DupeFinding::NoSpots)
     return Abort(GatewayReason::NoSpotsAnywhere);
   if (*facts.InFeed == DupeFinding::SameKey) return Refuse(GatewayReason::DuplicateInFeed);

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string>
 
 #include "gateway/duplicate_search.h"
 
@@ -11,9 +12,14 @@ namespace brelwin {
 
 struct GatewayFacts {
   bool IsGatewaySpot = false;
-  bool IsExcluded = false;
+  bool IsFromBeforeAStall = false;  // heard on a connection on which the program has stood still
+  bool IsSwitchedOn = false;
+  bool HasLogin = false;
+  std::string ExcludedBy;  // the entry of the list; empty: nobody is against it
   bool IsOwnStation = false;
   bool SendsEveryone = false;
+  bool WasForEveryone = false;                       // when the pass began
+  std::string WindowReference;                       // see Spot
   std::optional<DupeFinding> InCurrentSpots;         // empty: not looked yet
   std::optional<DupeFinding> InFeed;                 // empty: not looked yet
   std::optional<std::int64_t> SecondsSinceLastSent;  // of the same station; empty: never
@@ -25,10 +31,16 @@ enum class GatewayDecision : std::uint8_t { PassOver, LookAtCurrentSpots, LookAt
 enum class GatewayReason : std::uint8_t {
   None,
   NoGatewaySpot,
+  StoodStill,  // the program did, after the spot may have been heard
+  SwitchedOff,
+  NoLogin,
   ExcludedActivator,
   OtherStation,
-  NoCurrentSpots,  // there is no collection of them
+  NarrowedToOwn,      // another station, and the user has switched to his own after the pass began
+  WindowOfReference,  // it matches by a marker that is a part of a summit's reference
+  NoCurrentSpots,     // there is no collection of them
   DuplicateInCurrentSpots,
+  OptedOut,
   NoSpotsAnywhere,  // neither held nor in the feed: duplicates cannot be told
   DuplicateInFeed,
   NearFrequencyInFeed,

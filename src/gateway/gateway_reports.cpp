@@ -19,7 +19,27 @@ struct RefusalReport {
 };
 
 // The refusals that are reported alike: the spot alone in the gateway's log, and a line in the event log.
-constexpr std::array<RefusalReport, 4> RefusalReports{{
+constexpr std::array<RefusalReport, 10> RefusalReports{{
+    {GatewayReason::StoodStill,
+     " - - - The following spot not submitted because the program stood still after it was heard - - -",
+     "Spot not submitted because the program stood still after it may have been heard."},
+    {GatewayReason::SwitchedOff,
+     " - - - The following spot not submitted because the gateway was switched off meanwhile - - -",
+     "Spot not submitted because the gateway was switched off meanwhile."},
+    {GatewayReason::NoLogin,
+     " - - - The following spot not submitted because the login or the password was emptied meanwhile - - -",
+     "Spot not submitted because the login or the password was emptied meanwhile."},
+    {GatewayReason::NarrowedToOwn,
+     " - - - The following spot not submitted because only your own spots are sent since it was heard - - -",
+     "Spot not submitted because only spots of your own callsign are sent since it was heard."},
+    {GatewayReason::WindowOfReference,
+     " - - - The following spot not submitted because it matches by a summit reference in a comment only - - "
+     "-",
+     "Spot not submitted because only a summit reference in the alert's comment opens the window that it "
+     "matches: "},
+    {GatewayReason::OptedOut,
+     " - - - The following spot not submitted because the activator opted out with NOTARNLINK/RBNN - - -",
+     "Spot not submitted because the activator opted out with NOTARNLINK/RBNN."},
     {GatewayReason::ExcludedActivator,
      " - - - The following spot not submitted because activator is excluded from spotting - - -",
      "Activator is an excluded activator:"},
@@ -54,13 +74,17 @@ void ReportDuplicateInCurrentSpots(Host& host, const Spot& spot, const Spot& dup
   LogEvent(host, DelimitedLine(duplicate, "|"));
 }
 
+std::string DetailOf(const Spot& spot, GatewayReason reason) {
+  if (reason == GatewayReason::ExcludedActivator) return spot.stationBaseCallsign;
+  return reason == GatewayReason::WindowOfReference ? spot.WindowReference : std::string();
+}
+
 void ReportAlike(Host& host, const Spot& spot, const RefusalReport& report, const GatewayValues& values) {
   WriteGatewayLogEntry(host, {{spot, report.LogLinePreceeding, DashLine(LongSeparatorDashes)}});
   const bool isDupe =
       report.Reason == GatewayReason::DuplicateInFeed || report.Reason == GatewayReason::NearFrequencyInFeed;
   if (isDupe) PlayDupeSound(host, values);
-  const bool isExcluded = report.Reason == GatewayReason::ExcludedActivator;
-  LogGatewayEvent(host, std::string(report.Event) + (isExcluded ? spot.stationBaseCallsign : std::string()));
+  LogGatewayEvent(host, std::string(report.Event) + DetailOf(spot, report.Reason));
 }
 
 std::string BandChange(const Spot& from, const Spot& to) {
@@ -120,7 +144,18 @@ std::string RefusalInWords(GatewayReason reason, const GatewayFacts& facts, cons
   switch (reason) {
     case GatewayReason::None:
     case GatewayReason::NoGatewaySpot: return {};
-    case GatewayReason::ExcludedActivator: return "not sent: the activator is excluded";
+    case GatewayReason::StoodStill:
+      return "not sent: the program stood still for some minutes after the spot may have been heard";
+    case GatewayReason::SwitchedOff: return "not sent: the gateway was switched off meanwhile";
+    case GatewayReason::NoLogin: return "not sent: the login or the password was emptied meanwhile";
+    case GatewayReason::ExcludedActivator:
+      return "not sent: the activator is excluded by " + facts.ExcludedBy;
+    case GatewayReason::NarrowedToOwn: return "not sent: only spots of your own callsign are sent meanwhile";
+    case GatewayReason::WindowOfReference:
+      return "not sent: it matches only by the \"S-\" in \"" + facts.WindowReference +
+             "\" of the alert's comment";
+    case GatewayReason::OptedOut:
+      return "not sent: the activator opted out with NOTARNLINK/RBNN" + OtherInWords(search);
     case GatewayReason::OtherStation: return "not sent: only spots of your own callsign are sent";
     case GatewayReason::NoCurrentSpots:
     case GatewayReason::NoSpotsAnywhere:

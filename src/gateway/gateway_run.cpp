@@ -4,12 +4,12 @@
 #include <utility>
 
 #include "core/wave_file.h"
+#include "gateway/fresh_feed.h"
 #include "gateway/gateway_reports.h"
 #include "gateway/rbn_spot_submission.h"
 #include "gateway/spotlite_form.h"
 #include "platform/wait.h"
 #include "radio/dates.h"
-#include "spots/rss_feed_reader.h"
 
 namespace brelwin {
 namespace {
@@ -37,17 +37,18 @@ std::int32_t GatewayRun::ForAll(const std::vector<SpotPointer>& spots) {
 }
 
 GatewayRun::End GatewayRun::ForOne(const SpotPointer& spot) {
-  auto facts = FactsAbout(*spot);
-  if (DecideGatewaySpot(facts).Decision == GatewayDecision::PassOver) return {};
+  if (!IsGatewaySpot(*spot)) return {};
   if (const auto end = EndedByQuitting(*spot)) return end;
   ReportBegin(gateway_.World, *spot);
-  return Decide(spot, facts);
+  return Decide(spot);
 }
 
-GatewayRun::End GatewayRun::Decide(const SpotPointer& spot, GatewayFacts& facts) {
+// Every look may take its time, so the facts of the moment are taken anew before each step.
+GatewayRun::End GatewayRun::Decide(const SpotPointer& spot) {
   DupeSearch search;
+  GatewayFacts facts;
   while (true) {
-    facts.SecondsSinceLastSent = SecondsSinceLastSent(*spot);
+    facts = FactsAbout(*spot, facts);
     const auto verdict = DecideGatewaySpot(facts);
     switch (verdict.Decision) {
       case GatewayDecision::PassOver: return {};
@@ -56,12 +57,16 @@ GatewayRun::End GatewayRun::Decide(const SpotPointer& spot, GatewayFacts& facts)
         facts.InCurrentSpots = search.Finding;
         break;
       case GatewayDecision::LookAtFeed:
-        search = LookAtFeed(*spot);
+        if (const auto found = LookAtFeed(*spot)) {
+          search = *found;
+          facts.InFeed = search.Finding;
+        }
         if (const auto end = EndedByQuitting(*spot)) return end;
-        ReportSearchOfFeed(gateway_.World, search);
-        facts.InFeed = search.Finding;
         break;
-      case GatewayDecision::Send: return Send(spot);
+      case GatewayDecision::Send:
+        if (!gateway_.Transfer.SendInProgress()) return Send(spot);
+        if (const auto end = WaitForSendInProgress(*spot)) return end;
+        break;
       case GatewayDecision::Refuse:
       case GatewayDecision::Abort: return Refuse(*spot, verdict, facts, search);
     }
@@ -80,19 +85,18 @@ GatewayRun::End GatewayRun::Refuse(const Spot& spot, const GatewayVerdict& verdi
 }
 
 GatewayRun::End GatewayRun::Send(const SpotPointer& spot) {
-  if (const auto end = WaitForSendInProgress(*spot)) return end;
+  const auto sender = SenderFromScreen(gateway_.Tab, gateway_.RBN);
   LogGatewayEvent(gateway_.World, "About to call SendRBNSpotToSotawatch& to send the spot.");
   if (gateway_.Tab.chkGatewayDryRun.Value) {
-    PretendToPost(*spot);
+    PretendToPost(*spot, sender);
   } else {
-    Post(spot);
+    Post(spot, sender);
   }
   return IsEnding() ? End(PassedThrough) : End();
 }
 
 GatewayRun::End GatewayRun::WaitForSendInProgress(const Spot& spot) {
   const auto& transfer = gateway_.Transfer;
-  if (!transfer.SendInProgress()) return {};
   auto& host = gateway_.World;
   LogGatewayEvent(host, "There is already a gateway send in progresss. Waiting...");
   const auto deadline = host.Time.Now() + std::chrono::seconds(InternetTimeoutSeconds(gateway_.Settings));
@@ -120,12 +124,11 @@ bool GatewayRun::IsEnding() {
   return true;
 }
 
-GatewayFacts GatewayRun::FactsAbout(const Spot& spot) const {
-  GatewayFacts facts;
-  facts.IsGatewaySpot = IsGatewaySpot(spot);
-  facts.IsExcluded = gateway_.ExcludedActivators.Contains(spot.stationBaseCallsign);
-  facts.IsOwnStation = spot.stationBaseCallsign == sender_.OwnBaseCallsign;
-  facts.SendsEveryone = sender_.SendsEveryone;
+GatewayFacts GatewayRun::FactsAbout(const Spot& spot, const GatewayFacts& found) const {
+  auto facts = FactsOfNow(gateway_, spot, beginning_);
+  facts.InCurrentSpots = found.InCurrentSpots;
+  facts.InFeed = found.InFeed;
+  facts.SecondsSinceLastSent = SecondsSinceLastSent(spot);
   facts.MinimumSecondsBetweenSpots = values_.MinSecondsBetweenSpotsOfSameStation;
   return facts;
 }
@@ -144,40 +147,35 @@ DupeSearch GatewayRun::LookAtCurrentSpots(const Spot& spot) {
   return search;
 }
 
-DupeSearch GatewayRun::LookAtFeed(const Spot& spot) {
+std::optional<DupeSearch> GatewayRun::LookAtFeed(const Spot& spot) {
+  auto& host = gateway_.World;
   ShowJournal();
-  Delay();
-  if (gateway_.World.ShuttingDown) return {};
-  const auto feed = ReadFeed();
-  return SearchFeedSpots(feed, spot, {gateway_.World.Time.Now(), values_.MaxDupeAgeMinutes});
+  Delay(spot);
+  if (host.ShuttingDown || !MayGo(gateway_, spot, beginning_)) return {};
+  const auto feed = ReadFreshFeed(gateway_, values_.MaxDupeAgeMinutes);
+  if (host.ShuttingDown) return {};
+  auto search = SearchFeed(feed, spot, {host.Time.Now(), values_.MaxDupeAgeMinutes});
+  ReportSearchOfFeed(host, search);
+  return search;
 }
 
-void GatewayRun::Delay() {
+// A spot that may not go any more is not waited for.
+void GatewayRun::Delay(const Spot& spot) {
   if (values_.DelaySeconds <= 0) return;
   auto& host = gateway_.World;
   LogGatewayEvent(host, "Begin delay of " + std::to_string(values_.DelaySeconds) +
                             " seconds before final dupe check using RSS");
   const auto end = host.Time.Now() + std::chrono::seconds(values_.DelaySeconds);
   if (WaitUntil(
-          host, [] { return false; }, end) == WaitResult::TimedOut)
+          host, [&] { return !MayGo(gateway_, spot, beginning_); }, end) == WaitResult::TimedOut)
     LogGatewayEvent(host, "End delay before final dupe check using RSS");
 }
 
-SpotCollection GatewayRun::ReadFeed() {
-  SpotCollection feed;
-  RSSReadRequest request;
-  request.Url = gateway_.Settings.Addresses.SotawatchRSS;
-  request.MaximumAgeInMinutes = values_.MaxDupeAgeMinutes;
-  request.KeyByStationAndFrequency = true;
-  ReadSotawatchRSS(gateway_.World, request, gateway_.KnownActivators, feed);
-  return feed;
-}
-
-void GatewayRun::Post(const SpotPointer& spot) {
+void GatewayRun::Post(const SpotPointer& spot, const GatewaySender& sender) {
   message_.clear();
   const auto result =
-      SendRBNSpotToSotawatch(gateway_.World, gateway_.Transfer, gateway_.Settings, sender_.Login,
-                             sender_.Password, sender_.CommentTemplate, spot.get());
+      SendRBNSpotToSotawatch(gateway_.World, gateway_.Transfer, gateway_.Settings, sender.Login,
+                             sender.Password, sender.CommentTemplate, spot.get());
   LogGatewayEvent(gateway_.World, "SendRBNSpotToSotawatch& returned status " + std::to_string(result.Status));
   if (result.Status == StatusAccepted) {
     NoteSent(*spot);
@@ -187,10 +185,10 @@ void GatewayRun::Post(const SpotPointer& spot) {
   Note(*spot, SubmissionInWords(result, *spot));
 }
 
-void GatewayRun::PretendToPost(const Spot& spot) {
+void GatewayRun::PretendToPost(const Spot& spot, const GatewaySender& sender) {
   auto copy = spot;
-  copy.Comment = GatewaySpotComment(sender_.CommentTemplate, spot);
-  auto check = CheckSpotliteForm(sender_.Login, sender_.Password, copy);
+  copy.Comment = GatewaySpotComment(sender.CommentTemplate, spot);
+  auto check = CheckSpotliteForm(sender.Login, sender.Password, copy);
   check.Form.Password = "(hidden)";
   const auto words = check.Refusal == FormRefusal::None
                          ? "would have been sent: " + SpotliteFormBody(check.Form)

@@ -42,7 +42,9 @@ class LineFacts final : public SpotFacts {
   const std::string& DuplicateKeyText();
   float FrequencyInMhz();
 
-  AlertPointer Alert;  // the one that the spot matches, set by whoever looks for it
+  // Set by whoever looks for alerts.
+  AlertPointer Alert;           // the one that the spot matches
+  std::string WindowReference;  // see Spot
 
  private:
   const LineSurroundings& surroundings_;

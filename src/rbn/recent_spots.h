@@ -20,6 +20,8 @@ class RecentRBNSpots {
   // A key that is remembered keeps its time.
   void Remember(std::string_view duplicateKey, Instant now) { heardAt_.Add(now, duplicateKey); }
 
+  void Forget(std::string_view duplicateKey) { heardAt_.Remove(duplicateKey); }
+
   std::size_t Count() const { return heardAt_.Count(); }
 
  private:

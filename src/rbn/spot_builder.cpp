@@ -34,9 +34,11 @@ void TakeFrequency(Spot& spot, SpotLine& line, LineFacts& facts, NumberFormat fo
   spot.SpotKey = facts.DuplicateKeyText();
 }
 
-void TakeAlert(Spot& spot, const AlertPointer& alert) {
+void TakeAlert(Spot& spot, const LineFacts& facts) {
+  const auto& alert = facts.Alert;
   if (alert == nullptr) return;
   spot.IsMatchedToAlert = true;
+  spot.WindowReference = facts.WindowReference;
   spot.SummitDesignator = alert->SummitDesignator;
   spot.SummitName = alert->SummitName;
   spot.SummitPoints = alert->SummitPoints;
@@ -69,7 +71,7 @@ SpotPointer BuildRBNSpot(SpotLine& line, LineFacts& facts, const LineReceipt& re
   spot.Spot = line.Text() + " ---- <" + std::to_string(receipt.PieceNumber) + ">";
   TakeStations(spot, line, facts);
   TakeFrequency(spot, line, facts, format);
-  TakeAlert(spot, facts.Alert);
+  TakeAlert(spot, facts);
   TakeSignal(spot, line, format);
   spot.ID = spot.UTCTime + std::to_string(receipt.RunningNumber) + spot.Station + spot.Spotter;
   return built;

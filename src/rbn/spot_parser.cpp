@@ -3,6 +3,7 @@
 #include <optional>
 #include <utility>
 
+#include "alerts/alert_window.h"
 #include "alerts/matching.h"
 #include "base/text.h"
 #include "core/trap.h"
@@ -47,6 +48,7 @@ class Block {
  private:
   void TakeLine(std::string_view line, std::size_t pieceNumber, std::int32_t runningNumber);
   void MatchToAlerts(LineFacts& facts);
+  void NoteWindow(LineFacts& facts);
   void NoteUnmatched(std::string_view station);
   void LogMiss(std::int32_t numberOfAlerts);
   void Keep(LineFacts& facts, std::size_t pieceNumber, std::int32_t runningNumber);
@@ -90,9 +92,17 @@ void Block::MatchToAlerts(LineFacts& facts) {
   std::int32_t numberOfAlerts = 0;
   facts.Alert = GetBestMatchedAlert(host_, facts.StationBaseCallsign(), utcNow_, surroundings_.Alerts,
                                     filter_, numberOfAlerts);
-  if (facts.Alert != nullptr) return;
+  if (facts.Alert != nullptr) return NoteWindow(facts);
   if (numberOfAlerts > 0) LogMiss(numberOfAlerts);
   NoteUnmatched(facts.StationBaseCallsign());
+}
+
+// The overrides are in a file, so they are asked for only where they matter.
+void Block::NoteWindow(LineFacts& facts) {
+  const auto& alert = *facts.Alert;
+  if (ReferenceReadAsMarker(alert.Comment).empty()) return;
+  const auto own = DurationOverrides::Load(host_).Of(alert.stationBaseCallsign);
+  facts.WindowReference = ReferenceThatMatches(alert, *utcNow_, own.MinutesBefore, filter_);
 }
 
 void Block::NoteUnmatched(std::string_view station) {

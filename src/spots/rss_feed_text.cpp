@@ -66,6 +66,7 @@ class ItemReader {
 
   void Add(const SpotPointer& spot) {
     if (spot == nullptr) return;
+    if (request_.All != nullptr) request_.All->push_back(spot);
     AddObjectToCollection(spot,
                           request_.KeyByStationAndFrequency
                               ? DuplicateKey(spot->stationBaseCallsign, spot->FrequencyInMhz)

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "spots/feed_result.h"
 #include "spots/spot_maker.h"
@@ -15,7 +16,8 @@ struct RSSReadRequest {
   std::string Url;               // never empty: the built-in address is configuration
   std::string PreviousNewestID;  // of the newest item of the previous read, or empty
   std::int64_t MaximumAgeInMinutes = 0;
-  bool KeyByStationAndFrequency = false;  // else spots are keyed by their ID
+  bool KeyByStationAndFrequency = false;    // else spots are keyed by their ID
+  std::vector<SpotPointer>* All = nullptr;  // gets every spot, also one whose key is there already
 };
 
 // Adds the spots of the feed, newest first, to the collection and the activators it meets for the first time

@@ -51,6 +51,7 @@ struct Spot {  // NOLINT(clang-analyzer-optin.performance.Padding): users know t
   std::int16_t SummitPoints = 0;
   std::optional<DateTime> UTCDateTime;
   std::string UTCTime;                // "HH:MM"
+  std::string WindowReference;        // in the alert's comment: only the "S-" in it makes the spot match
   std::optional<Instant> TimeOfSpot;  // UTCDateTime on the clock that does not jump; never after the reading
 
   // Copies all fields of the source; a null pointer changes nothing.

@@ -57,6 +57,7 @@ struct ListedSpot {
   std::string Station;
   std::string Frequency;  // MHz
   int MinutesAgo = 0;
+  std::string Description = "CQ Posted by G4XYZ";
 };
 
 struct GatewayStory : TestHost {
@@ -66,7 +67,9 @@ struct GatewayStory : TestHost {
   SpotCollection Recent;
   CallsignCollection Excluded;
   CallsignCollection Known;
-  Gateway TheGateway{World, Tab, RBN, Config, &Recent, Excluded, Known};
+  CallsignCollection Trusted;
+  StallWatch Stalls;
+  Gateway TheGateway{World, Tab, RBN, Config, &Recent, Excluded, Trusted, Known, Stalls};
   GatewayValues Values;
   std::string Message;
 
@@ -127,7 +130,7 @@ struct GatewayStory : TestHost {
   std::int32_t Process(const std::vector<SpotPointer>& spots) {
     SpotCollection matched;
     for (const auto& spot : spots) matched.Add(spot, spot->ID);
-    return PerformGatewayProcessing(TheGateway, matched, Values, Message);
+    return PerformGatewayProcessing(TheGateway, matched, Time.Now(), Values, Message);
   }
 
   std::size_t Posts(const std::string& station) const { return PostsOf(Http, station); }
@@ -150,7 +153,7 @@ struct GatewayStory : TestHost {
   std::string ItemText(const ListedSpot& item) const {
     const auto time = AddMinutes(Time.LocalNow(), -item.MinutesAgo);
     return FeedItemText(item.Station + " ON G/LD-001 at " + item.Frequency + " CW",
-                        "Tue, " + DateTimeText(time) + " GMT");
+                        "Tue, " + DateTimeText(time) + " GMT", item.Description);
   }
 };
 

@@ -1,0 +1,45 @@
+#include "gateway/fresh_feed.h"
+
+#include <algorithm>
+
+#include "alerts/alert_commands.h"
+#include "alerts/withdrawal.h"
+#include "radio/callsign.h"
+#include "spots/rss_feed_reader.h"
+
+namespace brelwin {
+namespace {
+
+// The spotter is the station itself, if by another form of its callsign, or is trusted.
+bool SpeaksForStation(const Spot& held, const Spot& spot) {
+  if (!MayBeSameStation(held.Station, spot.Station)) return false;
+  auto word = held;
+  word.IsSelfSpot = held.IsSelfSpot || MayBeSameStation(held.Spotter, held.Station);
+  return IsAlertCommand(word);
+}
+
+}  // namespace
+
+FreshFeed ReadFreshFeed(Gateway& gateway, std::int32_t maximumAgeInMinutes) {
+  FreshFeed feed;
+  RSSReadRequest request;
+  request.Url = gateway.Settings.Addresses.SotawatchRSS;
+  request.MaximumAgeInMinutes = maximumAgeInMinutes;
+  request.KeyByStationAndFrequency = true;
+  request.All = &feed.All;
+  ReadSotawatchRSS(gateway.World, request, gateway.KnownActivators, feed.ByKey);
+  for (const auto& spot : feed.All)
+    spot->SpotterIsTrustedSpotter = gateway.TrustedSpotters.Contains(spot->SpotterBaseCallsign);
+  return feed;
+}
+
+DupeSearch SearchFeed(const FreshFeed& feed, const Spot& spot, DupeAge age) {
+  const auto speaks = [&](const SpotPointer& held) { return SpeaksForStation(*held, spot); };
+  const auto optOut = std::ranges::find_if(
+      feed.All, [&](const auto& held) { return HoldsOptOutWord(held->Comment) && speaks(held); });
+  if (optOut != feed.All.end() && std::none_of(feed.All.begin(), optOut, speaks))
+    return {DupeFinding::OptedOut, *optOut};
+  return SearchFeedSpots(feed.ByKey, spot, age);
+}
+
+}  // namespace brelwin
