@@ -22,7 +22,7 @@ constexpr std::int64_t Minute = 60;
 constexpr std::int64_t Hour = 60 * Minute;
 constexpr std::int64_t DaysAhead = 3;
 
-constexpr std::array<string_view, 14> Remarks{
+constexpr std::array<string_view, 15> Remarks{
     "CW first, then SSB if there is time",
     "",
     "start may be late S+2",
@@ -37,6 +37,7 @@ constexpr std::array<string_view, 14> Remarks{
     "Family walk, short activation",
     "S2S very welcome",
     "time is +/- 30 minutes",
+    "yesterday GM/SS-064, today here",
 };
 
 string MegahertzAndMode(const ScriptedSpot& spot) {

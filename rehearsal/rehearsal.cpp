@@ -1,8 +1,11 @@
 #include "rehearsal.h"
 
 #include <fstream>
+#include <optional>
 
+#include "controls/screen.h"
 #include "cycle/program.h"
+#include "disturbances.h"
 #include "rehearsal_folder.h"
 #include "rehearsed_stream.h"
 #include "rehearsed_web.h"
@@ -55,10 +58,13 @@ class Stage {
   void Put(const std::string& name, const std::string& text) { host_.Disk.Put("/brelwin/" + name, text); }
   std::string Text(const std::string& name) const { return host_.Disk.Text("/brelwin/" + name); }
 
-  void Play(double hours) {
+  void Play(const Plan& plan) {
     brelwin::Program program(world_);
     program.Start({}, Password);
-    host_.Queue.RunFor(Milliseconds(static_cast<std::int64_t>(hours * 3'600'000)));
+    std::optional<Disturbances> disturbances;
+    if (plan.HasFaults)
+      disturbances.emplace(host_.Queue, host_.Time, program.Controls().Gateway, ledger_, plan.Seed);
+    host_.Queue.RunFor(Milliseconds(static_cast<std::int64_t>(plan.Hours * 3'600'000)));
     program.Quit();
   }
 
@@ -88,7 +94,7 @@ void Rehearse(const Plan& plan, const std::filesystem::path& folder) {
     stage.Put(name, text);
     Save(folder / name, text);
   }
-  stage.Play(plan.Hours);
+  stage.Play(plan);
   Save(folder / "BrelwinEventLog.txt", stage.Text("BrelwinEventLog.txt"));
   Save(folder / "GatewaySpotLog.txt", stage.Text("GatewaySpotLog.txt"));
 }

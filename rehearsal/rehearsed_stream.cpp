@@ -1,5 +1,6 @@
 #include "rehearsed_stream.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -12,11 +13,24 @@ using brelwin::SocketState;
 constexpr std::size_t SpotsInTheAir = 60;
 constexpr std::int64_t Minute = 60'000;
 constexpr int LinesOfABurst = 6;
+constexpr int LinesOfAnOptOut = 20;
+constexpr std::int64_t MostSecondsToOptOut = 10;
 constexpr int LinesOfAFate = 40;  // so long, about, does a troubled connection stay as it is
 
 constexpr std::array<Fate, 11> Fates{Fate::None,    Fate::Refused, Fate::Refused, Fate::NoPrompt,
                                      Fate::Cut,     Fate::Cut,     Fate::Reset,   Fate::Stall,
                                      Fate::Garbage, Fate::Half,    Fate::Half};
+
+// The longest piece between slashes.
+std::string CallsignOf(const std::string& station) {
+  std::string longest;
+  for (std::size_t begin = 0; begin < station.size();) {
+    const auto end = std::min(station.find('/', begin), station.size());
+    if (end - begin > longest.size()) longest = station.substr(begin, end - begin);
+    begin = end + 1;
+  }
+  return longest;
+}
 
 }  // namespace
 
@@ -74,11 +88,26 @@ void RehearsedStream::Ended(const RehearsedSocket& socket, std::string_view how)
 // Mostly one line at a time, now and then several at once.
 void RehearsedStream::Tick() {
   const auto lines = random_.OneIn(10) ? random_.Between(2, LinesOfABurst) : 1;
-  for (auto i = lines; i > 0; --i)
-    Broadcast(skimmers_.NextLine(feed_.OnTheAir(clock_.UTCSeconds(), SpotsInTheAir), clock_.UTCSeconds()));
+  for (auto i = lines; i > 0; --i) {
+    const auto onTheAir = feed_.OnTheAir(clock_.UTCSeconds(), SpotsInTheAir);
+    const auto line = skimmers_.NextLine(onTheAir, clock_.UTCSeconds());
+    Broadcast(line);
+    if (plan_.HasFaults && random_.OneIn(LinesOfAnOptOut)) OptOut(line, onTheAir);
+  }
   const auto usual = std::int64_t{3'600'000} / plan_.LinesAnHour;
   tick_ =
       queue_.CallAfter(Milliseconds(random_.Between(1, 2 * usual) * (lines > 1 ? 2 : 1)), [this] { Tick(); });
+}
+
+// Whoever is heard may ask, while that waits to be posted, not to be.
+void RehearsedStream::OptOut(const std::string& line, const std::vector<practice::PublishedSpot>& onTheAir) {
+  for (const auto& [moment, spot] : onTheAir) {
+    if (line.find(" " + spot.Station + " ") == std::string::npos) continue;
+    auto word = spot;
+    word.Comment = "no Tarnlink please";
+    word.Spotter = CallsignOf(spot.Station);
+    return feed_.Publish(word, clock_.UTCSeconds() + random_.Between(0, MostSecondsToOptOut));
+  }
 }
 
 void RehearsedStream::Broadcast(const std::string& line) {

@@ -6,6 +6,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "feed.h"
 #include "ledger.h"
@@ -42,6 +43,7 @@ class RehearsedStream final : public brelwin::SocketControls {
 
  private:
   void Tick();
+  void OptOut(const std::string& line, const std::vector<practice::PublishedSpot>& onTheAir);
   void Broadcast(const std::string& line);
   void Deliver(const std::string& line);
   void DeliverHalf(const std::string& line);

@@ -19,11 +19,20 @@ std::pair<std::string, std::string> AddressParts(const std::string& url) {
 class Request final : public brelwin::PageRequest {
  public:
   Request(brelwin::EventQueue& queue, Way& way, practice::Exchange exchange)
-      : exchange_(std::move(exchange)), timer_(queue.CallAfter(way.TimeFor(exchange_), [this, &way] {
-          way.Sent(exchange_);
+      : way_(way), exchange_(std::move(exchange)), timer_(queue.CallAfter(way.TimeFor(exchange_), [this] {
+          way_.Sent(exchange_);
           body_ = exchange_.Page.SentBody();
           state_ = State::Finished;
         })) {}
+
+  // Who is not waited for has given no answer.
+  ~Request() override {
+    if (state_ == State::Finished) return;
+    exchange_.Page.Status = 0;
+    way_.Sent(exchange_, false);
+  }
+  Request(const Request&) = delete;
+  Request& operator=(const Request&) = delete;
 
   State CurrentState() const override { return state_; }
   std::uint64_t Activity() const override { return state_ == State::Finished ? 1 : 0; }
@@ -36,6 +45,7 @@ class Request final : public brelwin::PageRequest {
   }
 
  private:
+  Way& way_;
   practice::Exchange exchange_;
   std::string body_;
   State state_ = State::Connecting;

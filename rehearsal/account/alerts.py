@@ -24,6 +24,7 @@ class Alert:
     summit: str
     before: int  # minutes; 0: the user's
     after: int
+    before_otherwise: int | None = None  # were it not for the summit reference that opens the window
 
     def __post_init__(self) -> None:
         self.name = radio.upper(self.key)  # keys are compared without case
@@ -59,6 +60,13 @@ def hours_after(marker: str, comment: str) -> int:
     found = re.search(re.escape(marker) + r'([0-9. ]*)', comment, re.IGNORECASE)
     hours = radio.single(radio.number(found.group(1))) if found else 0
     return round(hours * 60) if hours > 0 else 0
+
+
+def marker_is_in_reference(comment: str) -> bool:
+    """Whether the first "S-" is a part of something like "GM/SS-064"."""
+    found = re.search(r's-', comment, re.IGNORECASE)
+    references = re.finditer(r'(?<![a-z0-9])[a-z0-9]s-[0-9]{3}(?![a-z0-9])', comment, re.IGNORECASE | re.ASCII)
+    return found is not None and any(found.start() == reference.start() + 1 for reference in references)
 
 
 @dataclasses.dataclass(frozen=True)
@@ -158,6 +166,8 @@ class Alerts:
         custom_key = _field(start + '!CUSTOM_WINDOW!')
         key = custom_key if is_custom else _field(start + found.comment.replace(' ', '')[:10])
         alert = Alert(key, utc, base, found.summit, before, after)
+        if by_hours[0] and marker_is_in_reference(found.comment):
+            alert.before_otherwise = self.settings.overrides.get(radio.upper(base), (0, 0))[0]
         if is_withdrawn(found.comment):
             self._remove_entries(custom_key)
         elif alert.name not in scraped:
@@ -241,6 +251,11 @@ class Alerts:
     def best(self, base: str, utc: int) -> Alert | None:
         matches = self.matching(base, utc)
         return min(matches, key=lambda alert: self._distance(alert, utc) or 0) if matches else None
+
+    def is_by_reference(self, alert: Alert, utc: int) -> bool:
+        if alert.before_otherwise is None or alert.utc is None or utc >= alert.utc:
+            return False
+        return int((alert.utc - utc) / 60) > (alert.before_otherwise or self.settings.minutes_before)
 
     def _distance(self, alert: Alert, utc: int) -> int | None:
         """Whole minutes, where the window holds the time."""

@@ -1,6 +1,7 @@
 """The checks before a spot is posted. Each gives the reason of a refusal, or nothing."""
 
 from account import feed, radio
+from account.alerts import opts_out
 from account.settings import Settings
 from account.stream import Heard
 
@@ -20,7 +21,9 @@ class TimedSpot:
 
 
 def by_station(heard: Heard, settings: Settings) -> str:
-    return 'the activator is excluded' if heard.base in settings.excluded else ''
+    if settings.excluded & ({heard.base} | radio.callsign_forms(heard.station)):
+        return 'the activator is excluded'
+    return 'only a summit reference opens the window' if heard.is_by_reference else ''
 
 
 def by_current_spots(heard: Heard, current: list[TimedSpot], now: int, settings: Settings) -> str:
@@ -34,6 +37,19 @@ def by_current_spots(heard: Heard, current: list[TimedSpot], now: int, settings:
         if held.spot.band != heard.band:
             return ''
     return ''
+
+
+def _speaks_for(spot: feed.Spot, heard: Heard, settings: Settings) -> bool:
+    """A word of the station's own, or a trusted one's, under any form of the callsigns."""
+    if feed.VIA_GATEWAY in spot.comment or not radio.callsign_forms(spot.station) & radio.callsign_forms(heard.station):
+        return False
+    is_own = spot.is_self_spot or radio.callsign_forms(spot.spotter) & radio.callsign_forms(spot.station)
+    return bool(is_own) or spot.spotter_base in settings.trusted
+
+
+def by_latest_word(heard: Heard, recent: list[feed.Spot], settings: Settings) -> str:
+    word = next((spot for spot in recent if _speaks_for(spot, heard, settings)), None)
+    return 'the activator has opted out' if word is not None and opts_out(word.comment) else ''
 
 
 def by_fresh_spots(heard: Heard, fresh: dict[str, feed.Spot], read_at: int, now: int, settings: Settings) -> str:

@@ -64,7 +64,23 @@ class Connection:
     how: str = ''
 
 
-Event = Check | Page | Post | Line | Lost | Connection
+@dataclasses.dataclass
+class Switch:
+    """The user has changed who is sent for; without login nobody is."""
+    t: int
+    everyone: bool
+    mine: bool
+    login: bool
+
+
+@dataclasses.dataclass
+class Stall:
+    """The program begins to run again."""
+    t: int
+    seconds: int
+
+
+Event = Check | Page | Post | Line | Lost | Connection | Switch | Stall
 
 
 def _text(entry: dict, name: str) -> str:
@@ -115,6 +131,12 @@ class _Reader:
 
     def _take_connection(self, entry: dict) -> None:
         self.events.append(Connection(entry['t'], entry['connection'], entry['kind'], entry.get('how', '')))
+
+    def _take_switch(self, entry: dict) -> None:
+        self.events.append(Switch(entry['t'], entry['everyone'], entry['mine'], entry['login']))
+
+    def _take_stall(self, entry: dict) -> None:
+        self.events.append(Stall(entry['t'], entry['seconds']))
 
     _take_open = _take_login = _take_close = _take_connection
 

@@ -90,6 +90,13 @@ def base_callsign(text: str) -> str:
     return base_callsigns(text)[0]
 
 
+def callsign_forms(text: str) -> set[str]:
+    """The base callsign, and whatever looks like a callsign between slashes and other signs."""
+    pieces = re.split('[^A-Z0-9]+', upper(text))
+    whole = {piece for piece in pieces if re.fullmatch(r'[A-Z0-9]*[A-Z][A-Z0-9]*[0-9][A-Z]+', piece)}
+    return ({base_callsign(text)} | whole) - {''}
+
+
 def duplicate_key(base: str, mhz: float) -> str:
     return base + three_decimals(mhz)
 

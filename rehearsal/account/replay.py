@@ -5,6 +5,7 @@ import dataclasses
 
 from account import feed, gates, ledger, outcomes, questions, sources
 from account.alerts import Alerts, is_command
+from account.bounds import Bounds
 from account.gates import TimedSpot
 from account.items import Fate, Item, Tally
 from account.settings import Settings
@@ -39,12 +40,14 @@ class Replay:
         self.settings = settings
         self.tolerance = tolerance
         self.tally = Tally()
+        self.bounds = Bounds(events, settings)
         self.alerts = Alerts(settings)
         self.known = set(settings.known)
         self.parser = Parser(settings, self.alerts, self.known, tolerance.margin)
         self.current: list[TimedSpot] = []
         self.sent: dict[str, int] = {}
         self.waiting: list[ledger.Line] = []
+        self.taken: list[ledger.Line] = []  # by this check
         self.connection = 0  # the latest that was opened
         self.is_connected = False
         self.parsed_at = 0    # when the lines of this check were taken
@@ -119,8 +122,8 @@ class Replay:
             now = self._take_alerts(self._next_page())
         self._take_what_came_until(now)
         now = self._after_late_lines(now)
-        lines, self.waiting = self.waiting, []
-        heard, about_stations = self.parser.parse(lines, now)
+        self.taken, self.waiting = self.waiting, []
+        heard, about_stations = self.parser.parse(self.taken, now)
         for spot in heard:
             spot.is_late = now - spot.line.t < self.tolerance.jitter
         late = [spot for spot in heard if spot.is_late]
@@ -188,11 +191,15 @@ class Replay:
         """When the gateway is through with all of them."""
         if heard and not self.is_connected:
             now = self._after_reconnection(now)
+        ended = None if self.bounds.is_off(now) else now
         for place, spot in enumerate(heard, 1):
-            ended = self._pass_gates_with(spot, now, heard[place:])
             if ended is None:
                 break
             now = ended
+            ended = self._pass_gates_with(spot, now, heard[place:])
+        now = now if ended is None else ended
+        if any(self.bounds.has_stalled(line.connection, now) for line in self.taken):
+            self.parser.forget_all(self.parsed_at)
         return now
 
     def _after_reconnection(self, now: int) -> int:
@@ -205,12 +212,16 @@ class Replay:
         return now + late if 0 < late <= self.settings.time_out * 1000 + self.tolerance.haste else now
 
     def _first_refusal(self, spot: Heard, now: int) -> str:
-        return gates.by_station(spot, self.settings) or \
+        return self.bounds.refusal(spot, now) or gates.by_station(spot, self.settings) or \
             gates.by_current_spots(spot, self.current, now, self.settings)
 
     def _final_refusal(self, spot: Heard, page: ledger.Page, now: int) -> str:
+        recent = self.source.recent(page, self.settings.dupe_minutes) if page.status else []
+        refusal = self.bounds.refusal(spot, now) or gates.by_latest_word(spot, recent, self.settings)
+        if refusal:
+            return refusal
         fresh: dict[str, feed.Spot] = {}
-        for found in self.source.recent(page, self.settings.dupe_minutes) if page.status else []:
+        for found in recent:
             fresh.setdefault(found.key, found)
         if not fresh and not self.current:
             return 'there are no spots to compare with'
@@ -234,6 +245,10 @@ class Replay:
         if (spot.is_late or spot.is_near or is_open) and not self._was_looked_at(body, now, rest):
             return self._leave_aside(spot, body, now)
         spot.is_near = spot.is_near or is_open  # that a late one was looked at is decided by now
+        stop = self.bounds.first_refusal(spot, now, now + self.settings.delay * 1000)
+        if stop is not None:
+            self.tally.add(Item(Fate.REFUSED, self.bounds.refusal(spot, stop), stop, spot, body))
+            return stop
         page = self._page_of_final_check(now)
         if page is None:
             return self._miss_final_check(spot, body, now)
@@ -269,7 +284,7 @@ class Replay:
 
     def _final_check_follows(self, now: int) -> bool:
         page = self._peek(ledger.Page)
-        expected = now + self.settings.delay * 1000
+        expected = self.bounds.awake(now + self.settings.delay * 1000)
         return page is not None and page.path == FEED and \
             expected - 100 <= page.asked <= expected + self.tolerance.haste
 
@@ -334,6 +349,7 @@ class Replay:
 
     def _take_outcome(self, base: str, key: str, post: ledger.Post) -> int:
         status, now = outcomes.of_post(post, self.settings.time_out)
+        now = self.bounds.awake(now)
         self.unknown.pop(key, None)
         if status == outcomes.ACCEPTED:
             self.sent[base] = now

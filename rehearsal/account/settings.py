@@ -26,6 +26,11 @@ def _unscrambled(text: str) -> str:
     return ''.join(chr(ord(c) - move) for c, move in zip(text, moves))
 
 
+def _excluded(path: pathlib.Path) -> set[str]:
+    lines = path.read_text(encoding='utf-8').splitlines() if path.exists() else []
+    return {form for line in lines for form in radio.callsign_forms(line.strip())}
+
+
 def _callsigns(path: pathlib.Path) -> set[str]:
     lines = path.read_text(encoding='utf-8').splitlines() if path.exists() else []
     return {radio.base_callsign(line.strip()) for line in lines} - {''}
@@ -44,6 +49,7 @@ class Settings:
     minutes_after: int
     hours_ahead: int
     sends: bool
+    own_base: str
     login: str
     password: str
     template: str
@@ -95,6 +101,7 @@ def read(folder: pathlib.Path, password: str | None = None) -> Settings:
         minutes_after=whole(stream, 'MaxMinutesAfterAlertTime'),
         hours_ahead=round(radio.number(hours)) if hours[:1].isdigit() else 72,
         sends=whole(gateway, 'RBNSendAllSpotsToSotawatch') != 0 and whole(gateway, 'DryRun') == 0,
+        own_base=radio.base_callsign(stream.get('RBNCALLSIGN', '').strip()),
         login=gateway.get('SOTAWATCHLOGIN', '').strip(),
         password=(password if password is not None else _unscrambled(stored)).strip(),
         template=(gateway.get('SPOTCOMMENTTEMPLATE', '') or TEMPLATE).strip(),
@@ -103,7 +110,7 @@ def read(folder: pathlib.Path, password: str | None = None) -> Settings:
         delay=max(0, whole(gateway, 'GatewayDelayBeforeFinalDupeCheckAndSendInSeconds')),
         respot_seconds=max(5, whole(gateway, 'GatewayMinimumSecondsBetweenSpotsOfSameStation')),
         time_out=time_out if time_out >= 1 else 5,
-        excluded=_callsigns(folder / 'SOTAExcludedActivators.txt'),
+        excluded=_excluded(folder / 'SOTAExcludedActivators.txt'),
         trusted=_callsigns(folder / 'SOTATrustedSpotters.txt'),
         known=_callsigns(folder / 'SOTAActivators.txt'),
         overrides=_overrides(folder / 'SOTAAlertDurationOverrides.ini'))

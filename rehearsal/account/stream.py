@@ -24,6 +24,7 @@ class Heard:
     speed: int
     skimmer: str
     summit: str
+    is_by_reference: bool  # the alert's window holds the time only by the "S-" of a summit reference
     is_near: bool  # within the margin of a boundary: it might as well not have come this far
     is_late: bool = False  # came so shortly before the check that it may belong to the next one
     has_company: bool = False  # of other late ones: which of them was looked at only a post can tell
@@ -73,6 +74,10 @@ class Parser:
         if self.recent.get(heard.key) == now:
             del self.recent[heard.key]
 
+    def forget_all(self, now: int) -> None:
+        """Undoes what was remembered of everything that was heard at that moment."""
+        self.recent = {key: since for key, since in self.recent.items() if since != now}
+
     def _spot(self, line: ledger.Line, fields: list[str], now: int, about_to_go: set[str]) -> Heard | None:
         settings = self.settings
         is_cq = radio.upper(fields[6]) == 'CQ'
@@ -96,7 +101,8 @@ class Parser:
         if alert is None or not is_cq:
             return None
         return Heard(line, fields[2], base, mhz, key, radio.band(mhz), fields[3],
-                     self._whole(fields[4], 'dB'), self._whole(fields[5], 'WPM'), skimmer, alert.summit, is_near)
+                     self._whole(fields[4], 'dB'), self._whole(fields[5], 'WPM'), skimmer, alert.summit,
+                     self.alerts.is_by_reference(alert, now // 1000), is_near)
 
     def _best(self, base: str, now: int) -> tuple[Alert | None, bool]:
         """The alert that matches, or would within the margin, and whether that margin decides."""

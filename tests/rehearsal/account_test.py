@@ -81,9 +81,9 @@ class Story:
         return self.page('/RssFeed', second, feed_page(*(items or self.items)))
 
     def hear(self, second: float, kilohertz: str = '7032.0', station: str = 'G4ABC/P', kind: str = 'CQ',
-             mode: str = 'CW') -> 'Story':
-        return self.write('line', second, connection=1, text=f'DX de KM3T-2-#: {kilohertz}  {station}          {mode}'
-                                                             f'    24 dB  22 WPM  {kind}      1200Z\r\n')
+             mode: str = 'CW', connection: int = 1) -> 'Story':
+        text = f'DX de KM3T-2-#: {kilohertz}  {station}          {mode}    24 dB  22 WPM  {kind}      1200Z\r\n'
+        return self.write('line', second, connection=connection, text=text)
 
     def post(self, second: float, body: str = BODY, answer: str = 'accepted', after: float = 0.1, page: str = '',
              whole: bool = True) -> 'Story':
@@ -192,9 +192,27 @@ class Verdicts(unittest.TestCase):
     def test_who_is_left_out(self) -> None:
         self.assertEqual(fates(self.heard().end(40).judge(SOTAExcludedActivators='g4abc\n')),
                          [('refused', 'the activator is excluded')])
+        self.assertEqual(fates(self.heard().end(40).judge(SOTAExcludedActivators='EA8/G4ABC/M\n')),
+                         [('refused', 'the activator is excluded')])
+        early = self.heard(page=alerts_page('14:00', comment='after GM/SS-064'))
+        self.assertEqual(fates(early.end(40).judge()), [('refused', 'only a summit reference opens the window')])
+        word = item('EA8/G4ABC on G/LD-001 @ 10.118 CW', 0, comment='no Tarnlink', spotter='G4ABC')
+        self.assertEqual(fates(self.heard().check(30, word, OTHER).end(40).judge()),
+                         [('refused', 'the activator has opted out')])
         odd = Story(page=alerts_page(station='G4ABC_1')).hear(15, station='G4ABC_1').check(20).check(30)
         self.assertEqual(fates(odd.end(40).judge()), [('refused', 'the form cannot carry it')])
         self.assertEqual(fates(self.heard().end(40).judge(ini=INI.replace('SpotsToSotawatch=1', 'x=0'))), [])
+
+    def test_a_switch_or_a_stall_in_the_wait_ends_it(self) -> None:
+        off = dict(everyone=False, mine=True, login=False)
+        self.assertEqual(fates(self.heard().write('switch', 25, **off).end(40).judge()),
+                         [('refused', 'the gateway is off')])
+        self.assertEqual(fates(self.heard().write('switch', 25, **off | {'login': True}).end(40).judge()),
+                         [('refused', 'only my own are sent')])
+        self.assertEqual(fates(Story().write('switch', 12, **off).hear(15).check(20).end(40).judge()), [])
+        stalled = Story().hear(15).write('stall', 200, seconds=180).check(200.1).write('open', 200.2, connection=2)
+        stalled.hear(205, connection=2).check(210).check(220).post(220.1)
+        self.assertEqual(fates(stalled.end(230).judge()), [('refused', 'the program stood still'), POSTED])
 
 
 class Lines(unittest.TestCase):
