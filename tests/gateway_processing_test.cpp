@@ -320,6 +320,20 @@ TEST(GatewayProcessing, ObeysAtOnceWhileSpotsWait) {
   }
 }
 
+TEST(GatewayProcessing, HoldsAFormBackToTheLastMoment) {
+  GatewayStory story;
+  story.Http.Answer({.Connecting = Milliseconds(3000)});
+  const auto click = story.Queue.CallAfter(std::chrono::seconds(1),
+                                           [&] { story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false; });
+  story.Process({story.SkimmerSpot("G4ABC", "14.062")});
+  EXPECT_TRUE(story.Http.Requests.empty());
+  EXPECT_TRUE(story.Tab.lstGatewayJournal.Items.Get()[0].ends_with(
+      "not sent: switched off, or held up for too long, before the form had left"));
+  EXPECT_TRUE(
+      story.GatewayLog().ends_with("Submission held back, switched off, or held up for too long, "
+                                   "before the form had left.\r\n"));
+}
+
 TEST(GatewayProcessing, PutsEveryFailureIntoWordsAndGoesOn) {
   GatewayStory story;
   story.Tab.txtSotawatchPassword.Text = "wrong";

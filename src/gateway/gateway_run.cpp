@@ -171,11 +171,18 @@ void GatewayRun::Delay(const Spot& spot) {
     LogGatewayEvent(host, "End delay before final dupe check using RSS");
 }
 
+// The form may leave after its time-out, when this pass is over.
+std::function<bool()> GatewayRun::LastLook(const Spot& spot) const {
+  return [&gateway = gateway_, spot, beginning = beginning_] {
+    return MayGo(gateway, spot, beginning) && !gateway.Tab.chkGatewayDryRun.Value;
+  };
+}
+
 void GatewayRun::Post(const SpotPointer& spot, const GatewaySender& sender) {
   message_.clear();
   const auto result =
       SendRBNSpotToSotawatch(gateway_.World, gateway_.Transfer, gateway_.Settings, sender.Login,
-                             sender.Password, sender.CommentTemplate, spot.get());
+                             sender.Password, sender.CommentTemplate, spot.get(), LastLook(*spot));
   LogGatewayEvent(gateway_.World, "SendRBNSpotToSotawatch& returned status " + std::to_string(result.Status));
   if (result.Status == StatusAccepted) {
     NoteSent(*spot);

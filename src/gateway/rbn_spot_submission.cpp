@@ -45,12 +45,12 @@ std::string GatewaySpotComment(std::string_view commentTemplate, const Spot& spo
 SubmissionResult SendRBNSpotToSotawatch(Host& host, SpotliteTransfer& transfer,
                                         const Configuration& configuration, std::string_view login,
                                         std::string_view password, std::string_view commentTemplate,
-                                        Spot* spot) {
+                                        Spot* spot, const std::function<bool()>& mayLeave) {
   if (spot == nullptr) return {};
   return LogErrors(host, "SendRBNSpotToSotawatch", SubmissionResult{}, [&] {
     if (!IsGatewaySpot(*spot)) return NoGatewaySpot(host, *spot);
     spot->Comment = GatewaySpotComment(commentTemplate, *spot);
-    return SendSpotToSotawatch(host, transfer, configuration, login, password, spot);
+    return SendSpotToSotawatch(host, transfer, configuration, login, password, spot, mayLeave);
   });
 }
 

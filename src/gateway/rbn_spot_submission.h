@@ -16,10 +16,11 @@ bool IsGatewaySpot(const Spot& spot);
 std::string GatewaySpotComment(std::string_view commentTemplate, const Spot& spot);
 
 // Puts the comment of the template into the spot and posts it. Anything but a gateway spot gives -500 and a
-// log line; a null pointer gives status 0.
+// log line; a null pointer gives status 0. `mayLeave` is asked when the form is about to leave the machine.
 [[nodiscard]] SubmissionResult SendRBNSpotToSotawatch(Host& host, SpotliteTransfer& transfer,
                                                       const Configuration& configuration,
                                                       std::string_view login, std::string_view password,
-                                                      std::string_view commentTemplate, Spot* spot);
+                                                      std::string_view commentTemplate, Spot* spot,
+                                                      const std::function<bool()>& mayLeave);
 
 }  // namespace brelwin

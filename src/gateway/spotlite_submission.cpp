@@ -17,6 +17,7 @@ namespace brelwin {
 namespace {
 
 constexpr std::int32_t UsualTimeoutSeconds = 5;
+constexpr std::string_view HeldBack = "switched off, or held up for too long, before the form had left";
 
 // What could not be sent as a form; only text that was refused for its characters needs a log line.
 SubmissionResult NotSent(Host& host, const FormCheck& check) {
@@ -72,7 +73,10 @@ std::string LogLineOf(const TransferState& state, std::int32_t status) {
     case StatusHandlerError:
       return "Submission failed, protocol error, unexpected. ErrNumber=" +
              std::to_string(state.TransferErrNumber) + " ErrString=" + state.TransferErrString;
-    case StatusNothingDone: return "Submission status unknown, the program is ending.";
+    case StatusNothingDone:
+      if (state.TransferStatus == TransferHeldBack)
+        return "Submission held back, " + std::string(HeldBack) + ".";
+      return "Submission status unknown, the program is ending.";
     default: return SubmissionMessage(status);
   }
 }
@@ -82,6 +86,7 @@ void Classify(Host& host, const TransferState& state, const SpotliteForm& form, 
   result.Status = StatusOf(state, form);
   result.Message = SubmissionMessage(result.Status);
   result.LogLine = LogLineOf(state, result.Status);
+  if (state.TransferStatus == TransferHeldBack) result.Reason = HeldBack;
 }
 
 std::string_view FormAddress(const Configuration& configuration) {
@@ -90,10 +95,10 @@ std::string_view FormAddress(const Configuration& configuration) {
 }
 
 SubmissionResult Submit(Host& host, SpotliteTransfer& transfer, const Configuration& configuration,
-                        const SpotliteForm& form) {
+                        const SpotliteForm& form, const std::function<bool()>& mayLeave) {
   SubmissionResult result;
   const auto submit = [&] {
-    const auto state = transfer.Post(FormAddress(configuration), SpotliteFormBody(form));
+    const auto state = transfer.Post(FormAddress(configuration), SpotliteFormBody(form), mayLeave);
     WaitForAnswer(host, transfer, *state, InternetTimeoutSeconds(configuration));
     state->SendInProgress = false;
     Classify(host, *state, form, result);
@@ -122,12 +127,13 @@ std::int32_t InternetTimeoutSeconds(const Configuration& configuration) {
 
 SubmissionResult SendSpotToSotawatch(Host& host, SpotliteTransfer& transfer,
                                      const Configuration& configuration, std::string_view login,
-                                     std::string_view password, const Spot* spot) {
+                                     std::string_view password, const Spot* spot,
+                                     const std::function<bool()>& mayLeave) {
   if (spot == nullptr) return {};
   if (host.ShuttingDown) return {.Reason = "the program is ending"};
   const auto check = CheckSpotliteForm(login, password, *spot);
   if (check.Refusal != FormRefusal::None) return NotSent(host, check);
-  auto result = Submit(host, transfer, configuration, check.Form);
+  auto result = Submit(host, transfer, configuration, check.Form, mayLeave);
   TrapErrorsSilently([&] { LogSubmission(host, *spot, result.LogLine); });
   return result;
 }

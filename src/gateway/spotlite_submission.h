@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 #include "gateway/spotlite_transfer.h"
@@ -19,9 +20,10 @@ std::int32_t InternetTimeoutSeconds(const Configuration& configuration);
 // Posts the spot and waits for the answer, yielding to the event queue. Every call that sends the form leaves
 // an entry in the gateway's spot log, and every complete answer one, with what was posted, in
 // "GatewayServerResponseLog.txt". Quitting ends the waiting, and nothing is posted after it; the status is
-// then 0. A null pointer gives status 0.
-[[nodiscard]] SubmissionResult SendSpotToSotawatch(Host& host, SpotliteTransfer& transfer,
-                                                   const Configuration& configuration, std::string_view login,
-                                                   std::string_view password, const Spot* spot);
+// then 0. So it is when `mayLeave`, asked when the form is about to leave the machine, says no. A null
+// pointer gives status 0.
+[[nodiscard]] SubmissionResult SendSpotToSotawatch(
+    Host& host, SpotliteTransfer& transfer, const Configuration& configuration, std::string_view login,
+    std::string_view password, const Spot* spot, const std::function<bool()>& mayLeave = [] { return true; });
 
 }  // namespace brelwin

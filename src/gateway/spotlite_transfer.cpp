@@ -26,14 +26,19 @@ SpotliteTransfer::~SpotliteTransfer() {
   host_.Http.Cancel();
 }
 
-std::shared_ptr<TransferState> SpotliteTransfer::Post(std::string_view url, std::string_view body) {
+std::shared_ptr<TransferState> SpotliteTransfer::Post(std::string_view url, std::string_view body,
+                                                      const std::function<bool()>& mayLeave) {
   auto transfer = std::make_shared<TransferState>();
   transfer->SendInProgress = true;
   transfer->LastPostedData = body;
   latest_ = transfer;
   underWay_ = transfer;
+  const auto ask = [transfer, mayLeave] {
+    transfer->IsHeldBack = !mayLeave();
+    return !transfer->IsHeldBack;
+  };
   host_.Http.Execute(
-      {std::string(url), "POST", std::string(body), "Content-Type: application/x-www-form-urlencoded"});
+      {std::string(url), "POST", std::string(body), "Content-Type: application/x-www-form-urlencoded", ask});
   return transfer;
 }
 
@@ -58,7 +63,8 @@ void SpotliteTransfer::StateChanged(std::int16_t state) {
   const auto handle = [&] {
     transfer->LastInternetState = state;
     if (state == HttpStateCompleted) TakeAnswer(transfer);
-    if (state == HttpStateError) NoteEnd(host_.Http, *transfer, TransferFailed);
+    if (state == HttpStateError)
+      NoteEnd(host_.Http, *transfer, transfer->IsHeldBack ? TransferHeldBack : TransferFailed);
     return true;
   };
   TrapErrors(handle, false, noteError);

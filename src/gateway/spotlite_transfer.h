@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -15,11 +16,13 @@ inline constexpr std::int32_t TransferPending = 0;
 inline constexpr std::int32_t TransferCompleted = -1;
 inline constexpr std::int32_t TransferTimedOut = -200;
 inline constexpr std::int32_t TransferHandlerFailed = -400;
+inline constexpr std::int32_t TransferHeldBack = -500;  // nothing of the form has left
 inline constexpr std::int32_t TransferFailed = -1000;
 
 // One transfer. Every submission has its own, so that an answer is never read as that of another one.
 struct TransferState {
   bool SendInProgress = false;
+  bool IsHeldBack = false;
   std::int16_t LastInternetState = 0;
   std::string LastPostedData;
   std::int32_t LastResponseCode = 0;
@@ -42,8 +45,11 @@ class SpotliteTransfer {
   const TransferState& Latest() const { return *latest_; }
   bool SendInProgress() const { return latest_->SendInProgress; }
 
-  // Posts the form. Whoever waits for it clears SendInProgress when the waiting is over.
-  std::shared_ptr<TransferState> Post(std::string_view url, std::string_view body);
+  // Posts the form. Whoever waits for it clears SendInProgress when the waiting is over. `mayLeave` is asked
+  // when the form is about to leave the machine, however late that is; after a no the transfer is held back.
+  std::shared_ptr<TransferState> Post(
+      std::string_view url, std::string_view body,
+      const std::function<bool()>& mayLeave = [] { return true; });
 
   // Ends the transfer; what has not been sent is not sent.
   void Cancel();

@@ -13,6 +13,10 @@ struct HttpRequest {
   std::string Verb;     // "POST" or "GET"
   std::string Body;     // bytes, sent as they are
   std::string Headers;  // "Name: value" lines, divided by CR LF
+
+  // Where it is set, asked when the connection stands and the body is about to leave, since a user may change
+  // his mind while that is waited for. No ends the request with an error, and nothing of the body has left.
+  std::function<bool()> MayLeave = {};
 };
 
 // The states that end a request. 1 to 10 are told on its way there and mean nothing has been decided.

@@ -71,6 +71,14 @@ TEST_F(QtHttpControlTest, PostsTheFormAndReadsAnyCompleteAnswer) {
     ASSERT_EQ(Result(server_.Url("/until-close")), "12 200 to the end") << control_.ResponseInfo();
 }
 
+TEST_F(QtHttpControlTest, AsksWhetherTheFormMayLeaveWhenTheConnectionStands) {
+  control_.Execute({server_.Url("/"), "POST", "a=1", {}, [] { return false; }});
+  Wait([this] { return !ends_.empty(); });
+  EXPECT_EQ(ends_, std::vector{HttpStateError});
+  EXPECT_EQ(control_.ResponseInfo(), "it was held back");
+  EXPECT_TRUE(server_.Requests.empty());
+}
+
 // Whatever goes wrong, the form reaches the server once at most.
 TEST_F(QtHttpControlTest, TellsWhatIsNotCompleteAndNeverSendsItAgain) {
   server_.Answer = [](const QByteArray& path) -> QByteArray {

@@ -17,8 +17,9 @@ namespace brelwin::test {
 struct ScriptedPost {
   int Status = 200;
   std::string Body = {};
-  Milliseconds Delay{10};  // a negative one: no answer ever
-  int ErrorNumber = 0;     // not 0: there is no complete answer
+  Milliseconds Connecting{0};  // before the form leaves
+  Milliseconds Delay{10};      // a negative one: no answer ever
+  int ErrorNumber = 0;         // not 0: there is no complete answer
   std::string Info = "OK";
   std::size_t FailAtChunk = 0;  // the chunk with this number, from 1, throws
   std::size_t LongestChunk = std::string::npos;
@@ -31,12 +32,15 @@ class ScriptedHttp final : public HttpControl {
   void Answer(ScriptedPost answer) { answers_.push_back(std::move(answer)); }
 
   void Execute(const HttpRequest& request) override {
-    Requests.push_back(request);
     answer_ = TakeAnswer(request);
     read_ = 0;
     chunks_ = 0;
     timer_ = {};
-    if (answer_.Delay >= Milliseconds::zero()) timer_ = queue_.CallAfter(answer_.Delay, [this] { Tell(); });
+    if (answer_.Connecting == Milliseconds::zero()) return Leave(request);
+    timer_ = queue_.CallAfter(answer_.Connecting, [this, request] {
+      const auto finished = std::move(timer_);
+      Leave(request);
+    });
   }
 
   std::string GetChunk(std::size_t atMost) override {
@@ -59,10 +63,19 @@ class ScriptedHttp final : public HttpControl {
   }
 
   std::function<ScriptedPost(const HttpRequest&)> Serve;  // makes the answers that are not set one by one
-  std::vector<HttpRequest> Requests;
+  std::vector<HttpRequest> Requests;                      // of which the form has left
   int Cancelled = 0;
 
  private:
+  void Leave(const HttpRequest& request) {
+    if (request.MayLeave && !request.MayLeave()) {
+      answer_ = {.Delay = Milliseconds(0), .ErrorNumber = 5, .Info = "Held back"};
+    } else {
+      Requests.push_back(request);
+    }
+    if (answer_.Delay >= Milliseconds::zero()) timer_ = queue_.CallAfter(answer_.Delay, [this] { Tell(); });
+  }
+
   void Tell() {
     const auto finished = std::move(timer_);
     const auto state = answer_.ErrorNumber != 0 ? HttpStateError : HttpStateCompleted;

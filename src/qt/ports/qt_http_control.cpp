@@ -139,6 +139,7 @@ void QtHttpControl::Execute(const HttpRequest& request) {
   Cancel();
   hop_ = {QUrl(ToQString(request.Url)), QByteArray::fromStdString(request.Verb),
           QByteArray::fromStdString(request.Body), QByteArray::fromStdString(request.Headers)};
+  mayLeave_ = request.MayLeave;
   redirects_ = 0;
   start_.start(0);
   limit_.start();
@@ -169,10 +170,19 @@ void QtHttpControl::Start() {
   client_->setProxy(ToolkitProxy(ProxyForUrl(proxies_, hop_.Url.toString().toStdString())));
   auto request = RequestTo(hop_.Url, hop_.Headers, hop_.Body.size());
   IntroduceToProxy(request, client_->proxy());
-  auto* body = hop_.Body.isEmpty() ? nullptr : new UnrepeatableBody(hop_.Body, client_.get());
+  auto* body = hop_.Body.isEmpty() ? nullptr
+                                   : new UnrepeatableBody(
+                                         hop_.Body, [this] { return MayLeave(); }, client_.get());
   reply_ = client_->sendCustomRequest(request, hop_.Verb, body);
   QObject::connect(reply_, &QNetworkReply::readyRead, &start_, [this] { TakeBytes(); });
   QObject::connect(reply_, &QNetworkReply::finished, &start_, [this] { Finish(); });
+}
+
+// The client is asking, so the request is ended only when that is over.
+bool QtHttpControl::MayLeave() {
+  if (!mayLeave_ || mayLeave_()) return true;
+  QTimer::singleShot(0, reply_, [this] { Fail(QNetworkReply::OperationCanceledError, "it was held back"); });
+  return false;
 }
 
 void QtHttpControl::TakeBytes() {

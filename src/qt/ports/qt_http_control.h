@@ -7,6 +7,7 @@
 #include <QNetworkReply>
 #include <QTimer>
 #include <QUrl>
+#include <functional>
 #include <memory>
 
 #include "platform/http_control.h"
@@ -34,6 +35,7 @@ class QtHttpControl final : public HttpControl {
   };
 
   void Start();
+  bool MayLeave();
   void TakeBytes();
   void Finish();
   void Follow(int status);
@@ -45,6 +47,7 @@ class QtHttpControl final : public HttpControl {
 
   const ProxySettings proxies_;
   Hop hop_;
+  std::function<bool()> mayLeave_;
   int redirects_ = 0;
   std::unique_ptr<QNetworkAccessManager> client_;
   QNetworkReply* reply_ = nullptr;  // the client's

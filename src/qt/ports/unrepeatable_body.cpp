@@ -5,8 +5,8 @@
 
 namespace brelwin {
 
-UnrepeatableBody::UnrepeatableBody(QByteArray bytes, QObject* parent)
-    : QIODevice(parent), bytes_(std::move(bytes)) {
+UnrepeatableBody::UnrepeatableBody(QByteArray bytes, std::function<bool()> mayLeave, QObject* parent)
+    : QIODevice(parent), bytes_(std::move(bytes)), mayLeave_(std::move(mayLeave)) {
   open(QIODevice::ReadOnly | QIODevice::Unbuffered);
 }
 
@@ -15,6 +15,8 @@ qint64 UnrepeatableBody::bytesAvailable() const {
 }
 
 qint64 UnrepeatableBody::readData(char* data, qint64 atMost) {
+  if (!leaves_) leaves_ = mayLeave_();
+  if (!*leaves_) return 0;
   const auto count = std::min<qint64>(atMost, bytes_.size() - position_);
   if (count == 0) return position_ == bytes_.size() ? -1 : 0;
   std::copy_n(bytes_.constData() + position_, count, data);

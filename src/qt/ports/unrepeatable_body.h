@@ -3,6 +3,8 @@
 
 #include <QByteArray>
 #include <QIODevice>
+#include <functional>
+#include <optional>
 
 namespace brelwin {
 
@@ -10,7 +12,8 @@ namespace brelwin {
 // closes before an answer, though the server may have acted on it; it cannot with a body like this.
 class UnrepeatableBody final : public QIODevice {
  public:
-  UnrepeatableBody(QByteArray bytes, QObject* parent);
+  // `mayLeave` is asked once, when the first byte is wanted; after a no there are none, and the reader waits.
+  UnrepeatableBody(QByteArray bytes, std::function<bool()> mayLeave, QObject* parent);
 
   bool isSequential() const override { return true; }
   bool reset() override { return false; }
@@ -22,6 +25,8 @@ class UnrepeatableBody final : public QIODevice {
 
  private:
   const QByteArray bytes_;
+  const std::function<bool()> mayLeave_;
+  std::optional<bool> leaves_;
   qsizetype position_ = 0;
 };
 
