@@ -39,7 +39,12 @@ TEST(GatewayTab, WarnsOfWhatTheFormCannotCarry) {
   }
   EXPECT_TRUE(CredentialWarning("q&", "+").starts_with("The login and the password both hold"));
   EXPECT_EQ(CredentialWarning(" q0zz ", "s3cret!#?/~"), "");
-  for (const auto* bad : {"&", "<b>", "\"", "it's", "CQ \u2192"}) EXPECT_NE(TemplateWarning(bad), "") << bad;
+  const std::string mark = " {Via Tarnlink}";
+  for (const auto* bad : {"&", "<b>", "\"", "it's", "CQ \u2192"})
+    EXPECT_TRUE(TemplateWarning(bad + mark).starts_with("The comment holds a character")) << bad;
+  for (const auto& bad :
+       {std::string("CQ at XXX wpm"), std::string(47, 'x') + mark, "S/N=YYY at ZZZ on the air " + mark + "!"})
+    EXPECT_EQ(TemplateWarning(bad).empty(), bad.ends_with("!")) << bad;
   EXPECT_EQ(TemplateWarning("CQ CQ at XXX wpm. S/N=YYY dB at ZZZ {Via Tarnlink} \u20AC caf\u00E9"), "");
 }
 

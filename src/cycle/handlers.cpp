@@ -151,6 +151,7 @@ void ConnectSettings(MainWindow& window) {
   screen.Spots.txtSecondsBetweenChecks.LostFocus = handle(txtSecondsBetweenChecks_LostFocus);
   screen.Spots.txtMaximumSpotsInList.LostFocus = handle(txtMaximumSpotsInList_LostFocus);
   screen.RBN.txtDuplicateSpotFilteringPeriod.LostFocus = handle(txtDuplicateSpotFilteringPeriod_LostFocus);
+  screen.Gateway.txtSpotCommentTemplate.LostFocus = handle(txtSpotCommentTemplate_LostFocus);
   screen.Files.cmdSaveSettings.Click = handle(cmdSaveSettings_Click);
   screen.Filters.cmdPlayAlertSound.Click =
       Handler(window, [&window] { cmdPlayAlertSound_Click(window.World, window.Controls.Filters); });

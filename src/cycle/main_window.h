@@ -83,11 +83,13 @@ struct MainWindow {
   std::string TwitterSinceID;
   std::optional<Instant> LastAlertsRefreshTime;  // of the last refresh that succeeded
   std::optional<Instant> LastAlertsArchiveTime;
+  std::optional<Instant> LastReadingForCommands;  // of the alerts page, whether it succeeded or not
 
   int EntryDepth = 0;     // how many entries into the program (ticks, clicks, start-up) are on the stack
   bool Unloaded = false;  // Form_Unload has begun
   CheckTimerDriver TickDriver;
   std::vector<Watch> Watches;
+  std::optional<std::string> TemplateLookedAt;  // the comment template that was last warned of, if need be
   std::optional<GatewayTabWords> GatewayWords;  // from when the settings have been loaded
   std::optional<BoxWarnings> Warnings;          // the same
 };

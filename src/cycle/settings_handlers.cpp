@@ -1,9 +1,12 @@
 #include "cycle/settings_handlers.h"
 
 #include <string>
+#include <utility>
 
+#include "core/event_log.h"
 #include "cycle/source_status.h"
 #include "cycle/spot_list_display.h"
+#include "gateway/tab_rules.h"
 #include "radio/numbers.h"
 #include "rbn/stream.h"
 
@@ -50,6 +53,13 @@ void txtMaximumSpotsInList_LostFocus(MainWindow& window) {
   if (maximum <= 0 || static_cast<std::size_t>(maximum) >= window.SpotList.Count()) return;
   TrimSpotList(window);
   DisplaySpotList(window, window.SpotList);
+}
+
+void txtSpotCommentTemplate_LostFocus(MainWindow& window) {
+  const auto& text = window.Controls.Gateway.txtSpotCommentTemplate.Text.Get();
+  if (std::exchange(window.TemplateLookedAt, text) == text) return;
+  const auto warning = GatewayMarkWarning(text);
+  if (!warning.empty()) LogEvent(window.World, "SpotCommentTemplate - " + warning);
 }
 
 void cmdSaveSettings_Click(MainWindow& window) {

@@ -14,6 +14,9 @@ void txtDuplicateSpotFilteringPeriod_LostFocus(MainWindow& window);
 // A new maximum that is smaller than what is shown trims the list at once.
 void txtMaximumSpotsInList_LostFocus(MainWindow& window);
 
+// A comment that does not tell that a gateway made it is warned of in the event log, once a template.
+void txtSpotCommentTemplate_LostFocus(MainWindow& window);
+
 // Saves the settings on request and says when that could not be done.
 void cmdSaveSettings_Click(MainWindow& window);
 

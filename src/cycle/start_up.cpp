@@ -9,6 +9,7 @@
 #include "cycle/captions.h"
 #include "cycle/check_cycle.h"
 #include "cycle/command_line.h"
+#include "cycle/settings_handlers.h"
 #include "cycle/sotawatch_spots.h"
 #include "cycle/source_status.h"
 #include "cycle/spot_list_display.h"
@@ -125,6 +126,7 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   Step(window, [&] { ShowWhatThereIs(window); });
   Step(window, [&] { KeepGatewayWords(window); });
   Step(window, [&] { WarnOfTheFile(window); });
+  Step(window, [&] { txtSpotCommentTemplate_LostFocus(window); });
   Step(window, [&] { ShowTitles(window); });
   Step(window, [&] { ShowWindow(window); });
   Step(window, [&] { LoadWebsites(window); });

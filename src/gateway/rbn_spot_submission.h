@@ -8,6 +8,9 @@
 
 namespace brelwin {
 
+// By this in its comment a post of a gateway is known.
+inline constexpr std::string_view GatewayMark = "{Via Tarnlink}";
+
 // True for what the gateway is about: a skimmer's spot of a station calling CQ that matches an alert.
 bool IsGatewaySpot(const Spot& spot);
 

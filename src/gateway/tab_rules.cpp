@@ -4,6 +4,7 @@
 
 #include "base/encoding.h"
 #include "base/text.h"
+#include "gateway/rbn_spot_submission.h"
 #include "radio/callsign.h"
 
 namespace brelwin {
@@ -70,6 +71,14 @@ bool ComesBackChanged(std::string_view text) {
   return false;
 }
 
+// As long as what is put into a comment usually gets.
+Spot LongWords() {
+  Spot spot;
+  spot.Speed = spot.SignalToNoiseRatio = 30;
+  spot.Spotter = "OE9GHV-2-#";
+  return spot;
+}
+
 void Keep(std::vector<Watch>& watches, auto& value, const std::function<void()>& refresh) {
   watches.push_back(value.WhenChanged(refresh));
 }
@@ -117,9 +126,18 @@ std::string AddressWarning(std::string_view url) {
   return "The password travels to " + host + " in the clear: its address begins with http, not https.";
 }
 
+std::string GatewayMarkWarning(std::string_view commentTemplate) {
+  if (Contains(GatewaySpotComment(Trim(commentTemplate), LongWords()), GatewayMark)) return {};
+  return "The comment as it is sent, its first 60 characters, lacks {Via Tarnlink}: others may take such "
+         "spots "
+         "for the activator's own and change his alerts.";
+}
+
 std::string TemplateWarning(std::string_view commentTemplate) {
-  if (!ComesBackChanged(commentTemplate)) return {};
-  return "The comment holds a character that comes back from the server in another form (& < > \" ' or one "
+  const auto mark = GatewayMarkWarning(commentTemplate);
+  if (!ComesBackChanged(commentTemplate)) return mark;
+  return (mark.empty() ? mark : mark + " ") +
+         "The comment holds a character that comes back from the server in another form (& < > \" ' or one "
          "outside Windows-1252): spots may be taken and still be reported as not recognised.";
 }
 

@@ -32,8 +32,12 @@ std::string CredentialWarning(std::string_view login, std::string_view password)
 std::string AddressWarning(std::string_view url);
 
 // The template's characters that a page shows as entities or that the form cannot carry, so that an accepted
-// spot is not recognised.
+// spot is not recognised; and that its comments do not tell that a gateway made them.
 std::string TemplateWarning(std::string_view commentTemplate);
+
+// That a comment as it is sent lacks "{Via Tarnlink}", by which a gateway's post is told from a spot of the
+// activator's own: the template has it not, or too far behind.
+std::string GatewayMarkWarning(std::string_view commentTemplate);
 
 // Keeps the tab's words up to date for as long as it lives. It begins with the settings loaded.
 class GatewayTabWords {
