@@ -15,10 +15,6 @@ std::int64_t Hertz(float mhz) {
   return std::llround(ToDouble(SingleText(mhz)) * 1'000'000);
 }
 
-std::int64_t DistanceInHertz(float oneInMhz, float otherInMhz) {
-  return std::abs(Hertz(oneInMhz) - Hertz(otherInMhz));
-}
-
 bool IsTooOld(const Spot& spot, DupeAge age) {
   return spot.TimeOfSpot && std::abs(MinutesBetween(*spot.TimeOfSpot, age.Now)) > age.MaximumMinutes;
 }
@@ -58,6 +54,10 @@ DupeSearch Walk(const SpotCollection& spots, const Spot& spot, DupeAge age, Comp
 }
 
 }  // namespace
+
+std::int64_t DistanceInHertz(float oneInMhz, float otherInMhz) {
+  return std::abs(Hertz(oneInMhz) - Hertz(otherInMhz));
+}
 
 DupeSearch SearchCurrentSpots(const SpotCollection* current, const Spot& spot, DupeAge age) {
   if (current == nullptr) return {DupeFinding::NoCollection, nullptr};

@@ -38,4 +38,7 @@ DupeSearch SearchCurrentSpots(const SpotCollection* current, const Spot& spot, D
 // frequency less than 1 kHz away.
 DupeSearch SearchFeedSpots(const SpotCollection& feed, const Spot& spot, DupeAge age);
 
+// By the 7-digit decimals that spots and feeds write; never negative.
+std::int64_t DistanceInHertz(float oneInMhz, float otherInMhz);
+
 }  // namespace brelwin

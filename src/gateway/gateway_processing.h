@@ -9,6 +9,7 @@
 #include "controls/rbn_tab.h"
 #include "gateway/gateway_journal.h"
 #include "gateway/gateway_values.h"
+#include "gateway/posted_spots.h"
 #include "gateway/spotlite_transfer.h"
 #include "platform/host.h"
 #include "platform/stall_watch.h"
@@ -17,7 +18,7 @@
 
 namespace brelwin {
 
-// What the gateway works with, for as long as the program lives. The last three are its own.
+// What the gateway works with, for as long as the program lives. The last four are its own.
 struct Gateway {
   Host& World;
   GatewayTab& Tab;
@@ -32,6 +33,7 @@ struct Gateway {
   SpotliteTransfer Transfer{World};
   KeyedCollection<Instant> SentSpotsByStation{};  // when a spot of the base callsign was last sent
   GatewayJournal Journal{};
+  PostedSpots Posted{World};
 };
 
 // Takes the spots of this cycle in their order through the gates and posts those that pass. `heardSince` is
