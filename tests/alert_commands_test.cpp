@@ -17,6 +17,7 @@ using test::Table;
 
 constexpr const char* SettingsPath = "/brelwin/Brelwin.INI";
 constexpr const char* ModificationsPath = "/brelwin/SOTAAlertModifications.txt";
+constexpr const char* WaitingPath = "/brelwin/SOTAAlertCommandsWaiting.txt";
 
 // One run of the program, as far as commands need it. It is 2026-11-24 12:00 UTC.
 class ProgramRun {
@@ -27,7 +28,8 @@ class ProgramRun {
   }
 
   void ReadPage() {
-    TakePage();
+    std::string errorText;
+    TakeAlertsFromPage(host_, Page, Page.size(), {"", 60, 0}, Alerts, known_, errorText);
     commands_.CarryOutWaiting(Scene());
   }
 
@@ -44,20 +46,13 @@ class ProgramRun {
   }
 
   AlertCollection Alerts;
-  std::string Page;
-  int PagesRead = 0;
+  std::string Page = Heading();
   int SettingsFilesMade = 0;
   bool LogAlerts = false;
 
  private:
-  void TakePage() {
-    ++PagesRead;
-    std::string errorText;
-    if (!Page.empty()) TakeAlertsFromPage(host_, Page, Page.size(), {"", 60, 0}, Alerts, known_, errorText);
-  }
-
   AlertCommandScene Scene() {
-    return {Alerts, filter_, [this] { TakePage(); }, LogAlerts};
+    return {Alerts, filter_, [](const Spot&) { return false; }, LogAlerts};
   }
 
   bool MakeSettingsFile() {
@@ -128,11 +123,11 @@ TEST(AlertCommands, AnOptOutOnlyRemovesAndATrustedSpotterMayCommand) {
   test::TestHost host;
   ProgramRun run(host.World);
   run.Page = PageOfTwo;
+  run.ReadPage();
   run.LogAlerts = true;
   run.Take({SpotOf("G4ABC", "11:45", "no rBn n pse", "M0XYZ"),
             SpotOf("G4ABC", "11:46", "RBNN {Via Tarnlink}", "M0XYZ"),
             SpotOf("K1AA", "11:47", "RBNN", "M0XYZ")});
-  EXPECT_EQ(run.PagesRead, 1);
   EXPECT_EQ(run.Keys(), "2026-11-24 20:00:00_G4ABC_G/LD-001_\n");
   EXPECT_EQ(host.Disk.Text(ModificationsPath), "DEL||" + FirstData + "\r\n");
   EXPECT_TRUE(Contains(host.EventLog(),
@@ -144,6 +139,18 @@ TEST(AlertCommands, AnOptOutOnlyRemovesAndATrustedSpotterMayCommand) {
   EXPECT_EQ(run.Keys(), "2026-11-24 20:00:00_G4ABC_G/LD-001_\n");
 }
 
+TEST(AlertCommands, AnOptOutReachesTheActivatorUnderEveryCallsign) {
+  test::TestHost host;
+  ProgramRun run(host.World);
+  run.Page = Heading() + Table({.Time = "11:30", .Callsign = "DL/PA3XYZ/P"}) +
+             Table({.Time = "11:40", .Callsign = "PA3XYZ & G4ABC"});
+  run.ReadPage();
+  run.Take({SpotOf("PA3XYZ", "11:45", "qrv")});
+  EXPECT_TRUE(Contains(run.Keys(), "11:30:00_DLA3XYZ")) << "other commands go by the base callsign";
+  run.Take({SpotOf("PA3XYZ", "11:46", "RBNN")});
+  EXPECT_EQ(run.Keys(), "2026-11-24 11:40:00_G4ABC_G/LD-001_\n");
+}
+
 TEST(AlertCommands, EachIsActedOnOnceInThisRunAndTheNext) {
   test::TestHost host;
   const auto early = SpotOf("G4ABC", "10:00", "early");
@@ -151,14 +158,16 @@ TEST(AlertCommands, EachIsActedOnOnceInThisRunAndTheNext) {
   const auto sameTime = SpotOf("M0XYZ", "11:00", "same time");
   const auto next = SpotOf("K1AA", "11:00", "next");
   const auto overtaken = SpotOf("K1AA", "10:30", "overtaken");
+  auto undated = SpotOf("N1ZZ", "11:00", "undated");
+  undated->UTCDateTime.reset();
   const auto received = [&host](const std::string& comment) {
     return Split(host.EventLog(), "{" + comment + "}").size() - 1;
   };
   {
     ProgramRun run(host.World);
-    run.Page = PageOfTwo;
-    run.Take({early, late});
-    run.Take({early, late, sameTime});
+    run.Take({early, undated, late});
+    undated->ID = "of another reading";
+    run.Take({early, undated, late, sameTime});
     run.Take({overtaken, sameTime});
     EXPECT_EQ(run.SettingsFilesMade, 1);
   }
@@ -167,11 +176,10 @@ TEST(AlertCommands, EachIsActedOnOnceInThisRunAndTheNext) {
   EXPECT_EQ(settings.ReadStringKey("General", "LastAlertCommand"), "2026-11-24 11:00:00 " + sameTime->ID);
   {
     ProgramRun run(host.World);
-    run.Page = PageOfTwo;
-    run.Take({early, overtaken, late, sameTime, next});
+    run.Take({early, overtaken, undated, late, sameTime, next});
     EXPECT_EQ(run.SettingsFilesMade, 0);
   }
-  for (const auto* comment : {"early", "late", "same time", "next", "overtaken"})
+  for (const auto* comment : {"early", "late", "same time", "next", "overtaken", "undated"})
     EXPECT_EQ(received(comment), 1U) << comment;
 }
 
@@ -179,6 +187,7 @@ TEST(AlertCommands, ARememberedTimeInTheFutureSilencesNobody) {
   test::TestHost host;
   host.Disk.Put(SettingsPath, "[General]\r\nLastAlertCommand=2031-01-01 00:00:00 x\r\n");
   ProgramRun run(host.World);
+  run.ReadPage();
   run.Take({SpotOf("G4ABC", "11:59", "before the start")});
   EXPECT_EQ(run.Alerts.Count(), 0U);
   host.Time.MoveTo(host.Time.Now() + std::chrono::hours(1));
@@ -193,52 +202,41 @@ TEST(AlertCommands, ASlowClockMakesNoOldCommandNew) {
                                           SpotOf("G4ABC", "12:04", "RBNN")};
   for (int run = 0; run < 2; ++run) {
     ProgramRun program(host.World);
-    program.Page = PageOfTwo;
     program.Take(spots);
     host.Time.MoveTo(host.Time.Now() + std::chrono::seconds(30));
   }
   EXPECT_EQ(Split(host.EventLog(), "{moved}").size(), 2U) << "received once";
 }
 
-// What its station adds after it takes its place; a page that is read for a later command does for all.
-TEST(AlertCommands, AnOptOutWaitsForThePageThatCouldNotBeRead) {
+TEST(AlertCommands, AllWaitForThePageAlsoOverTheEndOfTheRun) {
   test::TestHost host;
-  ProgramRun run(host.World);
-  run.Take(
-      {SpotOf("G4ABC", "11:45", "RBNN"), SpotOf("M0XYZ", "11:45", "RBNN"), SpotOf("M0XYZ", "11:50", "qrv")});
-  EXPECT_EQ(run.PagesRead, 1);
-  EXPECT_EQ(run.Keys(), "!SPOT_ALERT!_202611241150_M0XYZ_G/LD-003\n");
-  run.Page = PageOfTwo + Table({.Time = "12:00", .Callsign = "M0XYZ"});
-  run.Take({SpotOf("N1ZZ", "11:51", "qrv")});
-  EXPECT_EQ(run.Keys(),
-            "!SPOT_ALERT!_202611241151_N1ZZ_G/LD-003\n!SPOT_ALERT!_202611241150_M0XYZ_G/LD-003\n"
-            "2026-11-24 20:00:00_G4ABC_G/LD-001_\n2026-11-24 12:00:00_M0XYZ_G/LD-001_\n");
-  EXPECT_TRUE(Contains(host.Disk.Text(SettingsPath), "LastAlertCommand=2026-11-24 11:51:00 "));
-}
-
-TEST(AlertCommands, AnOptOutThatWaitsOutlivesTheRun) {
-  test::TestHost host;
-  const auto optOut = SpotOf("G4ABC", "11:45", "RBNN");
-  const auto later = SpotOf("M0XYZ", "11:50", "qrv");
+  host.Disk.Put(WaitingPath, "no command\r\n");
   {
     ProgramRun run(host.World);
-    run.Take({optOut, later});
-    EXPECT_FALSE(Contains(host.Disk.Text(SettingsPath), "LastAlertCommand"));
+    run.Take({SpotOf("G4ABC", "11:45", "RBNN"), SpotOf("M0XYZ", "11:45", "RBNN"),
+              SpotOf("M0XYZ", "11:50", "qrv")});
+    EXPECT_EQ(run.Alerts.Count(), 0U);
+    EXPECT_FALSE(host.Disk.Exists(ModificationsPath));
   }
   ProgramRun run(host.World);
-  run.Page = PageOfTwo;
-  run.Take({optOut, later});
+  run.Page = PageOfTwo + Table({.Time = "12:00", .Callsign = "M0XYZ"});
+  run.LogAlerts = true;
+  run.ReadPage();
   EXPECT_EQ(run.Keys(), "!SPOT_ALERT!_202611241150_M0XYZ_G/LD-003\n2026-11-24 20:00:00_G4ABC_G/LD-001_\n");
+  EXPECT_FALSE(host.Disk.Exists(WaitingPath));
+  EXPECT_TRUE(host.Disk.Exists("/brelwin/SOTAAlertsAfterSelfSpots_202611241200.txt"));
+  EXPECT_TRUE(Contains(host.EventLog(), "not kept: no command\r\n"));
 }
 
 TEST(AlertCommands, WhatCannotBeWrittenIsTriedAgain) {
   test::TestHost host;
   ProgramRun run(host.World);
   run.Page = PageOfTwo;
-  host.Disk.Unwritable.insert(test::MemoryFiles::Name(ModificationsPath));
+  run.ReadPage();
+  host.Disk.ReadOnly = true;
   run.Take({SpotOf("G4ABC", "11:45", "moved"), SpotOf("K1AA", "11:50", "RBNN")});
   EXPECT_FALSE(Contains(host.Disk.Text(SettingsPath), "LastAlertCommand"));
-  host.Disk.Unwritable.clear();
+  host.Disk.ReadOnly = false;
   const auto keys = run.Keys();
   run.ReadPage();
   EXPECT_EQ(run.Keys(), keys);

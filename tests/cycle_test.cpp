@@ -256,6 +256,38 @@ TEST_F(Story, InputThatWouldStartWorkIsDroppedWhileAPageIsRead) {
   EXPECT_EQ(Reads(), 3U);
 }
 
+// The page drips for a minute and a half, with the stream, which wants it, and without, where a command does.
+TEST_F(Story, TheListNeverWaitsForTheAlertsPage) {
+  for (const std::string stream : {"0", "1"}) {
+    ProgramStory story;
+    story.Settings("SecondsBetweenChecks=5\r\n", "RBNSpotsEnabled=" + stream + "\r\n");
+    story.Sockets.Peer(ProgramStory::LoggingIn());
+    const auto page = test::Heading() + test::Table({.Time = "12:10"});
+    story.Internet.Answer(test::AlertsAddress, ScriptedAnswer{.Body = "", .Delay = seconds(20)});
+    story.Internet.Answer(
+        test::AlertsAddress,
+        ScriptedAnswer{.Body = page, .BetweenPieces = seconds(1), .PieceSize = page.size() / 90 + 1});
+    story.Internet.AnswerAlways(
+        FeedAddress,
+        FeedText({FeedItemText("G4ABC on G/LD-003 @ 7.032 CW", PubDate("11:59:00"), "Posted by G4ABC")}));
+    bool clicked = false;
+    const auto click = story.Queue.CallAfter(seconds(8), [&] {
+      const auto reads = story.ReadsOf(FeedAddress);
+      story.Window().Spots.cmdGetSPOTS.Click();
+      clicked = story.ReadsOf(FeedAddress) == reads + 1;
+    });
+    story.Brelwin.Start({}, {});
+    story.Queue.RunFor(minutes(8));
+    EXPECT_TRUE(clicked) << stream;
+    EXPECT_GT(story.ReadsOf(FeedAddress), 70U) << stream << ": checks go on";
+    const auto log = story.EventLog();
+    EXPECT_EQ(Split(log, "Self-spot of G4ABC received").size(), 2U) << log;
+    EXPECT_EQ(Split(log, "Adding alert:").size(), 2U) << log;
+    EXPECT_LT(log.find("waits until the alerts have been read"), log.find("Adding alert:"));
+    EXPECT_LE(story.ReadsOf(test::AlertsAddress), stream == "0" ? 2U : 3U) << "at the pace of the interval";
+  }
+}
+
 TEST_F(Story, TheSettingsBoxesComplainAndTakeEffectAtOnce) {
   Start();
   auto& box = Window().Spots.txtSecondsBetweenChecks;

@@ -182,6 +182,29 @@ TEST(GatewayCycle, AfterAStallWhatWaitedIsShownButNotSent) {
   EXPECT_EQ(program.Posts("G4ABC"), 1U) << program.EventLog();
 }
 
+// A template without the gateway's mark, whose login is a trusted spotter's.
+TEST(GatewayCycle, AnOwnPostIsNoCommandEvenAfterARestart) {
+  GatewayProgram program;
+  const std::string settings = "/brelwin/Brelwin.INI";
+  program.Disk.Put(settings, Replace(program.Disk.Text(settings), "[Gateway]\r\n",
+                                     "[Gateway]\r\nSpotCommentTemplate=CQ at XXX wpm, RBNN\r\n"));
+  program.Disk.Put("/brelwin/SOTATrustedSpotters.txt", "q0zz\r\n");
+  program.Run();
+  EXPECT_EQ(program.LinesWith("SpotCommentTemplate - "), 1U);
+  ASSERT_EQ(FormFields(program.Http.Requests.at(0).Body)["comments"], "CQ at 22 wpm, RBNN");
+  program.Internet.AnswerAlways(
+      test::FeedAddress,
+      test::FeedText({test::FeedItemText("G4ABC on G/LD-001 @ 14.0625 CW", test::PubDate("12:00:20"),
+                                         "CQ at 22 wpm, RBNN Posted by Q0ZZ")}));
+  program.Brelwin.Quit();
+  program.Queue.HasQuit = program.World.ShuttingDown = false;
+  Program next(program.World);
+  next.Start({}, {});
+  program.Queue.RunFor(seconds(5));
+  EXPECT_EQ(program.LinesWith("This gateway's own post of G4ABC is no command"), 1U) << program.EventLog();
+  EXPECT_EQ(program.LinesWith("received from trusted chaser"), 0U);
+}
+
 // The tick finds the login being tested, leaves the stream alone and takes it up at the next one.
 TEST(GatewayCycle, ALoginTestHoldsTheStreamBackAndLosesNothing) {
   GatewayProgram program;

@@ -24,6 +24,7 @@ class Alert:
     summit: str
     before: int  # minutes; 0: the user's
     after: int
+    announced: str  # as the activator wrote it; of two stations the base callsign
     before_otherwise: int | None = None  # were it not for the summit reference that opens the window
 
     def __post_init__(self) -> None:
@@ -74,6 +75,7 @@ class Activation:
     """One table of the page: who, when and where."""
     second: int | None  # of the day
     stations: tuple[str, ...]
+    callsigns: str
     summit: str
     comment: str
 
@@ -92,7 +94,7 @@ def _activation(table: str) -> Activation | None:
     summit = re.search(r'>(.*?)<', link)
     comment = re.search(r'<span class="comment">(.*?)</span>', table, re.DOTALL)
     return Activation(int(clock[1]) * 3600 + int(clock[2]) * 60 if clock else None, tuple(stations),
-                      _plain(summit.group(1)) if on and summit else '', _plain(comment.group(1)) if comment else '')
+                      _plain(callsigns), _plain(summit.group(1)) if on and summit else '', _plain(comment.group(1)) if comment else '')
 
 
 def activations(page: str):
@@ -130,8 +132,14 @@ class Alerts:
         self.were_read = False
         self.alerts: dict[str, Alert] = {}  # by key in capitals, in order
         self.entries: list[Entry] = []
-        self.waiting: list[feed.Spot] = []  # opt-outs that came before any alerts were read
+        self.waiting: list[tuple[feed.Spot, int]] = []  # commands that came before any alerts were read, and when
+        self.acted_on: set[str] = set()  # commands, by their spots
         self.by_station: dict[str, list[Alert]] | None = None  # none: to be made again
+
+    def start_anew(self) -> None:
+        """The program ends and starts: the modifications, what waits and what was acted on outlive it."""
+        self.were_read = False
+        self.alerts, self.by_station = {}, None
 
     # The page.
 
@@ -165,7 +173,8 @@ class Alerts:
         start = f'{_stamp(utc, "%Y-%m-%d %H:%M:%S")}_{base}_{found.summit}_'
         custom_key = _field(start + '!CUSTOM_WINDOW!')
         key = custom_key if is_custom else _field(start + found.comment.replace(' ', '')[:10])
-        alert = Alert(key, utc, base, found.summit, before, after)
+        announced = found.callsigns if len(found.stations) == 1 else base
+        alert = Alert(key, utc, base, found.summit, before, after, announced)
         if by_hours[0] and marker_is_in_reference(found.comment):
             alert.before_otherwise = self.settings.overrides.get(radio.upper(base), (0, 0))[0]
         if is_withdrawn(found.comment):
@@ -213,28 +222,42 @@ class Alerts:
 
     # Commands by spots.
 
-    def take_command(self, spot: feed.Spot) -> None:
-        self.waiting = [other for other in self.waiting if other.base != spot.base]
-        if opts_out(spot.comment) and not self.were_read:
-            self.waiting.append(spot)
-        self._change(spot, not opts_out(spot.comment))
+    def take_command(self, spot: feed.Spot, now: int) -> None:
+        """`now`: when the spot was read, in seconds."""
+        if spot.id in self.acted_on:
+            return
+        self.acted_on.add(spot.id)
+        utc = now if spot.utc is None else spot.utc
+        if self.were_read:
+            self._change(spot, utc)
+        else:
+            self.waiting.append((spot, utc))
 
     def take_waiting(self) -> None:
         waiting, self.waiting = self.waiting, []
-        for spot in waiting:
-            self._change(spot, False)
+        for spot, utc in waiting:
+            self._change(spot, utc)
 
-    def _change(self, spot: feed.Spot, adds: bool) -> None:
-        for alert in self.matching(spot.base, spot.utc):
+    def _change(self, spot: feed.Spot, utc: int) -> None:
+        is_opt_out = opts_out(spot.comment)
+        bases = {spot.base} | (self._bases_that_may_be(spot) if is_opt_out else set())
+        for alert in [alert for base in bases for alert in self.matching(base, utc)]:
             del self.alerts[alert.name]
             self.by_station = None
             self.entries.append(Entry(False, alert))
-        if adds:
-            before, after = self.settings.overrides.get(radio.upper(spot.base), (0, 0))
-            key = _field(f'!SPOT_ALERT!_{_stamp(spot.utc, "%Y%m%d%H%M")}_{spot.base}_{spot.summit}')
-            alert = Alert(key, spot.utc, spot.base, spot.summit, before, after)
-            if self._add_in_front(alert):
-                self.entries.append(Entry(True, alert))
+        if not is_opt_out:
+            self._add(spot, utc)
+
+    def _bases_that_may_be(self, spot: feed.Spot) -> set[str]:
+        forms = radio.callsign_forms(spot.station)
+        return {alert.base for alert in self.alerts.values() if forms & radio.callsign_forms(alert.announced)}
+
+    def _add(self, spot: feed.Spot, utc: int) -> None:
+        before, after = self.settings.overrides.get(radio.upper(spot.base), (0, 0))
+        key = _field(f'!SPOT_ALERT!_{_stamp(utc, "%Y%m%d%H%M")}_{spot.base}_{spot.summit}')
+        alert = Alert(key, utc, spot.base, spot.summit, before, after, spot.station)
+        if self._add_in_front(alert):
+            self.entries.append(Entry(True, alert))
 
     # Matching.
 

@@ -80,7 +80,12 @@ class Stall:
     seconds: int
 
 
-Event = Check | Page | Post | Line | Lost | Connection | Switch | Stall
+class Start:
+    """The program was ended and started anew."""
+    t: int
+
+
+Event = Start | Check | Page | Post | Line | Lost | Connection | Switch | Stall
 
 
 def _text(entry: dict, name: str) -> str:
@@ -128,6 +133,9 @@ class _Reader:
 
     def _take_lost(self, entry: dict) -> None:
         self.events.append(Lost(entry['t'], _text(entry, 'text')))
+
+    def _take_start(self, entry: dict) -> None:
+        self.events.append(Start(entry['t']))
 
     def _take_connection(self, entry: dict) -> None:
         self.events.append(Connection(entry['t'], entry['connection'], entry['kind'], entry.get('how', '')))

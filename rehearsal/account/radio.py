@@ -10,6 +10,7 @@ BANDS = ((0, 0, 0.135), (1, 2, 1.8), (3, 4, 3.5), (28, 30, 28), (50, 55, 50), (1
          (136001, 141000, 136000), (142000, 149000, 142000), (241000, 250000, 250000))
 MODE_WORDS = {'am': 'am', 'cw': 'cw', 'data': 'data', 'fm': 'fm', 'rtty': 'rtty', 'ssb': 'ssb', 'psk': 'psk',
               'bpsk': 'psk'}
+CALLSIGN = re.compile(r'[A-Z0-9]*[A-Z][A-Z0-9]*\d[A-Z]+')
 
 
 def upper(text: str) -> str:
@@ -91,10 +92,9 @@ def base_callsign(text: str) -> str:
 
 
 def callsign_forms(text: str) -> set[str]:
-    """The base callsign, and whatever looks like a callsign between slashes and other signs."""
-    pieces = re.split('[^A-Z0-9]+', upper(text))
-    whole = {piece for piece in pieces if re.fullmatch(r'[A-Z0-9]*[A-Z][A-Z0-9]*[0-9][A-Z]+', piece)}
-    return ({base_callsign(text)} | whole) - {''}
+    """Every callsign that the text may stand for: its base callsign and the pieces that look like one."""
+    pieces = re.findall(r'[A-Z0-9]+', upper(text))
+    return {form for form in [base_callsign(text), *(piece for piece in pieces if CALLSIGN.fullmatch(piece))] if form}
 
 
 def duplicate_key(base: str, mhz: float) -> str:

@@ -8,6 +8,7 @@ from account.alerts import Alerts, is_command
 from account.bounds import Bounds
 from account.gates import TimedSpot
 from account.items import Fate, Item, Tally
+from account.posted import Posted
 from account.settings import Settings
 from account.stream import Heard, Parser, form_body
 
@@ -33,7 +34,6 @@ REAL_TIME = Tolerance(margin=400, jitter=1000, haste=10_000, is_real_time=True)
 
 class Replay:
     def __init__(self, events: list[ledger.Event], settings: Settings, tolerance: Tolerance) -> None:
-        self.source = sources.Service() if settings.by_service else sources.Feed()
         self.refusals = questions.refusals(events)
         self.events = questions.as_readings(events) if settings.by_service else events
         self.at = 0
@@ -42,29 +42,39 @@ class Replay:
         self.tally = Tally()
         self.bounds = Bounds(events, settings)
         self.alerts = Alerts(settings)
+        self.posted = Posted()
         self.known = set(settings.known)
-        self.parser = Parser(settings, self.alerts, self.known, tolerance.margin)
-        self.current: list[TimedSpot] = []
-        self.sent: dict[str, int] = {}
         self.waiting: list[ledger.Line] = []
         self.taken: list[ledger.Line] = []  # by this check
         self.connection = 0  # the latest that was opened
+        self._start_anew()
+        self.unknown: dict[str, int] = {}  # keys of posts that were taken without the program knowing
+
+    def _start_anew(self) -> None:
+        """What does not outlive the program's end."""
+        self.is_first_load = True
+        self.source = sources.Service() if self.settings.by_service else sources.Feed()
+        self.alerts.start_anew()
+        self.parser = Parser(self.settings, self.alerts, self.known, self.tolerance.margin)
+        self.current: list[TimedSpot] = []
+        self.sent: dict[str, int] = {}
+        self.tally.lost += len(self.waiting)
+        self.waiting = []
         self.is_connected = False
         self.parsed_at = 0    # when the lines of this check were taken
         self.quiet_since = 0  # the end of the last check
-        self.unknown: dict[str, int] = {}  # keys of posts that were taken without the program knowing
 
     def run(self) -> Tally:
-        page = self._next_page()
-        if page is not None:
-            self._take_feed(page, is_first_load=True)
         while (page := self._next_page()) is not None:
-            if page.path == FEED and self._is_final_check_of_nothing(page):
+            if self.is_first_load:
+                self.is_first_load = False
+                self._take_feed(page, is_first_load=True)
+            elif page.path == FEED and self._is_final_check_of_nothing(page):
                 self.quiet_since = page.t
             elif page.path == FEED:
                 self._check(page)
             elif page.path == ALERTS:
-                self._take_alerts(page)
+                self._take_alerts(page, page.t)
         return self.tally
 
     # The ledger, event by event.
@@ -83,7 +93,9 @@ class Replay:
         return None
 
     def _note(self, event: ledger.Event) -> None:
-        if isinstance(event, ledger.Line):
+        if isinstance(event, ledger.Start):
+            self._start_anew()
+        elif isinstance(event, ledger.Line):
             if event.connection == self.connection:
                 self.waiting.append(event)
             else:
@@ -102,7 +114,10 @@ class Replay:
             self.is_connected = event.kind != 'close'
 
     def _peek(self, *kinds: type) -> ledger.Event | None:
-        return next((event for event in self.events[self.at:self.at + 5000] if isinstance(event, kinds)), None)
+        """The next of these in this run of the program."""
+        found = next((event for event in self.events[self.at:self.at + 5000]
+                      if isinstance(event, (ledger.Start, *kinds))), None)
+        return None if isinstance(found, ledger.Start) else found
 
     def _take_what_came_until(self, t: int) -> None:
         """Lines that came in the same moment as the page before."""
@@ -117,9 +132,9 @@ class Replay:
     def _check(self, page: ledger.Page) -> None:
         self._take_feed(page)
         now = page.t
-        following = self._peek(ledger.Page)
-        if following is not None and following.path == ALERTS and following.asked - now < AT_ONCE:
-            now = self._take_alerts(self._next_page())
+        alerts_page = self._alerts_page_asked_for(now)
+        if alerts_page is not None:
+            now = self._take_alerts(alerts_page, self._check_feed_until(alerts_page))
         self._take_what_came_until(now)
         now = self._after_late_lines(now)
         self.taken, self.waiting = self.waiting, []
@@ -132,6 +147,24 @@ class Replay:
         self.parsed_at = now
         self.tally.lines += about_stations
         self.quiet_since = self._pass_gates(heard, now) if self.settings.sends else now
+
+    def _alerts_page_asked_for(self, now: int) -> ledger.Page | None:
+        for event in self.events[self.at:self.at + 5000]:
+            if isinstance(event, ledger.Start):
+                return None
+            if isinstance(event, ledger.Page) and event.path == ALERTS:
+                return event if event.asked - now < AT_ONCE else None
+        return None
+
+    def _check_feed_until(self, alerts_page: ledger.Page) -> int:
+        """Checks of the feed go on while the alerts page is on its way. Returns when the program has the page."""
+        while (page := self._next_page()) is not alerts_page:
+            self._take_feed(page)
+        page = self._peek(ledger.Page)
+        if page is None or page.path != FEED or page.asked > alerts_page.t:
+            return alerts_page.t
+        self._take_feed(self._next_page())
+        return page.t
 
     def _is_final_check_of_nothing(self, page: ledger.Page) -> bool:
         """The feed was read sooner than the next check can come: the program looked at a spot that was not thought
@@ -146,31 +179,20 @@ class Replay:
         if reading is None:
             return
         for spot in reversed(reading.new):
-            if is_command(spot, self.settings):
-                self._read_alerts_for_command(page)
-                self.alerts.take_command(spot)
+            if is_command(spot, self.settings) and not self.posted.holds(spot, page.t):
+                self.alerts.take_command(spot, page.t // 1000)
         self.current = reading.applied_to(self.current, page.t, MOST_CURRENT_SPOTS)
 
     def _learn_from_feed(self, page: ledger.Page) -> None:
         self.known.update(spot.base for spot in self.source.spots(page))
 
-    def _read_alerts_for_command(self, page: ledger.Page) -> None:
-        following = self._peek(ledger.Page)
-        if self.alerts.were_read or following is None:
-            return
-        if following.path == ALERTS and following.asked - page.t < AT_ONCE:
-            self._read_alerts(self._next_page())
-
-    def _read_alerts(self, page: ledger.Page) -> bool:
+    def _take_alerts(self, page: ledger.Page, now: int) -> int:
         is_whole = page.whole or page.body.rstrip(' \t\r\n').lower().endswith('</html>')
-        succeeded = page.status != 0 and is_whole and self.alerts.take_page(page.body, page.t)
+        succeeded = page.status != 0 and is_whole and self.alerts.take_page(page.body, now)
         self.known.update(alert.base for alert in self.alerts.alerts.values() if len(alert.base) > 2)
-        return succeeded
-
-    def _take_alerts(self, page: ledger.Page) -> int:
-        if self._read_alerts(page) and self.alerts.were_read:
+        if succeeded and self.alerts.were_read:
             self.alerts.take_waiting()
-        return page.t
+        return now
 
     def _after_late_lines(self, now: int) -> int:
         """In real time the program takes the lines a little after the page: the final check, if one follows, shows
@@ -348,6 +370,7 @@ class Replay:
         return self._take_outcome(spot.base, spot.key, post)
 
     def _take_outcome(self, base: str, key: str, post: ledger.Post) -> int:
+        self.posted.add(post)
         status, now = outcomes.of_post(post, self.settings.time_out)
         now = self.bounds.awake(now)
         self.unknown.pop(key, None)

@@ -1,24 +1,29 @@
 #include "alerts/alert_commands.h"
 
 #include <algorithm>
+#include <set>
+#include <string>
 #include <utility>
+#include <vector>
 
-#include "alerts/alert_key.h"
 #include "alerts/alert_window.h"
 #include "alerts/alerts_report.h"
 #include "alerts/matching.h"
 #include "alerts/modifications.h"
-#include "alerts/page_markup.h"
+#include "alerts/spot_alert.h"
 #include "alerts/withdrawal.h"
 #include "base/text.h"
 #include "core/data_files.h"
 #include "core/trap.h"
+#include "radio/callsign.h"
 #include "radio/dates.h"
 
 namespace brelwin {
 namespace {
 
 constexpr std::string_view Procedure = "GetSotawatchSpots";
+
+using Stations = std::set<std::string>;  // base callsigns
 
 void LogMessage(Host& host, const std::string& message) {
   LogEvent(host, std::string(Procedure).append(" - ").append(message));
@@ -28,35 +33,6 @@ std::string Received(const Spot& spot) {
   const auto comment = " with this comment: {" + spot.Comment + "}";
   if (spot.IsSelfSpot) return "Self-spot of " + spot.Station + " received" + comment;
   return "Spot of " + spot.Station + " received from trusted chaser " + spot.Spotter + comment;
-}
-
-std::string OneLine(const std::string& text) {
-  const auto line = WithBlanks(text);
-  return std::string(Trim(line));
-}
-
-AlertPointer AlertOfSpot(const Spot& spot, const AlertWindow& window, const Clock& clock) {
-  auto alert = std::make_shared<SOTAAlert>();
-  SetAlertDateAndTime(*alert, spot.UTCDateTime.value_or(UTCNow(clock)));
-  alert->UTCAlertTimeStr = ClockText(*alert->UTCAlertDateAndTime);
-  alert->LocalDateAndTimeRetrieved = clock.LocalNow();
-  alert->IsSelfSpotAlert = true;
-  alert->Comment = OneLine(spot.Comment);
-  alert->FrequencyModes = OneLine(spot.FrequencyString + " " + spot.ModeString);
-  alert->MaxMinutesBeforeAlertTime = window.MinutesBefore;
-  alert->MaxMinutesAfterAlertTime = window.MinutesAfter;
-  alert->OperatorName = OneLine(spot.OperatorName);
-  alert->Spotter = OneLine(spot.Spotter);
-  alert->Station = OneLine(spot.Station);
-  alert->stationBaseCallsign = OneLine(spot.stationBaseCallsign);
-  alert->SummitDesignator = OneLine(spot.SummitDesignator);
-  alert->SummitName = OneLine(spot.SummitName);
-  alert->SummitElevationInMeters = spot.SummitElevationInMeters;
-  alert->SummitElevationInFeet = spot.SummitElevationInFeet;
-  alert->SummitPoints = spot.SummitPoints;
-  alert->SummitDescription = OneLine(spot.SummitDescription);
-  alert->AlertKey = alert->ID = SpotAlertKey(*alert);
-  return alert;
 }
 
 }  // namespace
@@ -74,69 +50,88 @@ class AlertCommands::Batch {
         scene_(scene),
         overrides_(DurationOverrides::Load(commands.host_)) {}
 
-  void Take(const SpotPointer& spot) {
-    LogMessage(host_, Received(*spot));
-    ReadAlertsOnce();
-    if (host_.ShuttingDown) return;
-    std::erase_if(commands_.waiting_, [&](const auto& waiting) {
-      return waiting->stationBaseCallsign == spot->stationBaseCallsign;
-    });
-    if (HoldsOptOutWord(spot->Comment) && !scene_.Alerts.WereRead()) {
-      commands_.waiting_.push_back(spot);
-      commands_.memory_.Remember(*spot);
-    } else {
-      Do(spot);
-    }
-    SaveMemory();
+  void TakeUnlessOwnPost(const Spot& spot) {
+    if (!scene_.IsOwnPost(spot)) return Take(spot);
+    LogMessage(host_,
+               "This gateway's own post of " + spot.Station + " is no command: {" + spot.Comment + "}");
+    commands_.memory_.Remember(spot);
   }
 
   void TakeWaiting() {
-    if (commands_.waiting_.empty() || !scene_.Alerts.WereRead()) return;
-    for (const auto& spot : std::exchange(commands_.waiting_, {})) Do(spot);
-    SaveMemory();
+    for (const auto& command : commands_.waiting_.TakeAll()) Do(command);
+    Save();
   }
 
-  bool HasAdded() const { return hasAdded_; }
+  void ReportAdditions() const {
+    if (!hasAdded_ || !scene_.LogAlertsAfterSelfSpots) return;
+    const auto name = "SOTAAlertsAfterSelfSpots_" + CompactMinutesText(host_.Time.LocalNow()) + ".txt";
+    WriteAlertsReport(host_, InProgramFolder(host_, name), scene_.Alerts);
+  }
 
  private:
-  void ReadAlertsOnce() {
-    if (scene_.Alerts.WereRead() || hasTriedToRead_) return;
-    hasTriedToRead_ = true;
-    scene_.ReadAlertsPage();
-    TakeWaiting();
+  void Take(const Spot& spot) {
+    LogMessage(host_, Received(spot));
+    const auto command = AlertOfSpot(spot, host_.Time);
+    if (scene_.Alerts.WereRead()) {
+      Do(command);
+    } else {
+      Wait(command);
+    }
+    commands_.memory_.Remember(spot);
+    Save();
+  }
+
+  void Wait(const SOTAAlert& command) {
+    LogMessage(host_, "The command waits until the alerts have been read.");
+    commands_.waiting_.Add(command);
   }
 
   // What cannot be written waits for the next reading of the page, which undoes it.
-  void Do(const SpotPointer& spot) {
-    if (LogErrors(host_, Procedure, false, [&] { return Change(*spot); })) {
-      commands_.memory_.Remember(*spot);
-    } else {
-      commands_.waiting_.push_back(spot);
-    }
+  void Do(const SOTAAlert& command) {
+    if (!LogErrors(host_, Procedure, false, [&] { return Change(command); })) commands_.waiting_.Add(command);
   }
 
   // Removes the station's alerts around the time of the spot and adds one for it. False when the
   // modifications file could not be written.
-  bool Change(const Spot& spot) {
+  bool Change(const SOTAAlert& command) {
+    const bool optsOut = HoldsOptOutWord(command.Comment);
     std::vector<std::string> entries;
-    Remove(spot, entries);
-    if (!HoldsOptOutWord(spot.Comment)) Add(spot, entries);
+    Remove(optsOut ? StationsThatMayBe(command) : Stations{command.stationBaseCallsign},
+           *command.UTCAlertDateAndTime, entries);
+    if (!optsOut) Add(command, entries);
     if (AppendModifications(host_, "", entries)) return true;
     LogMessage(host_, "The alert modifications could not be written to SOTAAlertModifications.txt.");
     return false;
   }
 
-  // The file knows the newest command only, so while one waits it would be lost by the next start.
-  void SaveMemory() {
-    if (commands_.waiting_.empty()) commands_.memory_.Save();
+  // The memory knows the newest command only, so one that waits and is not on the disk would be lost by the
+  // next start.
+  void Save() {
+    if (commands_.waiting_.Save()) commands_.memory_.Save();
   }
 
-  void Remove(const Spot& spot, std::vector<std::string>& entries) {
-    const auto matches = GetMatchedAlerts(host_, spot.stationBaseCallsign, spot.UTCDateTime, false,
-                                          scene_.Alerts, scene_.Filter);
-    if (matches.Alerts.empty()) return;
+  // An opt-out reaches the activator under whatever callsign the activation was announced.
+  Stations StationsThatMayBe(const SOTAAlert& command) const {
+    Stations stations;
+    for (const auto& entry : scene_.Alerts.All()) {
+      const auto& alert = *entry.Item.Alert;
+      const auto& announced = alert.AnnouncedCallsign.empty() ? alert.Station : alert.AnnouncedCallsign;
+      if (alert.stationBaseCallsign == command.stationBaseCallsign ||
+          MayBeSameStation(command.Station, announced))
+        stations.insert(alert.stationBaseCallsign);
+    }
+    return stations;
+  }
+
+  void Remove(const Stations& stations, DateTime time, std::vector<std::string>& entries) {
+    std::vector<AlertPointer> alerts;
+    for (const auto& station : stations) {
+      const auto found = GetMatchedAlerts(host_, station, time, false, scene_.Alerts, scene_.Filter).Alerts;
+      alerts.insert(alerts.end(), found.begin(), found.end());
+    }
+    if (alerts.empty()) return;
     LogMessage(host_, "Removing alerts:");
-    for (const auto& alert : matches.Alerts) {
+    for (const auto& alert : alerts) {
       LogEvent(host_, DelimitedData(*alert));
       scene_.Alerts.Remove(alert->ID);
       scene_.Alerts.NoteWithdrawn(alert, Withdrawal::RemovedByEntry);
@@ -144,8 +139,12 @@ class AlertCommands::Batch {
     }
   }
 
-  void Add(const Spot& spot, std::vector<std::string>& entries) {
-    const auto alert = AlertOfSpot(spot, overrides_.Of(spot.stationBaseCallsign), host_.Time);
+  void Add(const SOTAAlert& command, std::vector<std::string>& entries) {
+    const auto window = overrides_.Of(command.stationBaseCallsign);
+    auto alert = std::make_shared<SOTAAlert>(command);
+    alert->LocalDateAndTimeRetrieved = host_.Time.LocalNow();
+    alert->MaxMinutesBeforeAlertTime = window.MinutesBefore;
+    alert->MaxMinutesAfterAlertTime = window.MinutesAfter;
     if (!scene_.Alerts.AddInFront(alert)) return;
     hasAdded_ = true;
     LogMessage(host_, "Adding alert:");
@@ -157,11 +156,11 @@ class AlertCommands::Batch {
   Host& host_;
   const AlertCommandScene& scene_;
   DurationOverrides overrides_;
-  bool hasTriedToRead_ = false;
   bool hasAdded_ = false;
 };
 
-AlertCommands::AlertCommands(Host& host, CommandMemory memory) : host_(host), memory_(std::move(memory)) {}
+AlertCommands::AlertCommands(Host& host, CommandMemory memory)
+    : host_(host), memory_(std::move(memory)), waiting_(host) {}
 
 void AlertCommands::CarryOut(const SpotCollection& newSpots, const AlertCommandScene& scene) {
   std::vector<SpotPointer> commands;
@@ -174,19 +173,19 @@ void AlertCommands::CarryOut(const SpotCollection& newSpots, const AlertCommandS
   for (const auto& command : commands) {
     if (host_.ShuttingDown) break;
     LogErrors(host_, Procedure, false, [&] {
-      if (memory_.IsNew(*command)) batch.Take(command);
+      if (memory_.IsNew(*command)) batch.TakeUnlessOwnPost(*command);
       return true;
     });
   }
-  if (!batch.HasAdded() || !scene.LogAlertsAfterSelfSpots) return;
-  const auto name = "SOTAAlertsAfterSelfSpots_" + CompactMinutesText(host_.Time.LocalNow()) + ".txt";
-  WriteAlertsReport(host_, InProgramFolder(host_, name), scene.Alerts);
+  batch.ReportAdditions();
 }
 
 void AlertCommands::CarryOutWaiting(const AlertCommandScene& scene) {
-  if (waiting_.empty() || !scene.Alerts.WereRead()) return;
+  if (waiting_.Empty() || !scene.Alerts.WereRead()) return;
   LogErrors(host_, Procedure, false, [&] {
-    Batch(*this, scene).TakeWaiting();
+    Batch batch(*this, scene);
+    batch.TakeWaiting();
+    batch.ReportAdditions();
     return true;
   });
 }

@@ -3,11 +3,10 @@
 #pragma once
 
 #include <functional>
-#include <string>
-#include <vector>
 
 #include "alerts/alert_collection.h"
 #include "alerts/command_memory.h"
+#include "alerts/waiting_commands.h"
 #include "platform/host.h"
 #include "spots/spot.h"
 #include "spots/spot_filter.h"
@@ -17,9 +16,9 @@ namespace brelwin {
 // What commands act on.
 struct AlertCommandScene {
   AlertCollection& Alerts;
-  const SpotFilter& Filter;              // the user's window counts for alerts without one
-  std::function<void()> ReadAlertsPage;  // into Alerts; may yield
-  bool LogAlertsAfterSelfSpots = false;  // write a report when commands have added alerts
+  const SpotFilter& Filter;                    // the user's window counts for alerts without one
+  std::function<bool(const Spot&)> IsOwnPost;  // a post of the program's own gateway is no command
+  bool LogAlertsAfterSelfSpots = false;        // write a report when commands have added alerts
 };
 
 class AlertCommands {
@@ -27,21 +26,25 @@ class AlertCommands {
   AlertCommands(Host& host, CommandMemory memory);
 
   // Acts on the commands among the new spots (which are the newest first, their trust already known), the
-  // oldest first, each once in the life of the settings file. The page is read first when it has not been
-  // read in this run, at most once a call. Removals and additions are written to the modifications file,
-  // those of one command at once, before the command is remembered. Opt-outs for which there is no page yet,
-  // and commands that could not be written, wait. Quitting leaves the rest for the next start.
+  // oldest first, each once in the life of the settings file. Removals and additions are written to the
+  // modifications file, those of one command at once, before the command is remembered. As long as the page
+  // has not been read in this run commands wait, also over the end of the run, and so do those that could not
+  // be written. Quitting leaves the rest for the next start. Does not yield.
   void CarryOut(const SpotCollection& newSpots, const AlertCommandScene& scene);
 
-  // Acts on the commands that wait. To be called whenever the page has been read.
+  // Acts on the commands that wait, in the order of their spots. To be called whenever the page has been
+  // read.
   void CarryOutWaiting(const AlertCommandScene& scene);
+
+  // Whether commands wait for the page.
+  bool AreWaiting() { return !waiting_.Empty(); }
 
  private:
   class Batch;
 
   Host& host_;
   CommandMemory memory_;
-  std::vector<SpotPointer> waiting_;
+  WaitingCommands waiting_;
 };
 
 // Whether the spot commands alerts: by the activator himself or by a trusted spotter, and not posted by a

@@ -138,7 +138,7 @@ std::int32_t GetAlertsFromSotawatchHTMLPage(Host& host, const AlertsPageRequest&
                                             AlertCollection& alerts, CallsignCollection& knownActivators,
                                             std::string& errorText) {
   errorText.clear();
-  InternetTransfer transfer(host);
+  InternetTransfer transfer(host, DuringTransfer::OthersMayStart);
   const auto page = transfer.OpenURL(request.Url);
   if (!transfer.LastStatus()) {
     errorText = transfer.LastErrorMessage();

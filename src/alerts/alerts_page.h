@@ -18,11 +18,11 @@ struct AlertsPageRequest {
   std::int32_t MaximumHoursAhead = 0;   // reading stops at the first alert farther ahead; 0: nowhere
 };
 
-// Fetches the page, yielding meanwhile, and replaces the alerts with what it announces. New activators are
-// added to the known ones and to "SOTAActivators.txt" when there is such a file. Returns -1 when it ran to
-// the end, 0 when the page came empty or broke off before its closing tag or an error ended it, -100 when it
-// could not be fetched. In the last two cases, and for a page without any day heading, the alerts stay as
-// they are, and the error text says why.
+// Fetches the page, yielding meanwhile, in which others may start work, and replaces the alerts with what it
+// announces. New activators are added to the known ones and to "SOTAActivators.txt" when there is such a
+// file. Returns -1 when it ran to the end, 0 when the page came empty or broke off before its closing tag or
+// an error ended it, -100 when it could not be fetched. In the last two cases, and for a page without any day
+// heading, the alerts stay as they are, and the error text says why.
 std::int32_t GetAlertsFromSotawatchHTMLPage(Host& host, const AlertsPageRequest& request,
                                             AlertCollection& alerts, CallsignCollection& knownActivators,
                                             std::string& errorText);

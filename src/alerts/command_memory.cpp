@@ -1,12 +1,15 @@
 #include "alerts/command_memory.h"
 
 #include <utility>
+#include <vector>
 
+#include "alerts/page_markup.h"
 #include "base/encoding.h"
 #include "base/text.h"
 #include "core/data_files.h"
 #include "core/ini_utilities.h"
 #include "radio/dates.h"
+#include "spots/spot_collections.h"
 
 namespace brelwin {
 namespace {
@@ -16,6 +19,8 @@ constexpr std::string_view Key = "LastAlertCommand";
 constexpr std::size_t TimeLength = 19;
 constexpr std::size_t LongestStoredID = 100;  // with the time, less than a value can hold
 constexpr std::size_t MostRemembered = 10000;
+constexpr std::size_t MostUndated = 1000;
+constexpr std::size_t LongestUndated = 500;  // of a line, in characters
 constexpr std::int64_t MinutesPerDay = 1440;
 
 std::string StoredID(std::string_view id) {
@@ -29,6 +34,12 @@ DateTime Believable(DateTime time, const Clock& clock) {
   return time < AddMinutes(now, MinutesPerDay) ? time : now;
 }
 
+// The text of a spot without a time, as a line.
+std::string UndatedLine(const Spot& command) {
+  const auto line = WithBlanks(TextIdentity(command));
+  return std::string(Trim(FirstCharacters(line, LongestUndated)));
+}
+
 clsINIUtilities SettingsFile(Host& host, const std::string& path) {
   clsINIUtilities file(host);
   file.INIPath = path;
@@ -40,11 +51,16 @@ clsINIUtilities SettingsFile(Host& host, const std::string& path) {
 CommandMemory::CommandMemory(Host& host, std::string settingsPath, std::function<bool()> prepareSettingsFile)
     : host_(host),
       settingsPath_(std::move(settingsPath)),
-      prepareSettingsFile_(std::move(prepareSettingsFile)) {}
+      prepareSettingsFile_(std::move(prepareSettingsFile)),
+      undatedFile_(host, "SOTAAlertCommandsUndated.txt") {}
 
 void CommandMemory::LoadOnce() {
-  if (isLoaded_) return;
-  isLoaded_ = true;
+  if (std::exchange(isLoaded_, true)) return;
+  LoadNewest();
+  for (const auto& line : undatedFile_.Read()) undated_.Add(true, line);
+}
+
+void CommandMemory::LoadNewest() {
   const auto value = SettingsFile(host_, settingsPath_).ReadStringKey(Section, Key);
   const auto time = ReadDateTime(std::string_view(value).substr(0, TimeLength));
   if (!time) return;
@@ -52,38 +68,57 @@ void CommandMemory::LoadOnce() {
   newest_ = ofEarlierRuns_;
 }
 
-DateTime CommandMemory::TimeOf(const Spot& command) const {
-  return Believable(command.UTCDateTime.value_or(UTCNow(host_.Time)), host_.Time);
-}
-
 bool CommandMemory::IsNew(const Spot& command) {
   LoadOnce();
+  return command.UTCDateTime ? IsNewByTime(command) : !undated_.Contains(UndatedLine(command));
+}
+
+bool CommandMemory::IsNewByTime(const Spot& command) {
   if (ofThisRun_.Contains(command.ID)) return false;
   if (!ofEarlierRuns_) return true;
   if (StoredID(command.ID) == ofEarlierRuns_->ID) {
     hasPassedNewest_ = true;
     return false;
   }
-  const auto time = TimeOf(command);
+  const auto time = Believable(*command.UTCDateTime, host_.Time);
   if (time == ofEarlierRuns_->Time) return hasPassedNewest_;
   return time > ofEarlierRuns_->Time;
 }
 
 void CommandMemory::Remember(const Spot& command) {
   LoadOnce();
+  if (command.UTCDateTime) return RememberByTime(command);
+  if (!undated_.AddInFront(true, UndatedLine(command))) return;
+  undated_.Trim(MostUndated);
+  isUndatedSaved_ = false;
+}
+
+void CommandMemory::RememberByTime(const Spot& command) {
   ofThisRun_.AddInFront(true, command.ID);
   ofThisRun_.Trim(MostRemembered);
-  const auto time = TimeOf(command);
+  const auto time = Believable(*command.UTCDateTime, host_.Time);
   if (newest_ && time < newest_->Time) return;
   newest_ = {time, StoredID(command.ID)};
   isSaved_ = false;
 }
 
 void CommandMemory::Save() {
+  SaveNewest();
+  SaveUndated();
+}
+
+void CommandMemory::SaveNewest() {
   if (std::exchange(isSaved_, true)) return;
   if (!prepareSettingsFile_()) return;
   SettingsFile(host_, settingsPath_)
       .WriteStringKey(Section, Key, DateTimeText(newest_->Time) + " " + newest_->ID);
+}
+
+void CommandMemory::SaveUndated() {
+  if (isUndatedSaved_) return;
+  std::vector<std::string> lines;
+  for (const auto& entry : undated_) lines.push_back(entry.Key);
+  isUndatedSaved_ = undatedFile_.Write(lines);
 }
 
 }  // namespace brelwin

@@ -1,11 +1,13 @@
 // Which alert commands have been acted on. A command is acted on once, also when the feed delivers it again
-// or the program is started anew.
+// or the program is started anew. The newest one is known by its time; those whose spots have no time are
+// known by their texts, one a line of "SOTAAlertCommandsUndated.txt".
 #pragma once
 
 #include <functional>
 #include <optional>
 #include <string>
 
+#include "core/line_file.h"
 #include "platform/host.h"
 #include "spots/spot.h"
 
@@ -25,7 +27,8 @@ class CommandMemory {
   // For this run.
   void Remember(const Spot& command);
 
-  // For the runs to come: writes the newest of the remembered commands to the settings file.
+  // For the runs to come: writes the newest of the remembered commands to the settings file, and those
+  // without a time to theirs.
   void Save();
 
  private:
@@ -35,7 +38,11 @@ class CommandMemory {
   };
 
   void LoadOnce();
-  DateTime TimeOf(const Spot& command) const;
+  void LoadNewest();
+  bool IsNewByTime(const Spot& command);
+  void RememberByTime(const Spot& command);
+  void SaveNewest();
+  void SaveUndated();
 
   Host& host_;
   std::string settingsPath_;
@@ -46,6 +53,9 @@ class CommandMemory {
   std::optional<Newest> newest_;
   bool isSaved_ = true;
   KeyedCollection<bool> ofThisRun_;  // keyed by the spots' IDs, the newest first
+  LineFile undatedFile_;
+  bool isUndatedSaved_ = true;
+  KeyedCollection<bool> undated_;  // keyed by lines of the file, the newest first
 };
 
 }  // namespace brelwin

@@ -1,6 +1,7 @@
 #include "core/internet_transfer.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "base/encoding.h"
 #include "core/fetch_mark.h"
@@ -42,7 +43,8 @@ std::string InternetTransfer::OpenURL(std::string_view theURL) {
   lastTransportError_ = "Another page is being read";
   if (host_.FetchInProgress) return {};
 
-  const FetchMark mark(host_);
+  std::optional<FetchMark> mark;
+  if (during_ == DuringTransfer::NothingStarts) mark.emplace(host_);
   const auto silently = [this](const RuntimeError& error) { lastTransportError_ = error.Description; };
   return TrapErrors([&] { return Fetch(theURL); }, std::string(), silently);
 }

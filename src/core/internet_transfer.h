@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -9,9 +10,13 @@
 
 namespace brelwin {
 
+// Whether the rest of the program may start work, such as reading another page, while this one is read.
+enum class DuringTransfer : std::uint8_t { NothingStarts, OthersMayStart };
+
 class InternetTransfer {
  public:
-  explicit InternetTransfer(Host& host) : host_(host) {}
+  explicit InternetTransfer(Host& host, DuringTransfer during = DuringTransfer::NothingStarts)
+      : host_(host), during_(during) {}
 
   // Reads the whole body of the address as text, yielding to the event queue meanwhile. Empty when nothing
   // could be read. A page that was answered at all, 404 and 500 included, counts as opened; a body that is
@@ -35,6 +40,7 @@ class InternetTransfer {
   std::string Fetch(std::string_view theURL);
 
   Host& host_;
+  DuringTransfer during_;
   bool lastStatus_ = false;
   std::string lastErrorMessage_;
   int lastStatusCode_ = 0;

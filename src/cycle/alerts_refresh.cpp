@@ -24,7 +24,24 @@ void NoteFailure(MainWindow& window, const std::string& errorText) {
   if (!failure.Since) failure.Since = window.World.Time.LocalNow();
 }
 
+// The page may take its time, and the list does not wait for it: the timer runs meanwhile, whoever stopped
+// it.
+class TicksGoOn {
+ public:
+  explicit TicksGoOn(MainWindow& window) : window_(window), before_(window.Controls.tmrCheckSpots.Enabled) {
+    window_.Controls.tmrCheckSpots.Enabled = !window_.World.ShuttingDown;
+  }
+  TicksGoOn(const TicksGoOn&) = delete;
+  TicksGoOn& operator=(const TicksGoOn&) = delete;
+  ~TicksGoOn() { window_.Controls.tmrCheckSpots.Enabled = before_ && !window_.World.ShuttingDown; }
+
+ private:
+  MainWindow& window_;
+  bool before_;
+};
+
 std::int32_t ReadAlertsPage(MainWindow& window) {
+  const TicksGoOn ticks(window);
   const auto afterWindow =
       WholeNumber(window.Controls.RBN.txtRBNMaxMinutesAfterAlertTime.Text.Get(), window.World.Numbers);
   const AlertsPageRequest request{window.Config.Addresses.SotawatchAlerts, afterWindow,
@@ -38,13 +55,18 @@ std::int32_t ReadAlertsPage(MainWindow& window) {
 }
 
 AlertCommandScene SceneOf(MainWindow& window, const SpotFilter& filter) {
-  return {window.Alerts, filter, [&window] { ReadAlertsPage(window); },
+  return {window.Alerts, filter,
+          [&window](const Spot& spot) { return window.SpotGateway.Posted.Holds(spot); },
           window.Config.LogAlertsAfterSelfSpots};
 }
 
 // An instant that has not come yet is long past: the first check finds everything due.
 bool HasPassed(const std::optional<Instant>& since, double minutes, Instant now) {
   return !since || static_cast<double>(MinutesBetween(*since, now)) > minutes;
+}
+
+std::int32_t RefreshInterval(const MainWindow& window) {
+  return WholeNumber(window.Controls.RBN.txtSOTAAlertsRefreshInterval.Text.Get(), window.World.Numbers);
 }
 
 void ArchiveWhenDue(MainWindow& window) {
@@ -60,10 +82,8 @@ void ArchiveWhenDue(MainWindow& window) {
 }  // namespace
 
 void RefreshAlertsWhenDue(MainWindow& window, const SpotFilter& filter) {
-  const auto interval =
-      WholeNumber(window.Controls.RBN.txtSOTAAlertsRefreshInterval.Text.Get(), window.World.Numbers);
   if (window.World.ShuttingDown) return;
-  if (!HasPassed(window.LastAlertsRefreshTime, interval, window.World.Time.Now())) return;
+  if (!HasPassed(window.LastAlertsRefreshTime, RefreshInterval(window), window.World.Time.Now())) return;
   const bool succeeded = ReadAlertsPage(window) == Success;
   if (window.World.ShuttingDown && !succeeded) return;  // the page was not read: the reports stay as they are
   window.Controls.Spots.lblNoSotawatchConnection.Visible =
@@ -74,6 +94,14 @@ void RefreshAlertsWhenDue(MainWindow& window, const SpotFilter& filter) {
   }
   WriteAlertsReport(window.World, {}, window.Alerts);
   ArchiveWhenDue(window);
+}
+
+void ReadAlertsForCommands(MainWindow& window, const SpotFilter& filter) {
+  if (window.World.ShuttingDown || !window.Commands.AreWaiting()) return;
+  auto& last = window.LastReadingForCommands;
+  if (!HasPassed(last, RefreshInterval(window), window.World.Time.Now())) return;
+  last = window.World.Time.Now();
+  if (ReadAlertsPage(window) == Success) window.Commands.CarryOutWaiting(SceneOf(window, filter));
 }
 
 void CarryOutAlertCommands(MainWindow& window, const SpotCollection& newSpots, const SpotFilter& filter) {

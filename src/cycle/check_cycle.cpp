@@ -1,6 +1,7 @@
 #include "cycle/check_cycle.h"
 
 #include <cmath>
+#include <utility>
 
 #include "core/trap.h"
 #include "cycle/alerts_refresh.h"
@@ -28,27 +29,30 @@ void CountDown(MainWindow& window) {
 
 void Check(MainWindow& window) {
   auto& timer = window.Controls.tmrCheckSpots;
-  window.CheckInProgress = true;
+  const bool isWithinAnother = std::exchange(window.CheckInProgress, true);
   timer.Enabled = false;
   ShowUTCTime(window);
   CheckForSpots(window);
   window.World.Events.DoEvents();
-  window.CheckInProgress = false;
+  window.CheckInProgress = isWithinAnother;
   timer.Enabled = !window.World.ShuttingDown;
 }
 
-// While they wait, get-spots-now may ask for another check: that one leaves these steps out. So does a check
-// that finds the login being tested, since the gateway could only wait for the end of it.
-bool MayTakeStreamSteps(const MainWindow& window) {
-  return window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value && !window.StreamStepsInProgress &&
-         !window.SpotGateway.Transfer.SendInProgress();
+// While they wait, the timer or get-spots-now may ask for another check: that one leaves these steps out. So
+// does a check that finds the login being tested, since the gateway could only wait for the end of it.
+bool MayTakeSlowSteps(const MainWindow& window) {
+  return !window.StreamStepsInProgress && !window.SpotGateway.Transfer.SendInProgress();
 }
 
-void TakeStreamSteps(MainWindow& window, SpotFilter& filter) {
-  if (!MayTakeStreamSteps(window)) return;
+void TakeSlowSteps(MainWindow& window, SpotFilter& filter) {
+  if (!MayTakeSlowSteps(window)) return;
   window.StreamStepsInProgress = true;
-  TrapErrorsSilently([&] { RefreshAlertsWhenDue(window, filter); });
-  TrapErrorsSilently([&] { TakeSkimmerSpots(window, filter); });
+  if (window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) {
+    TrapErrorsSilently([&] { RefreshAlertsWhenDue(window, filter); });
+    TrapErrorsSilently([&] { TakeSkimmerSpots(window, filter); });
+  } else {
+    TrapErrorsSilently([&] { ReadAlertsForCommands(window, filter); });
+  }
   window.StreamStepsInProgress = false;
 }
 
@@ -63,7 +67,7 @@ void CheckForSpots(MainWindow& window) {
     FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
   });
   TrapErrorsSilently([&] { TakeSotawatchSpots(window, filter); });
-  TakeStreamSteps(window, filter);
+  TakeSlowSteps(window, filter);
   TrapErrorsSilently([&] {
     tab.picDownload.Visible = false;
     tab.lblCheckingForSpots.Visible = false;

@@ -3,6 +3,7 @@
 #include <chrono>
 
 #include "radio/dates.h"
+#include "spots/spot_collections.h"
 
 namespace brelwin {
 namespace {
@@ -28,11 +29,7 @@ void DeliveredSpots::ForgetOld(Instant now) {
 
 std::string DeliveryIdentity(const Spot& spot) {
   if (spot.UTCDateTime) return CompactText(*spot.UTCDateTime) + spot.Station + spot.Spotter;
-  std::string identity = "untimed";
-  for (const auto* field : {&spot.Station, &spot.SummitDesignator, &spot.FrequencyString, &spot.ModeString,
-                            &spot.Comment, &spot.Spotter})
-    identity.append("\n").append(*field);
-  return identity;
+  return TextIdentity(spot);
 }
 
 }  // namespace brelwin

@@ -46,6 +46,14 @@ void MergeInFront(const SpotCollection& newSpots, SpotCollection& target, std::i
   if (maximum > 0) target.Trim(most);
 }
 
+std::string TextIdentity(const Spot& spot) {
+  std::string identity = "untimed";
+  for (const auto* field : {&spot.Station, &spot.SummitDesignator, &spot.FrequencyString, &spot.ModeString,
+                            &spot.Comment, &spot.Spotter})
+    identity.append("\n").append(*field);
+  return identity;
+}
+
 bool IsDuplicateSpot(const Spot& held, const Spot& spot) {
   return held.stationBaseCallsign == spot.stationBaseCallsign &&
          RoundedToThreeDecimals(held.FrequencyInMhz) == RoundedToThreeDecimals(spot.FrequencyInMhz);

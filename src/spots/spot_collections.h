@@ -57,6 +57,9 @@ SpotCollection FirstSpots(const SpotCollection& spots, std::size_t maximum);
 // first of them; 0 or less keeps all. Costs nothing per spot of the target.
 void MergeInFront(const SpotCollection& newSpots, SpotCollection& target, std::int32_t maximum = 0);
 
+// What makes a spot without a time the same in the next read and in the next run: everything that it says.
+std::string TextIdentity(const Spot& spot);
+
 // The duplicate test: equal base callsigns and equal frequencies, rounded to 3 decimals.
 bool IsDuplicateSpot(const Spot& held, const Spot& spot);
 

@@ -56,13 +56,11 @@ class Story:
     """A ledger under construction; the first load and the first check, which reads the alerts, come by
     themselves."""
 
-    def __init__(self, *items: str, page: str = '', commands: bool = False) -> None:
+    def __init__(self, *items: str, page: str = '') -> None:
         self.lines: list[dict] = []
         self.requests = 0
         self.items = items or (OTHER,)
         self.page('/RssFeed', 0, feed_page(*self.items))
-        if commands:
-            self.page('/alerts.php', 0.2, page or alerts_page())
         self.write('open', 1, connection=1)
         self.page('/RssFeed', 10, feed_page(*self.items))
         self.page('/alerts.php', 10.1, page or alerts_page())
@@ -251,6 +249,15 @@ class Lines(unittest.TestCase):
         self.assertEqual(cut.judge().items, [], 'what is behind the break is unknown')
         later = Story(OTHER).check(20, out, OTHER).page('/alerts.php', 20.1, alerts_page()).hear(25)
         self.assertEqual(later.check(30, out, OTHER).judge().items, [], 'the deletion outlives the next page')
+
+    def test_commands_wait_for_the_alerts_and_an_own_post_is_none(self) -> None:
+        early = item('G4ABC/P on G/LD-009 @ 14.062 CW', 1, spotter='G4ABC')
+        self.assertIn('summit=LD-009', Story(early, OTHER).hear(15).check(20).judge().items[0].body)
+        later = alerts_page('12:40').split('</span>', 1)[1].replace('LD-001', 'LD-005')
+        own = item('G4ABC/P on G/LD-001 @ 7.032 CW', 0, 'CQ CQ at 22 wpm. S/N=24 dB at KM3T-2 (Via Tarnlink)', 'Q0ZZ')
+        story = Story(page=alerts_page('12:05') + later).hear(15).check(20).check(30).post(30.1)
+        story.check(40, own, OTHER).hear(1800, '7036.0').check(1805, own, OTHER)
+        self.assertIn('summit=LD-005', story.judge(SOTATrustedSpotters='Q0ZZ\n').items[1].body)
 
     def test_near_a_boundary_in_real_time_nothing_is_decided(self) -> None:
         story = Story(page=alerts_page('13:02')).hear(55).check(60.7)
