@@ -16,6 +16,7 @@ namespace practice {
 struct PublishedSpot {
   std::int64_t Time = 0;  // UTC, in seconds since 1970
   ScriptedSpot What;
+  bool IsDated = true;  // false: the feed does not tell the time
 
   // Grows from spot to spot, also over a restart.
   std::int64_t Identity() const { return Time << 12; }

@@ -22,8 +22,8 @@ string Item(const PublishedSpot& spot, const string& baseAddress) {
   return "    <item>\n      " + Element("title", MarkupText(TitleOf(what), Markup::NamedEntities)) +
          "\n      " + Element("link", baseAddress + "/summits.php?summit=" + what.Summit) + "\n      " +
          Element("description", MarkupText(description, what.Writing)) + "\n      " +
-         Element("pubDate", RssTime(spot.Time)) + "\n      <guid isPermaLink=\"false\">" +
-         std::to_string(spot.Identity()) + "</guid>\n    </item>\n";
+         (spot.IsDated ? Element("pubDate", RssTime(spot.Time)) : "") +
+         "\n      <guid isPermaLink=\"false\">" + std::to_string(spot.Identity()) + "</guid>\n    </item>\n";
 }
 
 string SearchResult(const PublishedSpot& spot) {

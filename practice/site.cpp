@@ -85,9 +85,22 @@ void Site::Sent(const Exchange& exchange, bool whole) {
   ledger_.Write(record);
 }
 
+std::vector<PublishedSpot> Site::SpotsOfFeed(std::int64_t now) {
+  auto spots = feed_.Newest(now, options_.ItemsOfAPage);
+  for (auto& spot : spots) {
+    const bool isOwn = spot.What.Station.find(spot.What.Spotter) != string::npos;
+    spot.IsDated = !isOwn || spot.Time % 100 >= options_.UndatedInAHundred;
+  }
+  return spots;
+}
+
+bool Site::AlertsAreAway(std::int64_t now) const {
+  return (now - options_.Play.Origin) % options_.AlertsAreAwayEvery < options_.SecondsWithoutAlerts;
+}
+
 // The feed is built anew only when there is something new, or somebody reaches it by another address.
 string Site::Rss(const string& baseAddress, std::int64_t now) {
-  const auto spots = feed_.Newest(now, options_.ItemsOfAPage);
+  const auto spots = SpotsOfFeed(now);
   const auto newest = spots.empty() ? 0 : spots.front().Identity();
   const auto link = "<link>" + baseAddress + "/</link>";
   if (newest != newestInFeed_ || feedText_.find(link) == string::npos)
@@ -100,6 +113,7 @@ Reply Site::PageFor(const Asked& asked, std::int64_t now) {
   const auto path = PathOf(asked.Target);
   Reply page;
   if (asked.Method != "GET") return {.Status = 404};
+  if (path == "/alerts.php" && AlertsAreAway(now)) return {.Status = 0};
   if (path == "/RssFeed") {
     page.Type = "application/rss+xml; charset=utf-8";
     page.Body = Rss(asked.BaseAddress, now);

@@ -8,8 +8,10 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "announcements.h"
+#include "day_script.h"
 #include "feed.h"
 #include "ledger.h"
 #include "random.h"
@@ -34,6 +36,9 @@ struct SiteOptions {
   ServiceOptions Json = {};
   int TroublesInAThousand = 0;  // of pages that come late, cut, empty, with status 500 or not at all
   std::size_t ItemsOfAPage = 100;
+  int UndatedInAHundred = 0;                       // of the feed's spots that activators made of themselves
+  std::int64_t SecondsWithoutAlerts = 0;           // for so long the alerts page is away, from the start on
+  std::int64_t AlertsAreAwayEvery = SecondsOfDay;  // and again after each of so many seconds
 };
 
 // One request and its answer, on the way.
@@ -63,6 +68,8 @@ class Site {
   Reply PageFor(const Asked& asked, std::int64_t now);
   bool IsOfService(std::string_view path) const;
   Reply ServicePage(const Asked& asked, std::string_view path, std::int64_t now);
+  bool AlertsAreAway(std::int64_t now) const;
+  std::vector<PublishedSpot> SpotsOfFeed(std::int64_t now);
   std::string Rss(const std::string& baseAddress, std::int64_t now);
   void TakeForm(const Asked& asked, std::int64_t now, Exchange& exchange);
   void Trouble(Reply& page);

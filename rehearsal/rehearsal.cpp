@@ -18,7 +18,8 @@ using brelwin::Milliseconds;
 
 constexpr std::int64_t FirstDay = 1'767'260'000;  // 1 January 2026, about half past nine
 constexpr std::int64_t SecondsOfDay = 86'400;
-constexpr std::size_t ItemsOfAPage = 60;  // more than the longest time of a duplicate needs
+constexpr std::int64_t SecondsOfARun = 10'800;  // after which the program is ended and started anew
+constexpr std::size_t ItemsOfAPage = 60;        // more than the longest time of a duplicate needs
 
 constexpr auto Faulty =
     "honest:60,wrong-password:2,unknown-association:2,bad-frequency:2,failed:2,without-echo:3,server-error:3,"
@@ -34,6 +35,9 @@ practice::SiteOptions SiteOptionsOf(const Plan& plan, std::int64_t begin) {
   if (plan.HasFaults) {
     options.Form.Mix = *practice::ReadSpotliteMix(Faulty);
     options.TroublesInAThousand = 40;
+    options.UndatedInAHundred = 20;
+    options.AlertsAreAwayEvery = SecondsOfARun;
+    options.SecondsWithoutAlerts = random.Between(0, 40) * 60;
   }
   return options;
 }
@@ -58,17 +62,29 @@ class Stage {
   void Put(const std::string& name, const std::string& text) { host_.Disk.Put("/brelwin/" + name, text); }
   std::string Text(const std::string& name) const { return host_.Disk.Text("/brelwin/" + name); }
 
+  // With faults in several runs, which the ledger tells apart.
   void Play(const Plan& plan) {
+    auto rest = static_cast<std::int64_t>(plan.Hours * 3600);
+    const auto longestRun = plan.HasFaults ? SecondsOfARun : rest;
+    for (; rest > longestRun; rest -= longestRun) {
+      PlayRun(plan, longestRun);
+      ledger_.Write(practice::Record("start"));
+    }
+    PlayRun(plan, rest);
+  }
+
+ private:
+  void PlayRun(const Plan& plan, std::int64_t seconds) {
+    host_.Queue.HasQuit = world_.ShuttingDown = false;
     brelwin::Program program(world_);
     program.Start({}, Password);
     std::optional<Disturbances> disturbances;
     if (plan.HasFaults)
       disturbances.emplace(host_.Queue, host_.Time, program.Controls().Gateway, ledger_, plan.Seed);
-    host_.Queue.RunFor(Milliseconds(static_cast<std::int64_t>(plan.Hours * 3'600'000)));
+    host_.Queue.RunFor(std::chrono::seconds(seconds));
     program.Quit();
   }
 
- private:
   std::int64_t begin_;
   brelwin::test::TestHost host_;
   RehearsalClock clock_{host_.Time, begin_};

@@ -86,6 +86,18 @@ FAULTS = [
           'if (!(minutes > 0)) return;', 'if (minutes < 1e9) return;'),
     Fault('every spot type is posted', 'src/rbn/line_facts.cpp',
           'return EqualsIgnoringCase(line_.Field(SpotField::Type), "CQ");', 'return true;'),
+    Fault('commands do not wait for the alerts', 'src/alerts/alert_commands.cpp',
+          'if (scene_.Alerts.WereRead()) {', 'if (scene_.Alerts.WereRead() || true) {'),
+    Fault('waiting commands end with the run', 'src/alerts/waiting_commands.cpp',
+          'for (const auto& line : file_.Read()) {', 'for (const auto& line : std::vector<std::string>()) {'),
+    Fault('what the gateway posted is a command', 'src/gateway/posted_spots.cpp',
+          'return std::ranges::any_of(posts_,', 'return false && std::ranges::any_of(posts_,'),
+    Fault('what was posted is forgotten at the end of the run', 'src/gateway/posted_spots.cpp',
+          'for (const auto& line : file_.Read()) {', 'for (const auto& line : std::vector<std::string>()) {'),
+    Fault('a command without a time acts in every run', 'src/alerts/command_memory.cpp',
+          'for (const auto& line : undatedFile_.Read())', 'for (const auto& line : std::vector<std::string>())'),
+    Fault('an opt-out reaches one callsign only', 'src/alerts/alert_commands.cpp',
+          'MayBeSameStation(command.Station, announced)', 'MayBeSameStation("", announced)'),
 ]
 
 
