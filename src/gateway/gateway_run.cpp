@@ -180,7 +180,7 @@ std::function<bool()> GatewayRun::LastLook(const Spot& spot) const {
 
 void GatewayRun::Post(const SpotPointer& spot, const GatewaySender& sender) {
   message_.clear();
-  gateway_.Posted.Remember(*spot, GatewaySpotComment(sender_.CommentTemplate, *spot));
+  gateway_.Posted.Remember(*spot, GatewaySpotComment(sender.CommentTemplate, *spot));
   const auto result =
       SendRBNSpotToSotawatch(gateway_.World, gateway_.Transfer, gateway_.Settings, sender.Login,
                              sender.Password, sender.CommentTemplate, spot.get(), LastLook(*spot));
