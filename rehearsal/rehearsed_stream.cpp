@@ -101,7 +101,8 @@ void RehearsedStream::Tick() {
 
 // Whoever is heard may ask, while that waits to be posted, not to be.
 void RehearsedStream::OptOut(const std::string& line, const std::vector<practice::PublishedSpot>& onTheAir) {
-  for (const auto& [moment, spot] : onTheAir) {
+  for (const auto& published : onTheAir) {
+    const auto& spot = published.What;
     if (line.find(" " + spot.Station + " ") == std::string::npos) continue;
     auto word = spot;
     word.Comment = "no Tarnlink please";
