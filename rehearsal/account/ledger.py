@@ -80,6 +80,7 @@ class Stall:
     seconds: int
 
 
+@dataclasses.dataclass
 class Start:
     """The program was ended and started anew."""
     t: int
