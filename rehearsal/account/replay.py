@@ -161,7 +161,7 @@ class Replay:
         while (page := self._next_page()) is not alerts_page:
             self._take_feed(page)
         page = self._peek(ledger.Page)
-        if page is None or page.path != FEED or page.asked > alerts_page.t:
+        if page is None or page.path != FEED or page.asked >= alerts_page.t:
             return alerts_page.t
         self._take_feed(self._next_page())
         return page.t
