@@ -87,8 +87,11 @@ TEST_F(Intake, ACutFeedDeliversWhatItHoldsAndLosesNothing) {
 }
 
 TEST_F(Intake, AnUntimedItemIsNewOnlyOnce) {
-  const auto feed = FeedText({Item("G4BBB", "no time at all"), Item("G4AAA", "11:57:00")});
-  EXPECT_EQ(Take(feed), "G4BBB G4AAA ");
+  const std::string title = "G4BBB on G/LD-001 @ 7.032 CW";
+  const auto feed =
+      FeedText({Item("G4BBB", "12:00:00"), Item("G4BBB", "no time at all"),
+                FeedItemText(title, "none", "RBNN Posted by M0XYZ"), Item("G4AAA", "11:57:00")});
+  EXPECT_EQ(Take(feed), "G4BBB G4BBB G4BBB G4AAA ") << "of one station, spotter and second";
   for (int hour = 0; hour < 60; ++hour) {
     host_.Queue.RunFor(std::chrono::hours(1));
     EXPECT_EQ(Take(feed), "") << hour;

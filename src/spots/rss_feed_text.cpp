@@ -31,6 +31,7 @@ class ItemReader {
              SpotCollection& spots, FeedReadResult& result)
       : request_(request),
         utcNow_(moment.UTCNow),
+        freeTime_(moment.UTCNow),
         maker_(moment, knownActivators, result.LearnedActivators),
         spots_(spots),
         result_(result) {}
@@ -53,7 +54,11 @@ class ItemReader {
     if (result_.NewestID.empty()) result_.NewestID = made.First->ID;
     if (!request_.PreviousNewestID.empty() && made.First->ID == request_.PreviousNewestID)
       return FeedEnd::ReachedPrevious;
+    KeepApart(*made.First);
     Add(made.First);
+    if (made.Second == nullptr) return {};
+    made.Second->SpotKey = made.First->ID;
+    KeepApart(*made.Second);
     Add(made.Second);
     return {};
   }
@@ -64,8 +69,16 @@ class ItemReader {
     return maker_.MakeSpots({{}, title, said.Comment, said.Spotter, utc, itemCount_ + 1});
   }
 
+  // Spots without a time are told apart by their texts: one does not count as another of the same station and
+  // spotter because they are read in the same second.
+  void KeepApart(Spot& spot) {
+    while (!spot.UTCDateTime && spots_.Contains(spot.ID)) {
+      ++freeTime_.Seconds;
+      spot.ID = CompactText(freeTime_) + spot.Station + spot.Spotter;
+    }
+  }
+
   void Add(const SpotPointer& spot) {
-    if (spot == nullptr) return;
     if (request_.All != nullptr) request_.All->push_back(spot);
     AddObjectToCollection(spot,
                           request_.KeyByStationAndFrequency
@@ -76,6 +89,7 @@ class ItemReader {
 
   const RSSReadRequest& request_;
   DateTime utcNow_;
+  DateTime freeTime_;  // up to it the IDs of spots without a time may be taken
   SpotMaker maker_;
   SpotCollection& spots_;
   FeedReadResult& result_;
