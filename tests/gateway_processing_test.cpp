@@ -115,12 +115,16 @@ TEST(GatewayProcessing, LooksAtTheFreshFeedBeforeItSends) {
       {{{"G4ABC", "7.032", 1, "back again Posted by G4ABC"}, {"G4ABC", "7.032", 3, "RBNN Posted by G4ABC"}},
        "",
        Sent},
+      {{{"G4ABC", "7.04", 1, "own post Posted by G4ABC"}, {"G4ABC", "7.032", 3, "RBNN Posted by G4ABC"}},
+       optOut,
+       optOutEvent},
       {{{"G4ABC", "7.032", 3, "RBNN, says Posted by G4XYZ"}}, "", Sent},
       {{}, "", "No spots received from Sotawatch via RSS, so can't do final dupe check.\n" + Sent},
   };
   for (const auto& [feed, preceding, event] : cases) {
     GatewayStory story;
     story.Feed(feed);
+    story.TheGateway.Posted.Remember(*story.SkimmerSpot("G4ABC", "7.04"), "own post");
     const auto spot = story.SkimmerSpot("G4ABC", "14.062");
     story.Process({spot});
     EXPECT_EQ(story.GatewayEvents(), Begin("G4ABC") + event);

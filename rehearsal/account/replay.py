@@ -239,7 +239,8 @@ class Replay:
 
     def _final_refusal(self, spot: Heard, page: ledger.Page, now: int) -> str:
         recent = self.source.recent(page, self.settings.dupe_minutes) if page.status else []
-        refusal = self.bounds.refusal(spot, now) or gates.by_latest_word(spot, recent, self.settings)
+        words = [found for found in recent if not self.posted.holds(found, page.t)]
+        refusal = self.bounds.refusal(spot, now) or gates.by_latest_word(spot, words, self.settings)
         if refusal:
             return refusal
         fresh: dict[str, feed.Spot] = {}

@@ -28,6 +28,7 @@ FreshFeed ReadFreshFeed(Gateway& gateway, std::int32_t maximumAgeInMinutes) {
   request.KeyByStationAndFrequency = true;
   request.All = &feed.All;
   ReadSotawatchRSS(gateway.World, request, gateway.KnownActivators, feed.ByKey);
+  std::erase_if(feed.All, [&](const auto& spot) { return gateway.Posted.Holds(*spot); });
   for (const auto& spot : feed.All)
     spot->SpotterIsTrustedSpotter = gateway.TrustedSpotters.Contains(spot->SpotterBaseCallsign);
   return feed;

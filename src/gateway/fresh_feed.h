@@ -11,7 +11,7 @@ namespace brelwin {
 
 struct FreshFeed {
   SpotCollection ByKey;          // the newest of each station and frequency, newest first
-  std::vector<SpotPointer> All;  // newest first
+  std::vector<SpotPointer> All;  // but this gateway's own posts, newest first
 };
 
 // Reads the feed, waiting for it; as far back as duplicates count. Empty when it cannot be read.
