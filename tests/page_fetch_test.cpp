@@ -13,11 +13,12 @@ constexpr auto Url = "http://feed.test/RssFeed";
 
 class PageFetch : public testing::Test {
  protected:
-  std::string Read(ScriptedAnswer answer) {
+  std::string Read(ScriptedAnswer answer) { return Read(std::move(answer), transfer_); }
+  std::string Read(ScriptedAnswer answer, InternetTransfer& transfer) {
     host_.Internet.Forget(Url);
     host_.Internet.Answer(Url, std::move(answer));
     start_ = host_.World.Time.Now();
-    auto text = transfer_.OpenURL(Url);
+    auto text = transfer.OpenURL(Url);
     EXPECT_FALSE(host_.World.FetchInProgress);
     return text;
   }
@@ -44,6 +45,10 @@ TEST_F(PageFetch, EveryWaitHasItsEnd) {
     EXPECT_EQ(transfer_.LastStatus(), !text.empty());
     EXPECT_EQ(Seconds(), seconds);
   }
+  InternetTransfer patient(host_.World, DuringTransfer::OthersMayStart);
+  EXPECT_EQ(Read({.Body = "abcdef", .BetweenPieces = 31 * Second, .PieceSize = 3}, patient), "abcdef");
+  EXPECT_EQ(Read({.Body = "never", .Delay = Milliseconds(-1)}, patient), "");
+  EXPECT_EQ(Seconds(), 60);
 }
 
 TEST_F(PageFetch, ASecondFetchMeanwhileIsNotOpened) {

@@ -1,6 +1,7 @@
 #include "core/internet_transfer.h"
 
 #include <algorithm>
+#include <chrono>
 #include <optional>
 
 #include "base/encoding.h"
@@ -13,22 +14,37 @@ namespace {
 
 constexpr std::string_view UserAgent = "VB OpenUrl";
 constexpr std::uint64_t MaximumBytes = std::uint64_t{64} * 1024 * 1024;
-constexpr Milliseconds LongestSilence{30'000};  // until the connection stands, and between two bytes
-constexpr Milliseconds LongestFetch{120'000};
+
+// A page that nothing else waits for is given more time.
+struct Patience {
+  std::chrono::seconds LongestSilence;  // until the connection stands, and between two bytes
+  std::chrono::seconds LongestFetch;
+};
+
+constexpr Patience PatienceOf(DuringTransfer during) {
+  using std::chrono::seconds;
+  return during == DuringTransfer::NothingStarts ? Patience{seconds(30), seconds(120)}
+                                                 : Patience{seconds(60), seconds(240)};
+}
+
+std::string InSeconds(std::string_view what, std::chrono::seconds limit) {
+  return std::string(what) + std::to_string(limit.count()) + " seconds";
+}
 
 // Waits for the end of the page. Returns why it was not waited for any longer; empty when it has ended.
-std::string WaitForEnd(Host& host, const PageRequest& request) {
-  const auto deadline = host.Time.Now() + LongestFetch;
+std::string WaitForEnd(Host& host, const PageRequest& request, const Patience& patience) {
+  const auto deadline = host.Time.Now() + patience.LongestFetch;
   while (request.CurrentState() != PageRequest::State::Finished) {
     const auto activity = request.Activity();
     const auto somethingCame = [&] {
       return request.CurrentState() == PageRequest::State::Finished || request.Activity() != activity;
     };
-    const auto silenceEnds = host.Time.Now() + LongestSilence;
+    const auto silenceEnds = host.Time.Now() + patience.LongestSilence;
     const auto result = WaitUntil(host, somethingCame, std::min(silenceEnds, deadline));
     if (result == WaitResult::ShuttingDown) return "The program is closing";
     if (result == WaitResult::TimedOut)
-      return silenceEnds < deadline ? "No answer for 30 seconds" : "Not finished after 120 seconds";
+      return silenceEnds < deadline ? InSeconds("No answer for ", patience.LongestSilence)
+                                    : InSeconds("Not finished after ", patience.LongestFetch);
   }
   return {};
 }
@@ -51,7 +67,7 @@ std::string InternetTransfer::OpenURL(std::string_view theURL) {
 
 std::string InternetTransfer::Fetch(std::string_view theURL) {
   const auto request = host_.Internet.OpenUrl({std::string(theURL), std::string(UserAgent), MaximumBytes});
-  const auto reason = WaitForEnd(host_, *request);
+  const auto reason = WaitForEnd(host_, *request, PatienceOf(during_));
   lastTransportError_ = reason.empty() ? request->ErrorText() : reason;
   lastStatusCode_ = request->StatusCode();
   lastStatus_ = lastStatusCode_ != 0;

@@ -20,9 +20,9 @@ class InternetTransfer {
 
   // Reads the whole body of the address as text, yielding to the event queue meanwhile. Empty when nothing
   // could be read. A page that was answered at all, 404 and 500 included, counts as opened; a body that is
-  // cut ends there. Waits 30 s for the connection, 30 s for the next byte, 120 s in all, and takes 64 MiB at
-  // most; quitting ends it at once. Bytes become text line by line. A fetch while another is under way is not
-  // opened.
+  // cut ends there. Waits 30 s for the connection, 30 s for the next byte, 120 s in all, twice as long when
+  // others may start, and takes 64 MiB at most; quitting ends it at once. Bytes become text line by line. A
+  // fetch while another is under way is not opened.
   std::string OpenURL(std::string_view theURL);
 
   // Whether the last address could be opened, and "Unable to open URL" when not, else empty.
