@@ -18,8 +18,9 @@ using brelwin::Milliseconds;
 
 constexpr std::int64_t FirstDay = 1'767'260'000;  // 1 January 2026, about half past nine
 constexpr std::int64_t SecondsOfDay = 86'400;
-constexpr std::int64_t SecondsOfARun = 10'800;  // after which the program is ended and started anew
-constexpr std::size_t ItemsOfAPage = 60;        // more than the longest time of a duplicate needs
+constexpr std::int64_t SecondsOfARun = 10'800;      // after which the program is ended and started anew
+constexpr std::int64_t SecondsOfAFalseStart = 600;  // at its begin, while the alerts may still be away
+constexpr std::size_t ItemsOfAPage = 60;            // more than the longest time of a duplicate needs
 
 constexpr auto Faulty =
     "honest:60,wrong-password:2,unknown-association:2,bad-frequency:2,failed:2,without-echo:3,server-error:3,"
@@ -65,10 +66,10 @@ class Stage {
   // With faults in several runs, which the ledger tells apart.
   void Play(const Plan& plan) {
     auto rest = static_cast<std::int64_t>(plan.Hours * 3600);
-    const auto longestRun = plan.HasFaults ? SecondsOfARun : rest;
-    for (; rest > longestRun; rest -= longestRun) {
-      PlayRun(plan, longestRun);
+    for (auto run = SecondsOfAFalseStart; plan.HasFaults && rest > run; run = SecondsOfARun - run) {
+      PlayRun(plan, run);
       ledger_.Write(practice::Record("start"));
+      rest -= run;
     }
     PlayRun(plan, rest);
   }

@@ -49,11 +49,12 @@ string Settings(Random& random) {
          "/alerts.php\r\n";
 }
 
-// Every so-manieth of the activators.
-string SomeActivators(Random& random, std::size_t crowd, std::int64_t oneIn) {
+// Abroad the base of "DL/PA3XYZ/P" is DLA3XYZ: those who begin with P are needed more often.
+string SomeActivators(Random& random, std::size_t crowd) {
   string lines;
   for (const auto& callsign : practice::CrowdCallsigns(crowd))
-    if (random.OneIn(oneIn)) lines += callsign + (random.OneIn(2) ? "/P\r\n" : "\r\n");
+    if (random.OneIn(callsign.starts_with('P') ? 4 : 20))
+      lines += callsign + (random.OneIn(2) ? "/P\r\n" : "\r\n");
   return lines;
 }
 
@@ -81,7 +82,7 @@ string SomeChasers(Random& random) {
 std::map<string, string> FolderOf(std::uint64_t seed, std::size_t crowd) {
   Random random(seed, 603);
   return {{"Brelwin.INI", Settings(random)},
-          {"SOTAExcludedActivators.txt", SomeActivators(random, crowd, 20)},
+          {"SOTAExcludedActivators.txt", SomeActivators(random, crowd)},
           {"SOTATrustedSpotters.txt", SomeChasers(random)},
           {"SOTAAlertDurationOverrides.ini", Overrides(random, crowd)}};
 }

@@ -99,7 +99,7 @@ void RehearsedStream::Tick() {
       queue_.CallAfter(Milliseconds(random_.Between(1, 2 * usual) * (lines > 1 ? 2 : 1)), [this] { Tick(); });
 }
 
-// Whoever is heard may ask, while that waits to be posted, not to be.
+// Whoever is heard may ask, while that waits to be posted, not to be; under any form of his callsign.
 void RehearsedStream::OptOut(const std::string& line, const std::vector<practice::PublishedSpot>& onTheAir) {
   for (const auto& published : onTheAir) {
     const auto& spot = published.What;
@@ -107,6 +107,7 @@ void RehearsedStream::OptOut(const std::string& line, const std::vector<practice
     auto word = spot;
     word.Comment = "no Tarnlink please";
     word.Spotter = CallsignOf(spot.Station);
+    if (random_.OneIn(2)) word.Station = word.Spotter;
     return feed_.Publish(word, clock_.UTCSeconds() + random_.Between(0, MostSecondsToOptOut));
   }
 }
