@@ -72,9 +72,9 @@ void LineToPost(benchmark::State& state) {
   GatewayOnDisk gateway;
   const auto alerts = AlertOf("DL1ABC", gateway.Story.Time.LocalNow());
   WallClock::time_point posted;
-  gateway.Story.Http.Serve = [&](const HttpRequest&) {
+  gateway.Story.Internet.ServePost = [&](const HttpRequest&) {
     posted = WallClock::now();
-    return test::ScriptedPost{.Body = "submission failed"};
+    return test::ScriptedAnswer{.Body = "submission failed"};
   };
   SpotFilter filter;
   filter.FilterDuplicateSpots = true;

@@ -55,7 +55,7 @@ class Stage {
         ledger_(ledgerFile, [this] { return clock_.Milliseconds(); }),
         feed_(practice::Feed(plan.Seed, 1, begin_, plan.Crowd)),
         site_(feed_, ledger_, SiteOptionsOf(plan, begin_)),
-        way_(site_, clock_, plan.Seed),
+        web_(host_.Queue, site_, clock_, plan.Seed),
         stream_(host_.Queue, clock_, feed_, ledger_, {plan.Seed, plan.LinesAnHour, plan.HasFaults}) {
     host_.Time.SetLocalTime({begin_});
   }
@@ -92,13 +92,12 @@ class Stage {
   practice::Ledger ledger_;
   practice::SharedFeed feed_;
   practice::Site site_;
-  Way way_;
-  RehearsedInternet internet_{host_.Queue, way_};
-  RehearsedHttp http_{host_.Queue, way_};
+  RehearsedWeb web_;
   RehearsedStream stream_;
-  brelwin::Host world_{host_.Time, host_.Queue, host_.Disk,  internet_,     http_,
-                       stream_,    host_.Sound, host_.Shell, host_.Dialogs, brelwin::NumberFormat{},
-                       "/brelwin", false,       false};
+  brelwin::Host world_{host_.Time,  host_.Queue,   host_.Disk,
+                       web_,        stream_,       host_.Sound,
+                       host_.Shell, host_.Dialogs, brelwin::NumberFormat{},
+                       "/brelwin",  false,         false};
 };
 
 }  // namespace

@@ -31,7 +31,7 @@ struct GatewayProgram : test::ProgramStory {
 
   // In several chunks.
   void AnswerFormsAfter(Milliseconds delay) {
-    Http.Serve = [delay](const HttpRequest& request) {
+    Internet.ServePost = [delay](const HttpRequest& request) {
       auto answer = test::ServeSpotlite(request);
       answer.Body += std::string(2500, ' ');
       answer.Delay = delay;
@@ -56,7 +56,7 @@ struct GatewayProgram : test::ProgramStory {
     Queue.OnYield = nullptr;
   }
 
-  std::size_t Posts(const std::string& station) const { return test::PostsOf(Http, station); }
+  std::size_t Posts(const std::string& station) const { return test::PostsOf(Internet, station); }
   std::size_t LinesWith(std::string_view text) const { return Split(EventLog(), text).size() - 1; }
 
   GatewayTab& Tab() { return Window().Gateway; }
@@ -75,7 +75,7 @@ TEST(GatewayCycle, AHeardActivatorIsSpottedOnceAndEverythingSaysSo) {
   GatewayProgram program;
   program.Run();
   ASSERT_EQ(program.Posts("G4ABC"), 1U) << program.EventLog();
-  EXPECT_EQ(FormFields(program.Http.Requests[0].Body)["freq"], "14.062");
+  EXPECT_EQ(FormFields(program.Internet.Posts[0].Body)["freq"], "14.062");
   EXPECT_EQ(program.LinesWith("The spot was sent successfully!"), 1U);
   EXPECT_EQ(program.LinesWith("(min sec for respot=600)"), 1U) << "heard again on another frequency";
   auto& screen = program.Window();
@@ -131,12 +131,12 @@ TEST(GatewayCycle, QuittingAtAnyWaitPostsNothingMoreAndEndsTheLog) {
       begun = program.LinesWith("Begin processing") >
               program.LinesWith("returned status") + program.LinesWith("min sec for respot");
       program.Brelwin.Quit();
-      posts = program.Http.Requests.size();
+      posts = program.Internet.Posts.size();
       quit = program.Time.Now();
     });
     ASSERT_TRUE(program.Queue.HasQuit) << yield;
     ASSERT_LE(program.Time.Now() - quit, seconds(2)) << yield;
-    ASSERT_EQ(program.Http.Requests.size(), posts) << yield;
+    ASSERT_EQ(program.Internet.Posts.size(), posts) << yield;
     ASSERT_TRUE(program.EventLog().ends_with(": Form_Unload End\r\n")) << yield;
     ASSERT_EQ(program.LinesWith(": Form_QueryUnload\r\n"), 1U) << yield;
     ASSERT_FALSE(program.Window().tmrCheckSpots.Enabled) << yield;
@@ -191,7 +191,7 @@ TEST(GatewayCycle, AnOwnPostIsNoCommandEvenAfterARestart) {
   program.Disk.Put("/brelwin/SOTATrustedSpotters.txt", "q0zz\r\n");
   program.Run();
   EXPECT_EQ(program.LinesWith("SpotCommentTemplate - "), 1U);
-  ASSERT_EQ(FormFields(program.Http.Requests.at(0).Body)["comments"], "CQ at 22 wpm, RBNN");
+  ASSERT_EQ(FormFields(program.Internet.Posts.at(0).Body)["comments"], "CQ at 22 wpm, RBNN");
   program.Internet.AnswerAlways(
       test::FeedAddress,
       test::FeedText({test::FeedItemText("G4ABC on G/LD-001 @ 14.0625 CW", test::PubDate("12:00:20"),

@@ -82,7 +82,7 @@ TEST(GatewayProcessing, RefusesADuplicateThatSotawatchHas) {
   EXPECT_EQ(duplicate->LogLinePreceeding, "");
   EXPECT_EQ(story.Sound.Played.size(), 1U);
   EXPECT_TRUE(story.Internet.Queries.empty());
-  EXPECT_TRUE(story.Http.Requests.empty());
+  EXPECT_TRUE(story.Internet.Posts.empty());
 }
 
 // The feed, what precedes the entry in the gateway's log (nothing: the spot is sent), and the event.
@@ -175,7 +175,7 @@ TEST(GatewayProcessing, GivesUpWithoutSpotsToCompareWith) {
             "checking - - "
             "-\r\n" +
                 LogLine(*spot) + "\r\n" + Long + "\r\n");
-  EXPECT_TRUE(story.Http.Requests.empty());
+  EXPECT_TRUE(story.Internet.Posts.empty());
 
   story.TheGateway.RecentSotawatchSpots = nullptr;
   EXPECT_EQ(story.Process({spot}), -1);
@@ -216,7 +216,7 @@ TEST(GatewayProcessing, PassesOverWhomItDoesNotSend) {
   mine->SpotTypeString = " cq ";
   EXPECT_EQ(story.Process({story.SkimmerSpot("HB9DEF", "7.031"), mine}), -1);
   EXPECT_TRUE(story.GatewayEvents().ends_with(Begin("HB9DEF") + Begin("Q0ZZ") + Sent));
-  EXPECT_EQ(story.Http.Requests.size(), 1U);
+  EXPECT_EQ(story.Internet.Posts.size(), 1U);
 }
 
 TEST(GatewayProcessing, KeepsTheIntervalWhateverTheWallClockDoes) {
@@ -271,7 +271,7 @@ TEST(GatewayProcessing, LooksAtNothingUnlessEverythingIsThere) {
     change(story);
     EXPECT_EQ(story.Process({story.SkimmerSpot("G4ABC", "14.062")}), 0);
     EXPECT_EQ(story.EventLog(), "");
-    EXPECT_TRUE(story.Http.Requests.empty());
+    EXPECT_TRUE(story.Internet.Posts.empty());
   }
   GatewayStory corrected;
   corrected.RBN.chkRBNFilterDuplicateSpots.Value = false;
@@ -316,7 +316,7 @@ TEST(GatewayProcessing, ObeysAtOnceWhileSpotsWait) {
       changed = story.Time.Now();
     };
     EXPECT_EQ(story.Process(spots), -1);
-    EXPECT_EQ(story.Http.Requests.size(), sent) << words;
+    EXPECT_EQ(story.Internet.Posts.size(), sent) << words;
     EXPECT_LE(story.Time.Now() - *changed, std::chrono::seconds(sent == 2 ? 1 : 11)) << words;
     const auto& journal = story.Tab.lstGatewayJournal.Items.Get();
     EXPECT_EQ(journal.size(), spots.size());
@@ -326,11 +326,11 @@ TEST(GatewayProcessing, ObeysAtOnceWhileSpotsWait) {
 
 TEST(GatewayProcessing, HoldsAFormBackToTheLastMoment) {
   GatewayStory story;
-  story.Http.Answer({.Connecting = Milliseconds(3000)});
+  story.Internet.AnswerPost({.Connecting = Milliseconds(3000)});
   const auto click = story.Queue.CallAfter(std::chrono::seconds(1),
                                            [&] { story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false; });
   story.Process({story.SkimmerSpot("G4ABC", "14.062")});
-  EXPECT_TRUE(story.Http.Requests.empty());
+  EXPECT_TRUE(story.Internet.Posts.empty());
   EXPECT_TRUE(story.Tab.lstGatewayJournal.Items.Get()[0].ends_with(
       "not sent: switched off, or held up for too long, before the form had left"));
   EXPECT_TRUE(
@@ -351,7 +351,7 @@ TEST(GatewayProcessing, PutsEveryFailureIntoWordsAndGoesOn) {
   EXPECT_EQ(story.Tab.lblGatewayLastFailure.Caption.Get(),
             "Last submission without success: HB9DEF at 12:00: not sent: the summit is not of the form "
             "association/region-number");
-  story.Http.Answer({.ErrorNumber = 1, .Info = "Connection refused"});
+  story.Internet.AnswerPost({.Status = 0, .ErrorText = "Connection refused"});
   story.Process({story.SkimmerSpot("G4ABC", "14.062")});
   EXPECT_EQ(story.Message,
             "Submission failed, protocol error. ResponseCode=1 ResponseInfo=Connection refused");
@@ -360,7 +360,7 @@ TEST(GatewayProcessing, PutsEveryFailureIntoWordsAndGoesOn) {
 TEST(GatewayProcessing, WaitsForASubmissionUnderWayButNotForEver) {
   for (const bool ends : {true, false}) {
     GatewayStory story;
-    story.Http.Answer({.Body = "late", .Delay = Milliseconds(ends ? 3000 : -1)});
+    story.Internet.AnswerPost({.Body = "late", .Delay = Milliseconds(ends ? 3000 : -1)});
     story.TheGateway.Transfer.Post("https://form.test/", "other");
     const auto result = story.Process({story.SkimmerSpot("G4ABC", "14.062")});
     EXPECT_EQ(result, ends ? -1 : -200);
@@ -407,7 +407,7 @@ TEST(GatewayProcessing, OnlySaysWhatItWouldSendInADryRun) {
                 "actCallsign=G4ABC&assoc=G&summit=LD-001&freq=14.062&mode=cw"
                 "&callsign=q0zz&password=(hidden)&submit=SPOT!&comments="
                 "CQ%20CQ%20at%2022%20wpm%2E%20S%2FN%3D17%20dB%20at%20DL8LAS%20%7BVia%20Tarnlink%7D\n");
-  EXPECT_TRUE(story.Http.Requests.empty());
+  EXPECT_TRUE(story.Internet.Posts.empty());
   EXPECT_EQ(story.TheGateway.SentSpotsByStation.Count(), 0U);
   EXPECT_EQ(story.GatewayLog(), "");
 }

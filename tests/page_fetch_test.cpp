@@ -61,7 +61,7 @@ TEST_F(PageFetch, ASecondFetchMeanwhileIsNotOpened) {
   EXPECT_EQ(Read({.Body = "first"}), "first");
   EXPECT_FALSE(second.LastStatus());
   ASSERT_EQ(host_.Internet.Queries.size(), 1U);
-  EXPECT_EQ(host_.Internet.Queries[0].MaximumBytes, 67108864U);
+  EXPECT_EQ(host_.Internet.Queries[0].Limits.MaximumBytes, 67108864U);
 }
 
 }  // namespace

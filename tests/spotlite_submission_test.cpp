@@ -10,7 +10,7 @@ namespace brelwin {
 namespace {
 
 using test::GatewayStory;
-using test::ScriptedPost;
+using test::ScriptedAnswer;
 
 struct SpotliteStory : GatewayStory {
   SpotPointer TheSpot = SkimmerSpot("G4ABC", "14.062");
@@ -25,12 +25,12 @@ struct SpotliteStory : GatewayStory {
 
 TEST(SpotliteSubmission, LeavesEveryOutcomeInTheLogs) {
   const auto failed = [](const std::string& why) {
-    return ScriptedPost{.Body = "submission failed: " + why};
+    return ScriptedAnswer{.Body = "submission failed: " + why};
   };
   const std::string accepted = "G4ABC 14.062 cw hello";
   const std::string unrecognised = "Spot submission finished but not all expected data in server response";
   const std::string timeout = "Spot sumission failed, timeout.";
-  const std::vector<std::tuple<ScriptedPost, std::int32_t, std::string>> cases{
+  const std::vector<std::tuple<ScriptedAnswer, std::int32_t, std::string>> cases{
       {{.Body = accepted}, -1, "Spot submission succeeded."},
       {{.Body = accepted, .Delay = Milliseconds(4999)}, -1, "Spot submission succeeded."},
       {{.Status = 500, .Body = "oops"}, -400, unrecognised},
@@ -41,14 +41,13 @@ TEST(SpotliteSubmission, LeavesEveryOutcomeInTheLogs) {
       {failed("frequency you gave is not valid"), -602, "Spot sumission failed, frequency not valid"},
       {{.Delay = Milliseconds(-1)}, -200, timeout},
       {{.Delay = Milliseconds(5001)}, -200, timeout},
-      {{.Body = accepted, .FailAtChunk = 2}, -200, timeout},
-      {{.ErrorNumber = 2, .Info = "cut"},
+      {{.Status = 0, .ErrorText = "cut", .ErrorNumber = 2},
        -1000,
        "Submission failed, protocol error. ResponseCode=2 ResponseInfo=cut"},
   };
   for (const auto& [answer, status, logLine] : cases) {
     SpotliteStory story;
-    story.Http.Answer(answer);
+    story.Internet.AnswerPost(answer);
     const auto result = story.Send();
     EXPECT_EQ(result.Status, status);
     EXPECT_EQ(result.Message, logLine.starts_with("Spot sumission") ? logLine : "");
@@ -68,8 +67,8 @@ TEST(SpotliteSubmission, LeavesEveryOutcomeInTheLogs) {
 
 TEST(SpotliteSubmission, KeepsAnswersForItsOwnerOnly) {
   SpotliteStory story;
-  story.Http.Answer({.Body = "first"});
-  story.Http.Answer({.Body = "second"});
+  story.Internet.AnswerPost({.Body = "first"});
+  story.Internet.AnswerPost({.Body = "second"});
   (void)story.Send();
   (void)story.Send();
   const std::string posted =
@@ -79,8 +78,10 @@ TEST(SpotliteSubmission, KeepsAnswersForItsOwnerOnly) {
   EXPECT_EQ(story.AnswerLog(),
             time + posted + "first" + "\r\n" + std::string(44, '=') + "\r\n" + time + posted + "second");
   EXPECT_TRUE(story.Disk.IsOwnerOnly("/brelwin/GatewayServerResponseLog.txt"));
-  EXPECT_EQ(story.Http.Requests[0].Url, "https://form.test/Spotlite/postSpot");
-  EXPECT_EQ(story.Http.Requests[0].Headers, "Content-Type: application/x-www-form-urlencoded");
+  EXPECT_EQ(story.Internet.Posts[0].Url, "https://form.test/Spotlite/postSpot");
+  const HttpHeader form{"Content-Type", "application/x-www-form-urlencoded"};
+  EXPECT_EQ(std::ranges::count(story.Internet.Posts[0].Headers, form), 1);
+  EXPECT_FALSE(story.Internet.Posts[0].IsRepeatable);
 }
 
 TEST(SpotliteSubmission, SendsNothingForWhatTheFormCannotHold) {
@@ -95,7 +96,7 @@ TEST(SpotliteSubmission, SendsNothingForWhatTheFormCannotHold) {
   EXPECT_NE(story.EventLog().find("holds a character other than"), std::string::npos);
   EXPECT_EQ(
       SendSpotToSotawatch(story.World, story.TheGateway.Transfer, story.Config, "q", "s", nullptr).Status, 0);
-  EXPECT_TRUE(story.Http.Requests.empty());
+  EXPECT_TRUE(story.Internet.Posts.empty());
   EXPECT_EQ(story.GatewayLog(), "");
 }
 
@@ -104,9 +105,9 @@ TEST(SpotliteSubmission, SendsNothingForWhatTheFormCannotHold) {
 TEST(SpotliteSubmission, NeverTakesALateAnswerForTheNextOnes) {
   SpotliteStory story;
   const std::string accepted = "G4ABC 14.062 cw hello";
-  story.Http.Answer({.Body = accepted + std::string(3000, 'x'), .Delay = Milliseconds(5001)});
+  story.Internet.AnswerPost({.Body = accepted + std::string(3000, 'x'), .Delay = Milliseconds(5001)});
   EXPECT_EQ(story.Send().Status, -200);
-  story.Http.Answer({.Body = "submission failed"});
+  story.Internet.AnswerPost({.Body = "submission failed"});
   SubmissionResult second;
   story.Queue.OnYield = [&] {  // the first yield is between two chunks of the late answer
     story.Queue.OnYield = nullptr;
@@ -116,27 +117,40 @@ TEST(SpotliteSubmission, NeverTakesALateAnswerForTheNextOnes) {
   EXPECT_EQ(second.Status, -300);
   EXPECT_EQ(story.TheGateway.Transfer.Latest().LastResponseText, "submission failed");
 
-  story.Http.Answer({.Body = accepted, .Delay = Milliseconds(5001)});
+  story.Internet.AnswerPost({.Body = accepted, .Delay = Milliseconds(5001)});
   EXPECT_EQ(story.Send().Status, -200);
-  story.Http.Answer({.Body = "submission failed"});
+  story.Internet.AnswerPost({.Body = "submission failed"});
   EXPECT_EQ(story.Send().Status, -300);
 }
 
 // A form that timed out may still be on its way when the user quits.
 TEST(SpotliteSubmission, QuittingEndsAForgottenTransfer) {
   SpotliteStory story;
-  story.Http.Answer({.Delay = Milliseconds(-1)});
+  story.Internet.AnswerPost({.Delay = Milliseconds(-1)});
   EXPECT_EQ(story.Send().Status, -200);
-  EXPECT_EQ(story.Http.Cancelled, 0);
+  EXPECT_EQ(story.Internet.Abandoned, 0);
   story.World.ShuttingDown = true;
   story.TheGateway.Transfer.CancelUnanswered();
-  EXPECT_EQ(story.Http.Cancelled, 1);
+  EXPECT_EQ(story.Internet.Abandoned, 1);
   EXPECT_EQ(story.Send().Status, 0);
-  EXPECT_EQ(story.Http.Requests.size(), 1U);
+  EXPECT_EQ(story.Internet.Posts.size(), 1U);
+}
+
+// What goes wrong while an answer is being read leaves the submission to its time-out.
+TEST(SpotliteSubmission, AnAnswerThatCannotBeReadTimesOut) {
+  SpotliteStory story;
+  story.Internet.AnswerPost({.Body = "G4ABC 14.062 cw hello"});
+  bool isReadable = true;
+  story.Queue.OnYield = [&] {
+    const bool isRead = story.TheGateway.Transfer.Latest().LastInternetState == HttpStateCompleted;
+    if (isRead && std::exchange(isReadable, false)) throw std::runtime_error("chunk lost");
+  };
+  EXPECT_EQ(story.Send().Status, -200);
+  EXPECT_EQ(story.AnswerLog(), "");
 }
 
 TEST(LoginTest, TellsTheUserWhatTheServerMadeOfIt) {
-  const std::vector<std::pair<ScriptedPost, std::string>> cases{
+  const std::vector<std::pair<ScriptedAnswer, std::string>> cases{
       {{.Body = "submission failed: password you gave was incorrect"},
        "The Sotawatch login information is invalid, login failed."},
       {{.Body = "submission failed: association you gave was not valid"},
@@ -151,14 +165,14 @@ TEST(LoginTest, TellsTheUserWhatTheServerMadeOfIt) {
   };
   for (const auto& [answer, text] : cases) {
     SpotliteStory story;
-    story.Http.Answer(answer);
+    story.Internet.AnswerPost(answer);
     cmdTestSotawatchLogin_Click(story.TheGateway);
     ASSERT_EQ(story.Dialogs.Shown.size(), 1U);
     EXPECT_EQ(story.Dialogs.Shown[0].Text, text);
     EXPECT_EQ(story.Dialogs.Shown[0].Icon == MessageIcon::Information, text.starts_with("Logged into"));
   }
   SpotliteStory story;
-  story.Http.Answer({.Delay = Milliseconds(-1)});
+  story.Internet.AnswerPost({.Delay = Milliseconds(-1)});
   story.TheGateway.Transfer.Post("https://form.test/", "body");
   cmdTestSotawatchLogin_Click(story.TheGateway);
   story.Tab.txtSotawatchPassword.Text = "  ";
@@ -166,7 +180,7 @@ TEST(LoginTest, TellsTheUserWhatTheServerMadeOfIt) {
   EXPECT_EQ(story.Dialogs.Shown[0].Text,
             "A spot is just being sent to Sotawatch. Please test the login again in a moment.");
   EXPECT_TRUE(story.Dialogs.Shown[1].Text.starts_with("You must first enter both"));
-  EXPECT_EQ(story.Http.Requests.size(), 1U);
+  EXPECT_EQ(story.Internet.Posts.size(), 1U);
 }
 
 }  // namespace

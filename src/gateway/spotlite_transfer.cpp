@@ -17,13 +17,8 @@ void NoteEnd(const HttpControl& control, TransferState& transfer, std::int32_t s
 
 }  // namespace
 
-SpotliteTransfer::SpotliteTransfer(Host& host) : host_(host) {
-  host_.Http.StateChanged = [this](std::int16_t state) { StateChanged(state); };
-}
-
-SpotliteTransfer::~SpotliteTransfer() {
-  host_.Http.StateChanged = nullptr;
-  host_.Http.Cancel();
+SpotliteTransfer::SpotliteTransfer(Host& host) : host_(host), ctlInternet_(host.Internet, host.Events) {
+  ctlInternet_.StateChanged = [this](std::int16_t state) { StateChanged(state); };
 }
 
 std::shared_ptr<TransferState> SpotliteTransfer::Post(std::string_view url, std::string_view body,
@@ -37,15 +32,14 @@ std::shared_ptr<TransferState> SpotliteTransfer::Post(std::string_view url, std:
     transfer->IsHeldBack = !mayLeave();
     return !transfer->IsHeldBack;
   };
-  host_.Http.Execute(
-      {std::string(url), "POST", std::string(body), "Content-Type: application/x-www-form-urlencoded", ask});
+  ctlInternet_.Execute(std::string(url), std::string(body), "application/x-www-form-urlencoded", ask);
   return transfer;
 }
 
 void SpotliteTransfer::Cancel() {
   underWay_ = nullptr;
   latest_->SendInProgress = false;
-  host_.Http.Cancel();
+  ctlInternet_.Cancel();
 }
 
 void SpotliteTransfer::CancelUnanswered() {
@@ -64,7 +58,7 @@ void SpotliteTransfer::StateChanged(std::int16_t state) {
     transfer->LastInternetState = state;
     if (state == HttpStateCompleted) TakeAnswer(transfer);
     if (state == HttpStateError)
-      NoteEnd(host_.Http, *transfer, transfer->IsHeldBack ? TransferHeldBack : TransferFailed);
+      NoteEnd(ctlInternet_, *transfer, transfer->IsHeldBack ? TransferHeldBack : TransferFailed);
     return true;
   };
   TrapErrors(handle, false, noteError);
@@ -75,10 +69,10 @@ void SpotliteTransfer::StateChanged(std::int16_t state) {
 void SpotliteTransfer::TakeAnswer(const std::shared_ptr<TransferState>& transfer) {
   std::string bytes;
   while (underWay_ == transfer) {
-    const auto chunk = host_.Http.GetChunk(ChunkLength);
+    const auto chunk = ctlInternet_.GetChunk(ChunkLength);
     if (chunk.empty()) {
       transfer->LastResponseText = TextFromBytes(bytes);
-      return NoteEnd(host_.Http, *transfer, TransferCompleted);
+      return NoteEnd(ctlInternet_, *transfer, TransferCompleted);
     }
     bytes.append(chunk);
     host_.Events.DoEvents();

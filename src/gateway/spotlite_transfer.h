@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "gateway/http_control.h"
 #include "platform/host.h"
 
 namespace brelwin {
@@ -35,9 +36,7 @@ struct TransferState {
 
 class SpotliteTransfer {
  public:
-  // Listens to the host's HTTP control for as long as it lives.
   explicit SpotliteTransfer(Host& host);
-  ~SpotliteTransfer();
   SpotliteTransfer(const SpotliteTransfer&) = delete;
   SpotliteTransfer& operator=(const SpotliteTransfer&) = delete;
 
@@ -63,6 +62,7 @@ class SpotliteTransfer {
   void TakeAnswer(const std::shared_ptr<TransferState>& transfer);
 
   Host& host_;
+  HttpControl ctlInternet_;
   std::shared_ptr<TransferState> latest_ = std::make_shared<TransferState>();
   std::shared_ptr<TransferState> underWay_;  // whose events may still come; null when none can
 };

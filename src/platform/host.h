@@ -6,8 +6,7 @@
 #include "platform/clock.h"
 #include "platform/event_queue.h"
 #include "platform/files.h"
-#include "platform/http_control.h"
-#include "platform/internet_session.h"
+#include "platform/http.h"
 #include "platform/number_format.h"
 #include "platform/shell.h"
 #include "platform/socket_control.h"
@@ -19,8 +18,7 @@ struct Host {
   Clock& Time;
   EventQueue& Events;
   Files& Disk;
-  InternetSession& Internet;
-  HttpControl& Http;
+  HttpClient& Internet;
   SocketControls& Sockets;
   SoundPlayer& Sound;
   Shell& Desktop;

@@ -34,14 +34,15 @@ inline bool FormNeverGainsAField(std::string_view bytes) {
          fields["actCallsign"] == check.Form.Activator && fields["submit"] == "SPOT!";
 }
 
-// An answer means the same however it is cut into chunks; the first byte says how.
+// An answer means the same wherever its chunks are cut; the first byte says where in it the second one
+// begins.
 inline bool AnswerMeansTheSameAtAnyCut(std::string_view bytes) {
   if (bytes.empty()) return true;
   GatewayStory story;
   const auto spot = story.SkimmerSpot("G4ABC", "14.062");
-  const std::string page(bytes.substr(1));
-  const auto cut = static_cast<std::size_t>(static_cast<unsigned char>(bytes[0])) + 1;
-  story.Http.Answer({.Body = page, .LongestChunk = cut});
+  const auto cut = static_cast<std::size_t>(static_cast<unsigned char>(bytes[0]));
+  const auto page = std::string(1024 - cut, '\n') + std::string(bytes.substr(1));
+  story.Internet.AnswerPost({.Body = page});
   const auto result =
       SendSpotToSotawatch(story.World, story.TheGateway.Transfer, story.Config, "q0zz", "secret", spot.get());
   const auto text = TextFromBytes(page);

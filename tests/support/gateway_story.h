@@ -38,7 +38,7 @@ inline std::string AcceptedPage(const HttpRequest& request) {
 }
 
 // Looks at the login, then at the association, as the real form does.
-inline ScriptedPost ServeSpotlite(const HttpRequest& request) {
+inline ScriptedAnswer ServeSpotlite(const HttpRequest& request) {
   auto fields = FormFields(request.Body);
   if (fields["password"] != "secret")
     return {.Body = "submission failed: the password you gave was incorrect"};
@@ -47,9 +47,9 @@ inline ScriptedPost ServeSpotlite(const HttpRequest& request) {
 }
 
 // How often a spot of the station reached the server.
-inline std::size_t PostsOf(const ScriptedHttp& http, const std::string& station) {
+inline std::size_t PostsOf(const ScriptedInternet& internet, const std::string& station) {
   std::size_t count = 0;
-  for (const auto& request : http.Requests) count += FormFields(request.Body)["actCallsign"] == station;
+  for (const auto& request : internet.Posts) count += FormFields(request.Body)["actCallsign"] == station;
   return count;
 }
 
@@ -83,7 +83,7 @@ struct GatewayStory : TestHost {
     RBN.txtRBNCallsign.Text = "Q0ZZ";
     RBN.chkRBNFilterDuplicateSpots.Value = true;
     RBN.txtDuplicateSpotFilteringPeriod.Text = "10";
-    Http.Serve = ServeSpotlite;
+    Internet.ServePost = ServeSpotlite;
     Feed({{"HB9XYZ", "7.032", 5}});
     Recent = {};
     Recent.Add(SotawatchSpot({"HB9XYZ", "7.032", 5}), "first");
@@ -133,7 +133,7 @@ struct GatewayStory : TestHost {
     return PerformGatewayProcessing(TheGateway, matched, Time.Now(), Values, Message);
   }
 
-  std::size_t Posts(const std::string& station) const { return PostsOf(Http, station); }
+  std::size_t Posts(const std::string& station) const { return PostsOf(Internet, station); }
 
   // The event log's lines without their times, and without those of other procedures.
   std::string GatewayEvents() const {

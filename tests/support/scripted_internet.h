@@ -1,14 +1,17 @@
-// The web as a script: answers to addresses, set before or after the request, arriving when the test says so.
+// The web as a script: answers to addresses and to posts, set before or after the request, arriving when the
+// test says so.
 #pragma once
 
 #include <deque>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/event_queue.h"
-#include "platform/internet_session.h"
+#include "platform/http.h"
 
 namespace brelwin::test {
 
@@ -16,14 +19,76 @@ namespace brelwin::test {
 struct ScriptedAnswer {
   int Status = 200;
   std::string Body = {};
-  Milliseconds Delay{10};         // until the first byte
+  Milliseconds Connecting{0};     // before the request leaves
+  Milliseconds Delay{10};         // from then to the first byte; a negative one: no answer ever
   Milliseconds BetweenPieces{0};  // when not 0, the body comes in pieces of PieceSize this far apart
   std::size_t PieceSize = 1;
   int HiddenPieces = 0;        // that come before the others and give nothing to show: a head, a packed body
   std::string ErrorText = {};  // set for what breaks off
+  int ErrorNumber = 1;
+  std::vector<HttpHeader> Headers = {};
 };
 
-class ScriptedInternet final : public InternetSession {
+class ScriptedTransfer final : public HttpTransfer {
+ public:
+  // `leave` is called when the connection stands; false: the request has not left.
+  ScriptedTransfer(EventQueue& queue, ScriptedAnswer script, int& abandoned, std::function<bool()> leave)
+      : queue_(queue), script_(std::move(script)), abandoned_(abandoned), leave_(std::move(leave)) {
+    if (script_.Connecting == Milliseconds::zero())
+      Leave();
+    else
+      timer_ = queue_.CallAfter(script_.Connecting, [this] { Leave(); });
+  }
+  ~ScriptedTransfer() override { abandoned_ += isFinished_ ? 0 : 1; }
+
+  bool IsFinished() const override { return isFinished_; }
+  std::uint64_t Activity() const override { return activity_; }
+  HttpAnswer TakeAnswer() override { return std::exchange(answer_, {}); }
+
+ private:
+  void Leave() {
+    if (!leave_()) script_ = {.Status = 0, .Delay = Milliseconds(0), .ErrorText = "it was held back"};
+    if (script_.Delay >= Milliseconds::zero()) timer_ = queue_.CallAfter(script_.Delay, [this] { Begin(); });
+  }
+
+  void Begin() {
+    ++activity_;
+    if (script_.HiddenPieces-- > 0) {
+      timer_ = queue_.CallAfter(script_.BetweenPieces, [this] { Begin(); });
+      return;
+    }
+    answer_ = {.Status = script_.Status, .Reason = "OK", .Headers = script_.Headers};
+    if (script_.Status != 0 && script_.BetweenPieces != Milliseconds::zero()) return Piece();
+    answer_.Body = script_.Body;
+    Finish();
+  }
+
+  void Piece() {
+    if (answer_.Body.size() == script_.Body.size()) return Finish();
+    ++activity_;
+    answer_.Body.append(script_.Body.substr(answer_.Body.size(), script_.PieceSize));
+    timer_ = queue_.CallAfter(script_.BetweenPieces, [this] { Piece(); });
+  }
+
+  void Finish() {
+    isFinished_ = true;
+    answer_.ErrorText = script_.ErrorText;
+    answer_.ErrorNumber = script_.ErrorText.empty() ? 0 : script_.ErrorNumber;
+    const auto finished = std::move(Finished);  // may end this
+    if (finished) finished();
+  }
+
+  EventQueue& queue_;
+  ScriptedAnswer script_;
+  int& abandoned_;
+  std::function<bool()> leave_;
+  HttpAnswer answer_;
+  bool isFinished_ = false;
+  std::uint64_t activity_ = 0;
+  TimerHandle timer_;
+};
+
+class ScriptedInternet final : public HttpClient {
  public:
   explicit ScriptedInternet(EventQueue& queue) : queue_(queue) {}
 
@@ -34,73 +99,48 @@ class ScriptedInternet final : public InternetSession {
   }
   void Forget(const std::string& url) { answers_.erase(url); }
 
-  std::unique_ptr<PageRequest> OpenUrl(const PageQuery& query) override {
-    Queries.push_back(query);
-    return std::make_unique<Request>(queue_, TakeAnswer(query.Url));
+  // The answer to the next post, wherever it goes.
+  void AnswerPost(ScriptedAnswer answer) { postAnswers_.push_back(std::move(answer)); }
+
+  std::unique_ptr<HttpTransfer> Start(const HttpRequest& request) override {
+    const bool isPost = request.Method == "POST";
+    const auto leave = [&left = isPost ? Posts : Queries, request] {
+      if (request.MayLeave && !request.MayLeave()) return false;
+      left.push_back(request);
+      return true;
+    };
+    auto answer = isPost ? TakePostAnswer(request) : TakeAnswer(request.Url);
+    return std::make_unique<ScriptedTransfer>(queue_, std::move(answer), Abandoned, leave);
   }
 
-  std::vector<PageQuery> Queries;
+  std::function<ScriptedAnswer(const HttpRequest&)> ServePost;  // makes what AnswerPost has not set
+  std::vector<HttpRequest> Queries;                             // that have left
+  std::vector<HttpRequest> Posts;
+  int Abandoned = 0;  // transfers that were ended before their end
 
  private:
-  class Request final : public PageRequest {
-   public:
-    Request(EventQueue& queue, ScriptedAnswer answer) : queue_(queue), answer_(std::move(answer)) {
-      if (answer_.Delay >= Milliseconds::zero())
-        timer_ = queue_.CallAfter(answer_.Delay, [this] { Begin(); });
-    }
-
-    State CurrentState() const override { return state_; }
-    std::uint64_t Activity() const override { return activity_; }
-    int StatusCode() const override { return state_ == State::Connecting ? 0 : answer_.Status; }
-    const std::string& Body() const override { return body_; }
-    std::string ErrorText() const override {
-      return state_ == State::Finished ? answer_.ErrorText : std::string();
-    }
-
-   private:
-    void Begin() {
-      ++activity_;
-      if (answer_.HiddenPieces-- > 0) {
-        timer_ = queue_.CallAfter(answer_.BetweenPieces, [this] { Begin(); });
-        return;
-      }
-      state_ = State::Receiving;
-      if (answer_.Status == 0) return Finish();
-      if (answer_.BetweenPieces == Milliseconds::zero()) {
-        body_ = answer_.Body;
-        return Finish();
-      }
-      Piece();
-    }
-
-    void Piece() {
-      if (body_.size() == answer_.Body.size()) return Finish();
-      ++activity_;
-      body_.append(answer_.Body.substr(body_.size(), answer_.PieceSize));
-      timer_ = queue_.CallAfter(answer_.BetweenPieces, [this] { Piece(); });
-    }
-
-    void Finish() { state_ = State::Finished; }
-
-    EventQueue& queue_;
-    ScriptedAnswer answer_;
-    std::string body_;
-    State state_ = State::Connecting;
-    std::uint64_t activity_ = 0;
-    TimerHandle timer_;
-  };
+  static ScriptedAnswer Unreachable() {
+    return {.Status = 0, .Delay = Milliseconds(1), .ErrorText = "Connection refused"};
+  }
 
   ScriptedAnswer TakeAnswer(const std::string& url) {
     const auto found = answers_.find(url);
-    if (found == answers_.end() || found->second.empty())
-      return {0, {}, Milliseconds(1), {}, 1, 0, "Connection refused"};
+    if (found == answers_.end() || found->second.empty()) return Unreachable();
     auto answer = found->second.front();
     if (found->second.size() > 1) found->second.pop_front();
     return answer;
   }
 
+  ScriptedAnswer TakePostAnswer(const HttpRequest& request) {
+    if (postAnswers_.empty()) return ServePost ? ServePost(request) : Unreachable();
+    auto answer = std::move(postAnswers_.front());
+    postAnswers_.pop_front();
+    return answer;
+  }
+
   EventQueue& queue_;
   std::map<std::string, std::deque<ScriptedAnswer>> answers_;
+  std::deque<ScriptedAnswer> postAnswers_;
 };
 
 }  // namespace brelwin::test

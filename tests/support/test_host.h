@@ -7,7 +7,6 @@
 
 #include "memory_files.h"
 #include "platform/host.h"
-#include "scripted_http.h"
 #include "scripted_internet.h"
 #include "scripted_sockets.h"
 #include "test_world.h"
@@ -57,7 +56,6 @@ struct TestHost {
   TestQueue Queue{Time};
   MemoryFiles Disk;
   ScriptedInternet Internet{Queue};
-  ScriptedHttp Http{Queue};
   ScriptedSockets Sockets{Queue};
   RecordedSound Sound;
   RecordedShell Shell;
@@ -66,8 +64,8 @@ struct TestHost {
 
   // The same world with other files, such as ones that fail.
   Host WithFiles(Files& files) {
-    return {Time,  Queue,   files,          Internet,   Http,  Sockets, Sound,
-            Shell, Dialogs, NumberFormat{}, "/brelwin", false, false};
+    return {Time,  Queue,   files,          Internet,   Sockets, Sound,
+            Shell, Dialogs, NumberFormat{}, "/brelwin", false,   false};
   }
 
   std::string EventLog() const { return Disk.Text("/brelwin/BrelwinEventLog.txt"); }

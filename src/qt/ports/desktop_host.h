@@ -9,8 +9,7 @@
 #include "qt/ports/desktop_shell.h"
 #include "qt/ports/process_sound_player.h"
 #include "qt/ports/qt_event_queue.h"
-#include "qt/ports/qt_http_control.h"
-#include "qt/ports/qt_internet_session.h"
+#include "qt/ports/qt_http_client.h"
 #include "qt/ports/qt_socket_control.h"
 
 namespace brelwin {
@@ -27,8 +26,7 @@ class DesktopHost {
   SystemClock clock_;
   QtEventQueue events_;
   SystemFiles files_;
-  QtInternetSession internet_;
-  QtHttpControl http_;
+  QtHttpClient internet_;
   QtSocketControls sockets_;
   ProcessSoundPlayer sound_;
   DesktopShell shell_;

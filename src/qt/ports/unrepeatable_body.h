@@ -8,8 +8,8 @@
 
 namespace brelwin {
 
-// Can be read once, from front to back. The toolkit's HTTP client sends a request again when its connection
-// closes before an answer, though the server may have acted on it; it cannot with a body like this.
+// Can be read once, from front to back. Qt's HTTP client sends a request again when its connection closes
+// before an answer, though the server may have acted on it; it cannot with a body like this.
 class UnrepeatableBody final : public QIODevice {
  public:
   // `mayLeave` is asked once, when the first byte is wanted; after a no there are none, and the reader waits.

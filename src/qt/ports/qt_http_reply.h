@@ -1,0 +1,34 @@
+// What a reply of Qt's says: its status, its headers, and whether it is a whole answer.
+#pragma once
+
+#include <QNetworkReply>
+#include <QUrl>
+#include <string>
+#include <vector>
+
+#include "platform/http.h"
+
+namespace brelwin {
+
+// 0 when there is no answer.
+int StatusOf(const QNetworkReply& reply);
+
+// The words behind the status, and the headers under it.
+std::string ReasonOf(const QNetworkReply& reply);
+std::vector<HttpHeader> HeadersOf(const QNetworkReply& reply);
+
+// Whether the status sends the reader to another address.
+bool IsRedirect(int status);
+
+// That address; an empty one when the reply names none.
+QUrl RedirectionOf(const QNetworkReply& reply);
+
+// Why a reply that has ended is not a whole answer, as Qt numbers it and in words; of a body so many bytes
+// have come. 0 and no words for a whole answer of whatever status.
+struct HttpFailure {
+  int Number = QNetworkReply::NoError;
+  std::string Words;
+};
+HttpFailure FailureOf(const QNetworkReply& reply, std::uint64_t received);
+
+}  // namespace brelwin
