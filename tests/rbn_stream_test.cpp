@@ -1,6 +1,7 @@
 // The connection to the Reverse Beacon Network and what a check does with it, told as stories.
 #include <gtest/gtest.h>
 
+#include "rbn/open_connection.h"
 #include "rbn/socket_events.h"
 #include "rbn/stream.h"
 #include "rbn/stream_watchdog.h"

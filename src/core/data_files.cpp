@@ -6,7 +6,7 @@
 
 #include "base/encoding.h"
 #include "base/text.h"
-#include "core/trap.h"
+#include "core/runtime_error.h"
 #include "radio/callsign.h"
 
 namespace brelwin {

@@ -5,7 +5,7 @@
 #include "base/encoding.h"
 #include "base/text.h"
 #include "core/data_files.h"
-#include "core/trap.h"
+#include "core/runtime_error.h"
 #include "radio/dates.h"
 
 namespace brelwin {

@@ -4,6 +4,7 @@
 
 #include "core/event_log.h"
 #include "core/trap.h"
+#include "rbn/open_connection.h"
 
 namespace brelwin {
 

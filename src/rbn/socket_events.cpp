@@ -67,9 +67,9 @@ void SearchForPrompt(RBNConnection& connection, std::int32_t index, std::string_
 
 }  // namespace
 
-void LoadSocket(RBNConnection& connection) {
+void ListenToSocket(RBNConnection& connection) {
   const auto index = connection.Index;
-  auto& events = connection.Sockets.Load(index).Events;
+  auto& events = connection.Socket().Events;
   events.Connect = [&connection, index] { WinsockArray_Connect(connection, index); };
   events.DataArrival = [&connection, index](std::size_t) { WinsockArray_DataArrival(connection, index); };
   events.Close = [&connection, index] { WinsockArray_Close(connection, index); };

@@ -10,8 +10,8 @@
 
 namespace brelwin {
 
-// Loads the socket of the connection's index and connects its events to the procedures below.
-void LoadSocket(RBNConnection& connection);
+// Connects the events of the socket in use to the procedures below.
+void ListenToSocket(RBNConnection& connection);
 
 void WinsockArray_Connect(RBNConnection& connection, std::int32_t index);
 void WinsockArray_Close(RBNConnection& connection, std::int32_t index);

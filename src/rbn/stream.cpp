@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "core/event_log.h"
 #include "radio/numbers.h"
+#include "rbn/open_connection.h"
 #include "rbn/spot_line.h"
 #include "rbn/spot_parser.h"
 #include "rbn/stream_watchdog.h"

@@ -1,4 +1,4 @@
-#include "core/trap.h"
+#include "core/runtime_error.h"
 
 #include <new>
 #include <stdexcept>
