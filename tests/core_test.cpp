@@ -1,6 +1,7 @@
 // The event log and the data files.
 #include <gtest/gtest.h>
 
+#include "core/callsign_list.h"
 #include "core/data_files.h"
 #include "core/event_log.h"
 #include "core/websites.h"

@@ -2,12 +2,9 @@
 
 #include <algorithm>
 #include <limits>
-#include <stdexcept>
 
-#include "base/encoding.h"
 #include "base/text.h"
 #include "core/runtime_error.h"
-#include "radio/callsign.h"
 
 namespace brelwin {
 namespace {
@@ -20,23 +17,6 @@ FileResult WriteOrAppend(Host& host, std::string_view name, std::string_view tex
                          FileAccess access) {
   if (append && host.Disk.Exists(name)) return host.Disk.Append(name, SeparatorLine().append(text), access);
   return host.Disk.Write(name, text, access);
-}
-
-void AddCallsignLines(std::string_view text, bool useBaseCallsign, bool keyed,
-                      KeyedCollection<std::string>& collection) {
-  for (const auto line : SplitLines(text)) {
-    const auto entry = useBaseCallsign ? GetBaseCallsign(Trim(line)) : std::string(Trim(line));
-    if (!entry.empty()) collection.Add(entry, keyed ? entry : std::string());
-  }
-}
-
-bool LoadFromFile(const Host& host, std::string_view path, bool useBaseCallsign, bool keyed,
-                  KeyedCollection<std::string>& collection) {
-  if (path.empty() || !host.Disk.Exists(path)) return false;
-  const auto bytes = host.Disk.Read(path);
-  if (!bytes) throw std::runtime_error(std::string(path) + " could not be read");
-  AddCallsignLines(TextFromBytes(*bytes), useBaseCallsign, keyed, collection);
-  return true;
 }
 
 }  // namespace
@@ -77,16 +57,6 @@ bool AppendToFile(Host& host, std::string_view fileName, std::string_view text, 
     return errorText.empty();
   };
   return TrapErrors(write, false, [&](const RuntimeError& error) { errorText = error.Description; });
-}
-
-bool LoadCallsignList(Host& host, std::string_view filePath, bool useBaseCallsign, bool keyed,
-                      KeyedCollection<std::string>& collection, std::string& errorText) {
-  errorText.clear();
-  const auto load = [&] { return LoadFromFile(host, Trim(filePath), useBaseCallsign, keyed, collection); };
-  return TrapErrors(load, false, [&](const RuntimeError& error) {
-    errorText = error.Description;
-    LogEvent(host, "LoadCallsignList Error, Number=" + std::to_string(error.Number) + " Error=" + errorText);
-  });
 }
 
 bool AppendCallsigns(Host& host, std::string_view filePath, const std::vector<std::string>& callsigns) {

@@ -1,4 +1,4 @@
-// The small file procedures that every room uses: joining paths, appending, the callsign lists, the viewer.
+// The small file procedures that every room uses: joining paths, appending, the viewer.
 #pragma once
 
 #include <cstdint>
@@ -6,7 +6,6 @@
 #include <string_view>
 #include <vector>
 
-#include "base/keyed_collection.h"
 #include "platform/host.h"
 
 namespace brelwin {
@@ -33,13 +32,6 @@ std::int32_t GetFileLength(const Host& host, std::string_view fileName);
 // is cleared on entry.
 bool AppendToFile(Host& host, std::string_view fileName, std::string_view text, bool append,
                   std::string& errorText, FileAccess access = FileAccess::Everyone);
-
-// Fills the collection from a list file, one entry a line; with `useBaseCallsign` the entry is the base
-// callsign of the line. Keyed entries have themselves as key, and the first of equal ones wins; others have
-// none. Lines end in LF or CR LF. False, with nothing changed, for an empty path or a missing file; the error
-// text is cleared on entry; when the file could not be read it is set, and logged with its number.
-bool LoadCallsignList(Host& host, std::string_view filePath, bool useBaseCallsign, bool keyed,
-                      KeyedCollection<std::string>& collection, std::string& errorText);
 
 // Adds the callsigns as lines at the end of the list file, creating it when there is none; an unfinished last
 // line is finished first, and the user's own lines stay as they are. The file is replaced as a whole, so that

@@ -7,6 +7,7 @@
 #include "cycle/spot_details.h"
 #include "cycle/spot_list_display.h"
 #include "cycle/spot_outputs.h"
+#include "rbn/open_connection.h"
 #include "rbn/stream.h"
 #include "ui/alerting.h"
 

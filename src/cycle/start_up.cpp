@@ -3,6 +3,7 @@
 #include <string>
 
 #include "base/text.h"
+#include "core/callsign_list.h"
 #include "core/data_files.h"
 #include "core/trap.h"
 #include "core/version.h"
