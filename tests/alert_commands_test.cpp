@@ -143,12 +143,13 @@ TEST(AlertCommands, AnOptOutReachesTheActivatorUnderEveryCallsign) {
   test::TestHost host;
   ProgramRun run(host.World);
   run.Page = Heading() + Table({.Time = "11:30", .Callsign = "DL/PA3XYZ/P"}) +
-             Table({.Time = "11:40", .Callsign = "PA3XYZ & G4ABC"});
+             Table({.Time = "11:40", .Callsign = "PA3XYZ & G4ABC"}) +
+             Table({.Time = "11:50", .Callsign = "DL/PA3XYZ & HB9ABC"});
   run.ReadPage();
   run.Take({SpotOf("PA3XYZ", "11:45", "qrv")});
   EXPECT_TRUE(Contains(run.Keys(), "11:30:00_DLA3XYZ")) << "other commands go by the base callsign";
   run.Take({SpotOf("PA3XYZ", "11:46", "RBNN")});
-  EXPECT_EQ(run.Keys(), "2026-11-24 11:40:00_G4ABC_G/LD-001_\n");
+  EXPECT_EQ(run.Keys(), "2026-11-24 11:40:00_G4ABC_G/LD-001_\n2026-11-24 11:50:00_HB9ABC_G/LD-001_\n");
 }
 
 TEST(AlertCommands, EachIsActedOnOnceInThisRunAndTheNext) {

@@ -35,6 +35,18 @@ std::string Received(const Spot& spot) {
   return "Spot of " + spot.Station + " received from trusted chaser " + spot.Spotter + comment;
 }
 
+// Of two stations that are announced together, each answers to its own part of the text.
+bool MayBeOf(const SOTAAlert& alert, std::string_view callsign) {
+  const auto& announced = alert.AnnouncedCallsign.empty() ? alert.Station : alert.AnnouncedCallsign;
+  std::string second;
+  GetBaseCallsign(announced, second);
+  if (second.empty()) return MayBeSameStation(callsign, announced);
+  const auto names = Replace(announced, "&", " ");
+  return std::ranges::any_of(Split(names, " "), [&](const auto name) {
+    return GetBaseCallsign(name) == alert.stationBaseCallsign && MayBeSameStation(callsign, name);
+  });
+}
+
 }  // namespace
 
 bool IsAlertCommand(const Spot& spot) {
@@ -59,16 +71,27 @@ class AlertCommands::Batch {
 
   void TakeWaiting() {
     for (const auto& command : commands_.waiting_.TakeAll()) Do(command);
-    Save();
   }
 
+  // Writes what the commands have changed, and then that they were acted on. What cannot be written waits for
+  // the next reading of the page, which undoes it. The memory knows the newest command only, so one that
+  // waits and is not on the disk would be lost by the next start.
+  void Finish() {
+    if (!AppendModifications(host_, "", entries_)) {
+      LogMessage(host_, "The alert modifications could not be written to SOTAAlertModifications.txt.");
+      for (const auto& command : done_) commands_.waiting_.Add(command);
+    }
+    if (commands_.waiting_.Save()) commands_.memory_.Save();
+    ReportAdditions();
+  }
+
+ private:
   void ReportAdditions() const {
     if (!hasAdded_ || !scene_.LogAlertsAfterSelfSpots) return;
     const auto name = "SOTAAlertsAfterSelfSpots_" + CompactMinutesText(host_.Time.LocalNow()) + ".txt";
     WriteAlertsReport(host_, InProgramFolder(host_, name), scene_.Alerts);
   }
 
- private:
   void Take(const Spot& spot) {
     LogMessage(host_, Received(spot));
     const auto command = AlertOfSpot(spot, host_.Time);
@@ -78,7 +101,6 @@ class AlertCommands::Batch {
       Wait(command);
     }
     commands_.memory_.Remember(spot);
-    Save();
   }
 
   void Wait(const SOTAAlert& command) {
@@ -86,28 +108,24 @@ class AlertCommands::Batch {
     commands_.waiting_.Add(command);
   }
 
-  // What cannot be written waits for the next reading of the page, which undoes it.
   void Do(const SOTAAlert& command) {
-    if (!LogErrors(host_, Procedure, false, [&] { return Change(command); })) commands_.waiting_.Add(command);
+    const auto change = [&] {
+      Change(command);
+      return true;
+    };
+    if (LogErrors(host_, Procedure, false, change)) {
+      done_.push_back(command);
+    } else {
+      commands_.waiting_.Add(command);
+    }
   }
 
-  // Removes the station's alerts around the time of the spot and adds one for it. False when the
-  // modifications file could not be written.
-  bool Change(const SOTAAlert& command) {
+  // Removes the station's alerts around the time of the spot and adds one for it.
+  void Change(const SOTAAlert& command) {
     const bool optsOut = HoldsOptOutWord(command.Comment);
-    std::vector<std::string> entries;
     Remove(optsOut ? StationsThatMayBe(command) : Stations{command.stationBaseCallsign},
-           *command.UTCAlertDateAndTime, entries);
-    if (!optsOut) Add(command, entries);
-    if (AppendModifications(host_, "", entries)) return true;
-    LogMessage(host_, "The alert modifications could not be written to SOTAAlertModifications.txt.");
-    return false;
-  }
-
-  // The memory knows the newest command only, so one that waits and is not on the disk would be lost by the
-  // next start.
-  void Save() {
-    if (commands_.waiting_.Save()) commands_.memory_.Save();
+           *command.UTCAlertDateAndTime);
+    if (!optsOut) Add(command);
   }
 
   // An opt-out reaches the activator under whatever callsign the activation was announced.
@@ -115,15 +133,13 @@ class AlertCommands::Batch {
     Stations stations;
     for (const auto& entry : scene_.Alerts.All()) {
       const auto& alert = *entry.Item.Alert;
-      const auto& announced = alert.AnnouncedCallsign.empty() ? alert.Station : alert.AnnouncedCallsign;
-      if (alert.stationBaseCallsign == command.stationBaseCallsign ||
-          MayBeSameStation(command.Station, announced))
+      if (alert.stationBaseCallsign == command.stationBaseCallsign || MayBeOf(alert, command.Station))
         stations.insert(alert.stationBaseCallsign);
     }
     return stations;
   }
 
-  void Remove(const Stations& stations, DateTime time, std::vector<std::string>& entries) {
+  void Remove(const Stations& stations, DateTime time) {
     std::vector<AlertPointer> alerts;
     for (const auto& station : stations) {
       const auto found = GetMatchedAlerts(host_, station, time, false, scene_.Alerts, scene_.Filter).Alerts;
@@ -135,11 +151,11 @@ class AlertCommands::Batch {
       LogEvent(host_, DelimitedData(*alert));
       scene_.Alerts.Remove(alert->ID);
       scene_.Alerts.NoteWithdrawn(alert, Withdrawal::RemovedByEntry);
-      entries.push_back(ModificationLine(ModificationCommand::Delete, *alert));
+      entries_.push_back(ModificationLine(ModificationCommand::Delete, *alert));
     }
   }
 
-  void Add(const SOTAAlert& command, std::vector<std::string>& entries) {
+  void Add(const SOTAAlert& command) {
     const auto window = overrides_.Of(command.stationBaseCallsign);
     auto alert = std::make_shared<SOTAAlert>(command);
     alert->LocalDateAndTimeRetrieved = host_.Time.LocalNow();
@@ -149,13 +165,15 @@ class AlertCommands::Batch {
     hasAdded_ = true;
     LogMessage(host_, "Adding alert:");
     LogEvent(host_, DelimitedData(*alert));
-    entries.push_back(ModificationLine(ModificationCommand::Add, *alert));
+    entries_.push_back(ModificationLine(ModificationCommand::Add, *alert));
   }
 
   AlertCommands& commands_;
   Host& host_;
   const AlertCommandScene& scene_;
   DurationOverrides overrides_;
+  std::vector<std::string> entries_;  // for the modifications file
+  std::vector<SOTAAlert> done_;       // the commands that they come from
   bool hasAdded_ = false;
 };
 
@@ -177,7 +195,10 @@ void AlertCommands::CarryOut(const SpotCollection& newSpots, const AlertCommandS
       return true;
     });
   }
-  batch.ReportAdditions();
+  LogErrors(host_, Procedure, false, [&] {
+    batch.Finish();
+    return true;
+  });
 }
 
 void AlertCommands::CarryOutWaiting(const AlertCommandScene& scene) {
@@ -185,7 +206,7 @@ void AlertCommands::CarryOutWaiting(const AlertCommandScene& scene) {
   LogErrors(host_, Procedure, false, [&] {
     Batch batch(*this, scene);
     batch.TakeWaiting();
-    batch.ReportAdditions();
+    batch.Finish();
     return true;
   });
 }

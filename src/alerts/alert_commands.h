@@ -27,9 +27,9 @@ class AlertCommands {
 
   // Acts on the commands among the new spots (which are the newest first, their trust already known), the
   // oldest first, each once in the life of the settings file. Removals and additions are written to the
-  // modifications file, those of one command at once, before the command is remembered. As long as the page
-  // has not been read in this run commands wait, also over the end of the run, and so do those that could not
-  // be written. Quitting leaves the rest for the next start. Does not yield.
+  // modifications file, all at once, before the commands are remembered. As long as the page has not been
+  // read in this run commands wait, also over the end of the run, and so do those that could not be written.
+  // Quitting leaves the rest for the next start. Does not yield.
   void CarryOut(const SpotCollection& newSpots, const AlertCommandScene& scene);
 
   // Acts on the commands that wait, in the order of their spots. To be called whenever the page has been

@@ -110,7 +110,7 @@ void SetStations(AnnouncedActivation& activation, std::string_view raw) {
   const auto first = GetBaseCallsign(callsigns, second);
   if (!first.empty()) activation.Stations.push_back(first);
   if (!second.empty() && second != first) activation.Stations.push_back(second);
-  if (activation.Stations.size() == 1) activation.Alert.AnnouncedCallsign = callsigns;
+  activation.Alert.AnnouncedCallsign = callsigns;
 }
 
 // "callsign on <a …>summit</a>".

@@ -14,7 +14,7 @@ namespace brelwin {
 
 struct SOTAAlert {
   std::string AlertKey;
-  std::string AnnouncedCallsign;  // of the page, with prefix and suffix; empty when it named two stations
+  std::string AnnouncedCallsign;  // of the page, with prefix and suffix, also where it names two stations
   std::string Comment;
   std::string FrequencyModes;  // as announced
   std::string ID;              // equal to AlertKey

@@ -1,6 +1,5 @@
 #include "alerts/waiting_commands.h"
 
-#include <algorithm>
 #include <string>
 #include <utility>
 
@@ -22,7 +21,7 @@ void WaitingCommands::LoadOnce() {
   for (const auto& line : file_.Read()) {
     SOTAAlert command;
     if (SetDelimitedData(command, line) && command.UTCAlertDateAndTime) {
-      commands_.push_back(std::move(command));
+      commands_.Add(command, DelimitedData(command));
     } else {
       LogEvent(host_, std::string(FileName) + " - A line that is no command was not kept: " + line);
     }
@@ -31,30 +30,41 @@ void WaitingCommands::LoadOnce() {
 
 bool WaitingCommands::Empty() {
   LoadOnce();
-  return commands_.empty();
+  return commands_.Empty();
 }
 
 void WaitingCommands::Add(const SOTAAlert& command) {
   LoadOnce();
-  const auto data = DelimitedData(command);
-  if (std::ranges::any_of(commands_, [&](const auto& held) { return DelimitedData(held) == data; })) return;
-  commands_.push_back(command);
-  isSaved_ = false;
+  if (commands_.Add(command, DelimitedData(command))) isSaved_ = false;
+}
+
+void WaitingCommands::DropOld() {
+  std::vector<std::string> old;
+  for (const auto& [data, command] : commands_) {
+    if (MinutesBetween(*command.UTCAlertDateAndTime, UTCNow(host_.Time)) >= LifeInMinutes)
+      old.push_back(data);
+  }
+  for (const auto& data : old) {
+    commands_.Remove(data);
+    LogEvent(host_, std::string(FileName) + " - A command that is a day old was not kept: " + data);
+  }
 }
 
 std::vector<SOTAAlert> WaitingCommands::TakeAll() {
   LoadOnce();
-  isSaved_ = isSaved_ && commands_.empty();
-  return std::exchange(commands_, {});
+  isSaved_ = isSaved_ && commands_.Empty();
+  DropOld();
+  std::vector<SOTAAlert> all;
+  for (const auto& entry : commands_) all.push_back(entry.Item);
+  commands_.Clear();
+  return all;
 }
 
 bool WaitingCommands::Save() {
   if (isSaved_) return true;
-  std::erase_if(commands_, [now = UTCNow(host_.Time)](const auto& command) {
-    return MinutesBetween(*command.UTCAlertDateAndTime, now) >= LifeInMinutes;
-  });
+  DropOld();
   std::vector<std::string> lines;
-  for (const auto& command : commands_) lines.push_back(DelimitedData(command));
+  for (const auto& entry : commands_) lines.push_back(entry.Key);
   isSaved_ = file_.Write(lines);
   return isSaved_;
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "alerts/sota_alert.h"
+#include "base/keyed_collection.h"
 #include "core/line_file.h"
 #include "platform/host.h"
 
@@ -19,21 +20,22 @@ class WaitingCommands {
   // Adds the command at the end, unless the same one waits already.
   void Add(const SOTAAlert& command);
 
-  // All of them, which do not wait any longer.
+  // All of them, which do not wait any longer, but for those that are a day old: the alerts around their time
+  // are over, and the log says that they were not kept.
   std::vector<SOTAAlert> TakeAll();
 
-  // Makes the file say what waits; commands that are a day old are left out, since the alerts around their
-  // time are over. True when it does.
+  // Makes the file say what waits, without those that are a day old. True when it does.
   bool Save();
 
  private:
   void LoadOnce();
+  void DropOld();
 
   Host& host_;
   LineFile file_;
   bool isLoaded_ = false;
   bool isSaved_ = true;
-  std::vector<SOTAAlert> commands_;
+  KeyedCollection<SOTAAlert> commands_;  // by their delimited data
 };
 
 }  // namespace brelwin
