@@ -200,13 +200,14 @@ TEST(GatewayProcessing, PassesOverWhomItDoesNotSend) {
             " - - - The following spot not submitted because activator is excluded from spotting - - -\r\n" +
                 LogLine(*excluded) + "\r\n" + Long + "\r\n");
 
-  ExcludeActivator(story.Excluded, "DL/PA3XYZ");
+  ExcludeActivator(story.Excluded, "DL/PA3XYZ asked by HB9DEF");
   const auto abroad = story.SkimmerSpot("GW/PA3XYZ/P", "7.032");
   const auto early = story.SkimmerSpot("HB9DEF", "7.031");
   early->WindowReference = "GM/SS-064";
   EXPECT_EQ(story.Process({abroad, early}), -1);
   const auto& journal = story.Tab.lstGatewayJournal.Items.Get();
-  EXPECT_TRUE(journal[1].ends_with("not sent: the activator is excluded by DL/PA3XYZ")) << journal[1];
+  EXPECT_TRUE(journal[1].ends_with("not sent: the activator is excluded by DL/PA3XYZ asked by HB9DEF"))
+      << journal[1];
   EXPECT_TRUE(journal[0].ends_with("only by the \"S-\" in \"GM/SS-064\" of the alert's comment"));
 
   story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false;
@@ -290,7 +291,9 @@ using Change = std::tuple<void (*)(GatewayStory&), std::string, std::size_t>;
 TEST(GatewayProcessing, ObeysAtOnceWhileSpotsWait) {
   const Change changes[] = {
       {[](GatewayStory& story) { story.Tab.chkRBNSendAllSpotsToSotawatch.Value = false; },
-       "the gateway was switched off meanwhile", 2},
+       "the gateway or the stream was switched off meanwhile", 2},
+      {[](GatewayStory& story) { story.RBN.chkReverseBeaconSpotsEnabled.Value = false; },
+       "the gateway or the stream was switched off meanwhile", 2},
       {[](GatewayStory& story) { story.Tab.txtSotawatchPassword.Text = " "; },
        "the login or the password was emptied meanwhile", 2},
       {[](GatewayStory& story) {

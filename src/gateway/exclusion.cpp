@@ -5,7 +5,9 @@
 namespace brelwin {
 
 void ExcludeActivator(CallsignCollection& excluded, std::string_view entry) {
-  for (const auto& form : CallsignForms(entry)) excluded.Add(std::string(entry), form);
+  excluded.Add(std::string(entry), GetBaseCallsign(entry));
+  const auto callsign = entry.substr(0, entry.find_first_of(" \t&,;"));
+  for (const auto& form : CallsignForms(callsign)) excluded.Add(std::string(entry), form);
 }
 
 std::string ExcludingEntry(const CallsignCollection& excluded, const Spot& spot) {

@@ -24,8 +24,9 @@ constexpr std::array<RefusalReport, 10> RefusalReports{{
      " - - - The following spot not submitted because the program stood still after it was heard - - -",
      "Spot not submitted because the program stood still after it may have been heard."},
     {GatewayReason::SwitchedOff,
-     " - - - The following spot not submitted because the gateway was switched off meanwhile - - -",
-     "Spot not submitted because the gateway was switched off meanwhile."},
+     " - - - The following spot not submitted because the gateway or the stream was switched off meanwhile - "
+     "- -",
+     "Spot not submitted because the gateway or the stream was switched off meanwhile."},
     {GatewayReason::NoLogin,
      " - - - The following spot not submitted because the login or the password was emptied meanwhile - - -",
      "Spot not submitted because the login or the password was emptied meanwhile."},
@@ -146,7 +147,7 @@ std::string RefusalInWords(GatewayReason reason, const GatewayFacts& facts, cons
     case GatewayReason::NoGatewaySpot: return {};
     case GatewayReason::StoodStill:
       return "not sent: the program stood still for some minutes after the spot may have been heard";
-    case GatewayReason::SwitchedOff: return "not sent: the gateway was switched off meanwhile";
+    case GatewayReason::SwitchedOff: return "not sent: the gateway or the stream was switched off meanwhile";
     case GatewayReason::NoLogin: return "not sent: the login or the password was emptied meanwhile";
     case GatewayReason::ExcludedActivator:
       return "not sent: the activator is excluded by " + facts.ExcludedBy;

@@ -7,6 +7,7 @@ namespace brelwin {
 
 GatewaySender SenderFromScreen(const GatewayTab& tab, const RBNTab& rbn) {
   GatewaySender sender;
+  sender.HearsStream = rbn.chkReverseBeaconSpotsEnabled.Value;
   sender.SendsEveryone = tab.chkRBNSendAllSpotsToSotawatch.Value;
   sender.SendsMine = tab.chkRBNSendMySpotsToSotawatch.Value;
   sender.Login = Trim(tab.txtSotawatchLogin.Text.Get());

@@ -9,6 +9,7 @@
 namespace brelwin {
 
 struct GatewaySender {
+  bool HearsStream = false;  // the Reverse Beacon Network is switched on
   bool SendsEveryone = false;
   bool SendsMine = false;
   std::string Login;
@@ -16,7 +17,9 @@ struct GatewaySender {
   std::string OwnBaseCallsign;
   std::string CommentTemplate;
 
-  bool IsSwitchedOn() const { return SendsEveryone || (SendsMine && !OwnBaseCallsign.empty()); }
+  bool IsSwitchedOn() const {
+    return HearsStream && (SendsEveryone || (SendsMine && !OwnBaseCallsign.empty()));
+  }
   bool HasLogin() const { return !Login.empty() && !Password.empty(); }
 };
 

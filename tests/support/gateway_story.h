@@ -76,6 +76,7 @@ struct GatewayStory : TestHost {
   GatewayStory() {
     Config.Addresses.SotawatchRSS = "https://feed.test/RssFeed";
     Config.Addresses.SpotliteSpotSubmitURL = "https://form.test/Spotlite/postSpot";
+    RBN.chkReverseBeaconSpotsEnabled.Value = true;
     Tab.txtSotawatchLogin.Text = "q0zz";
     Tab.txtSotawatchPassword.Text = "secret";
     Tab.txtSpotCommentTemplate.Text = "CQ CQ at XXX wpm. S/N=YYY dB at ZZZ {Via Tarnlink}";
