@@ -47,7 +47,7 @@ std::int32_t ReadFeed(MainWindow& window, const SpotFilter& filter, SpotCollecti
     ShowTwitterConnection(window, result);
   }
   NoteFeedState(window, newSpots);
-  if (result == Success) window.Sotawatch.WasRead = true;
+  if (result == Success || !newSpots.Empty()) window.Sotawatch.WasRead = true;
   CarryOutAlertCommands(window, newSpots, filter);
   return result;
 }
