@@ -28,9 +28,7 @@ bool HasStalledSince(MainWindow& window, Instant moment) {
 // What was refused as too old is sent when it is heard again.
 void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filter, Instant heardSince) {
   SendToSotawatch(window, heard, heardSince);
-  if (HasStalledSince(window, heardSince)) {
-    for (const auto& entry : heard) window.RBNSpots.Forget(entry.Item->SpotKey);
-  }
+  for (const auto& key : window.SpotGateway.TooOld) window.RBNSpots.Forget(key);
   FilterAndLog(window, filter, heard);
   heard.Reverse();  // spots come in the order of their lines; the list has the newest on top
   MergeIntoSpotList(window, heard);
@@ -55,7 +53,7 @@ void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
   if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return;
   CloseSilentConnection(window.RBN);
   const bool foundNoConnection = !window.RBN.Connected;
-  const auto heardSince = window.RBN.ConnectedAt;
+  const auto heardSince = window.RBN.HeardSince;
   SpotCollection heard;
   std::vector<std::string> unmatched;
   const bool hasNewSpots = TakeRBNSpots(window.RBN, filter, window.KnownActivators, window.Alerts,

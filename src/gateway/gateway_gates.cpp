@@ -12,12 +12,12 @@ constexpr GatewayVerdict Abort(GatewayReason reason) {
 
 std::optional<GatewayVerdict> DecideByStation(const GatewayFacts& facts) {
   if (!facts.IsGatewaySpot) return GatewayVerdict{GatewayDecision::PassOver, GatewayReason::NoGatewaySpot};
-  if (facts.IsFromBeforeAStall) return Refuse(GatewayReason::StoodStill);
   if (!facts.IsSwitchedOn) return Refuse(GatewayReason::SwitchedOff);
   if (!facts.HasLogin) return Refuse(GatewayReason::NoLogin);
   if (!facts.ExcludedBy.empty()) return Refuse(GatewayReason::ExcludedActivator);
   if (!facts.SendsEveryone && !facts.IsOwnStation)
     return Refuse(facts.WasForEveryone ? GatewayReason::NarrowedToOwn : GatewayReason::OtherStation);
+  if (facts.IsFromBeforeAStall) return Refuse(GatewayReason::StoodStill);
   if (!facts.WindowReference.empty()) return Refuse(GatewayReason::WindowOfReference);
   return {};
 }

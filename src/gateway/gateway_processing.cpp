@@ -40,6 +40,7 @@ GatewayValues WithUsualValues(GatewayValues values) {
 std::int32_t PerformGatewayProcessing(Gateway& gateway, const SpotCollection& matchedSpots,
                                       Instant heardSince, const GatewayValues& values, std::string& message) {
   message.clear();
+  gateway.TooOld.clear();
   return LogErrors(gateway.World, "PerformGatewayProcessing", LookedAtNothing, [&] {
     const auto sender = SenderFromScreen(gateway.Tab, gateway.RBN);
     if (!sender.IsSwitchedOn() || !sender.HasLogin() || matchedSpots.Empty()) return LookedAtNothing;

@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "controls/gateway_tab.h"
 #include "controls/rbn_tab.h"
@@ -18,7 +19,7 @@
 
 namespace brelwin {
 
-// What the gateway works with, for as long as the program lives. The last four are its own.
+// What the gateway works with, for as long as the program lives. The last five are its own.
 struct Gateway {
   Host& World;
   GatewayTab& Tab;
@@ -34,6 +35,7 @@ struct Gateway {
   KeyedCollection<Instant> SentSpotsByStation{};  // when a spot of the base callsign was last sent
   GatewayJournal Journal{};
   PostedSpots Posted{World};
+  std::vector<std::string> TooOld{};  // keys of the latest pass's spots from before the program stood still
 };
 
 // Takes the spots of this cycle in their order through the gates and posts those that pass. `heardSince` is

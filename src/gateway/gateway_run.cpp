@@ -1,5 +1,6 @@
 #include "gateway/gateway_run.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <utility>
 
@@ -77,6 +78,7 @@ GatewayRun::End GatewayRun::Refuse(const Spot& spot, const GatewayVerdict& verdi
                                    const DupeSearch& search) {
   ReportRefusal(gateway_.World, spot, verdict.Reason, search, values_);
   Note(spot, RefusalInWords(verdict.Reason, facts, search));
+  if (verdict.Reason == GatewayReason::StoodStill) gateway_.TooOld.push_back(spot.SpotKey);
   if (verdict.Decision == GatewayDecision::Abort) return PassedThrough;
   const bool isByInterval = verdict.Reason == GatewayReason::SentTooRecently;
   if (isByInterval || (IsRefusedByADuplicate(verdict.Reason) && IsSentTooRecently(facts)))
@@ -152,7 +154,8 @@ std::optional<DupeSearch> GatewayRun::LookAtFeed(const Spot& spot) {
   ShowJournal();
   Delay(spot);
   if (host.ShuttingDown || !MayGo(gateway_, spot, beginning_)) return {};
-  const auto feed = ReadFreshFeed(gateway_, values_.MaxDupeAgeMinutes);
+  const auto feed =
+      ReadFreshFeed(gateway_, std::max(values_.MaxDupeAgeMinutes, values_.DelaySeconds / 60 + 1));
   if (host.ShuttingDown) return {};
   auto search = SearchFeed(feed, spot, {host.Time.Now(), values_.MaxDupeAgeMinutes});
   ReportSearchOfFeed(host, search);
@@ -172,18 +175,19 @@ void GatewayRun::Delay(const Spot& spot) {
 }
 
 // The form may leave after its time-out, when this pass is over.
-std::function<bool()> GatewayRun::LastLook(const Spot& spot) const {
-  return [&gateway = gateway_, spot, beginning = beginning_] {
-    return MayGo(gateway, spot, beginning) && !gateway.Tab.chkGatewayDryRun.Value;
+std::function<bool()> GatewayRun::LastLook(const Spot& spot, std::string comment) const {
+  return [&gateway = gateway_, spot, comment = std::move(comment), beginning = beginning_] {
+    if (!MayGo(gateway, spot, beginning) || gateway.Tab.chkGatewayDryRun.Value) return false;
+    gateway.Posted.Remember(spot, comment);
+    return true;
   };
 }
 
 void GatewayRun::Post(const SpotPointer& spot, const GatewaySender& sender) {
   message_.clear();
-  gateway_.Posted.Remember(*spot, GatewaySpotComment(sender.CommentTemplate, *spot));
-  const auto result =
-      SendRBNSpotToSotawatch(gateway_.World, gateway_.Transfer, gateway_.Settings, sender.Login,
-                             sender.Password, sender.CommentTemplate, spot.get(), LastLook(*spot));
+  const auto result = SendRBNSpotToSotawatch(
+      gateway_.World, gateway_.Transfer, gateway_.Settings, sender.Login, sender.Password,
+      sender.CommentTemplate, spot.get(), LastLook(*spot, GatewaySpotComment(sender.CommentTemplate, *spot)));
   LogGatewayEvent(gateway_.World, "SendRBNSpotToSotawatch& returned status " + std::to_string(result.Status));
   if (result.Status == StatusAccepted) {
     NoteSent(*spot);

@@ -42,7 +42,7 @@ class GatewayRun {
   std::optional<DupeSearch> LookAtFeed(const Spot& spot);  // empty when the spot may not go any more
   void Delay(const Spot& spot);
 
-  std::function<bool()> LastLook(const Spot& spot) const;
+  std::function<bool()> LastLook(const Spot& spot, std::string comment) const;
   void Post(const SpotPointer& spot, const GatewaySender& sender);
   void PretendToPost(const Spot& spot, const GatewaySender& sender);
   void NoteSent(const Spot& spot);

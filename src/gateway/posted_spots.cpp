@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "core/event_log.h"
 #include "core/trap.h"
 #include "gateway/duplicate_search.h"
 #include "radio/dates.h"
@@ -13,6 +14,7 @@
 namespace brelwin {
 namespace {
 
+constexpr std::string_view FileName = "GatewayPostedSpots.txt";
 constexpr std::string_view Delimiter = "|";
 constexpr std::int64_t RememberedMinutes = 24 * 60;
 constexpr std::int64_t NearInHertz = 1000;
@@ -25,15 +27,19 @@ std::string LettersOf(std::string_view comment) {
 
 }  // namespace
 
-PostedSpots::PostedSpots(Host& host) : host_(host), file_(host, "GatewayPostedSpots.txt") {}
+PostedSpots::PostedSpots(Host& host) : host_(host), file_(host, FileName) {}
 
 void PostedSpots::LoadOnce() {
   if (std::exchange(isLoaded_, true)) return;
   for (const auto& line : file_.Read()) {
     const auto fields = Split(line, Delimiter);
     const auto time = ReadDateTime(fields[0]);
-    if (!time || fields.size() != 4) continue;
-    posts_.push_back({*time, std::string(fields[1]), ToSingle(ToDouble(fields[2])), std::string(fields[3])});
+    if (time && fields.size() == 4) {
+      posts_.push_back(
+          {*time, std::string(fields[1]), ToSingle(ToDouble(fields[2])), std::string(fields[3])});
+    } else {
+      LogEvent(host_, std::string(FileName) + " - A line that is no post was not kept: " + line);
+    }
   }
 }
 
@@ -45,10 +51,12 @@ void PostedSpots::ForgetOld() {
 }
 
 void PostedSpots::Remember(const Spot& spot, std::string_view comment) {
+  auto letters = LettersOf(comment);
+  if (letters.empty()) return;
   LogErrors(host_, "PostedSpots", false, [&] {
     LoadOnce();
     ForgetOld();
-    posts_.push_back({UTCNow(host_.Time), spot.stationBaseCallsign, spot.FrequencyInMhz, LettersOf(comment)});
+    posts_.push_back({UTCNow(host_.Time), spot.stationBaseCallsign, spot.FrequencyInMhz, std::move(letters)});
     Save();
     return true;
   });

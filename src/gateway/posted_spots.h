@@ -17,8 +17,9 @@ class PostedSpots {
  public:
   explicit PostedSpots(Host& host);
 
-  // Keeps the station, the frequency and the comment in "GatewayPostedSpots.txt". To be called before the
-  // post leaves: a post of unknown outcome may be at Sotawatch.
+  // Keeps the station, the frequency and the comment in "GatewayPostedSpots.txt". To be called when
+  // the post is about to leave: one of unknown outcome may be at Sotawatch. A comment without letters and
+  // digits is anybody's and not kept.
   void Remember(const Spot& spot, std::string_view comment);
 
   // Whether such a spot was posted in the last 24 hours: of the same base callsign, less than 1 kHz away,

@@ -59,6 +59,7 @@ struct RBNConnection {
   bool ArrivedSinceCheck = false;  // any bytes after the login
   int ChecksWithoutLineEnd = 0;    // in a row, of those that found bytes but no whole line
   Instant ConnectedAt;
+  Instant HeardSince;          // the connection of the oldest line that waits was made
   Instant LastArrival;         // of any bytes
   Instant LastRawRBNSpotTime;  // when a spot line was last read, or the login was completed
 

@@ -35,6 +35,7 @@ void LogLimits(RBNConnection& connection, std::int32_t index, const LineBuffer::
 }
 
 void TakeLines(RBNConnection& connection, std::int32_t index, std::string_view bytes) {
+  if (!connection.Lines.HasLines()) connection.HeardSince = connection.ConnectedAt;
   const auto intake = connection.Lines.Add(bytes);
   LogLimits(connection, index, intake);
   if (intake.WholeLines == 0) return;
