@@ -85,7 +85,6 @@ void LoadExcludedActivators(MainWindow& window) {
   std::string errorText;
   const auto path = InProgramFolder(window.World, "SOTAExcludedActivators.txt");
   LoadCallsignList(window.World, path, false, false, entries, errorText);
-  if (!errorText.empty()) LogEvent(window.World, "LoadCallsignList Error, Error=" + errorText);
   for (const auto& entry : entries) ExcludeActivator(window.ExcludedActivators, entry.Item);
 }
 
