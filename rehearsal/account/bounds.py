@@ -6,6 +6,7 @@ from account.settings import Settings
 from account.stream import Heard
 
 SHORTEST_STALL = 120  # seconds
+STOOD_STILL = 'the program stood still'
 
 
 class Bounds:
@@ -33,11 +34,11 @@ class Bounds:
         return next((sleep.t for sleep in self.sleeps if sleep.t - sleep.seconds * 1000 <= moment < sleep.t), moment)
 
     def refusal(self, heard: Heard, now: int) -> str:
-        if self.has_stalled(heard.line.connection, now):
-            return 'the program stood still'
         if self.is_off(now):
             return 'the gateway is off'
-        return '' if self._switch(now).everyone or heard.base == self.settings.own_base else 'only my own are sent'
+        if not self._switch(now).everyone and heard.base != self.settings.own_base:
+            return 'only my own are sent'
+        return STOOD_STILL if self.has_stalled(heard.line.connection, now) else ''
 
     def first_refusal(self, heard: Heard, begin: int, end: int) -> int | None:
         """When, between the two, the spot may not go any more."""

@@ -5,7 +5,7 @@ import dataclasses
 
 from account import feed, gates, ledger, outcomes, questions, sources
 from account.alerts import Alerts, is_command
-from account.bounds import Bounds
+from account.bounds import STOOD_STILL, Bounds
 from account.gates import TimedSpot
 from account.items import Fate, Item, Tally
 from account.posted import Posted
@@ -219,10 +219,13 @@ class Replay:
                 break
             now = ended
             ended = self._pass_gates_with(spot, now, heard[place:])
-        now = now if ended is None else ended
-        if any(self.bounds.has_stalled(line.connection, now) for line in self.taken):
-            self.parser.forget_all(self.parsed_at)
-        return now
+        return now if ended is None else ended
+
+    def _refuse(self, reason: str, now: int, spot: Heard, body: str | None) -> None:
+        """What was heard before a standstill is sent when it is heard again."""
+        self.tally.add(Item(Fate.REFUSED, reason, now, spot, body))
+        if reason == STOOD_STILL:
+            self.parser.forget(spot, self.parsed_at)
 
     def _after_reconnection(self, now: int) -> int:
         """Before the gateway comes into play, the program tries to connect again, and waits for that."""
@@ -263,14 +266,14 @@ class Replay:
         is_open = self._is_open(lambda moment: self._first_refusal(spot, moment), now)
         body = form_body(spot, self.settings)
         if refusal and not is_open:
-            self.tally.add(Item(Fate.REFUSED, refusal, now, spot, body))
+            self._refuse(refusal, now, spot, body)
             return now
         if (spot.is_late or spot.is_near or is_open) and not self._was_looked_at(body, now, rest):
             return self._leave_aside(spot, body, now)
         spot.is_near = spot.is_near or is_open  # that a late one was looked at is decided by now
         stop = self.bounds.first_refusal(spot, now, now + self.settings.delay * 1000)
         if stop is not None:
-            self.tally.add(Item(Fate.REFUSED, self.bounds.refusal(spot, stop), stop, spot, body))
+            self._refuse(self.bounds.refusal(spot, stop), stop, spot, body)
             return stop
         page = self._page_of_final_check(now)
         if page is None:
@@ -335,7 +338,7 @@ class Replay:
         is_confirmed = post is not None and post.body == body and not refusal
         spot.is_near = spot.is_near or is_open or (spot.has_company and not is_confirmed)
         if refusal and not (spot.is_near and post is not None):
-            self.tally.add(Item(Fate.REFUSED, refusal, now, spot, body))
+            self._refuse(refusal, now, spot, body)
             return None if refusal.startswith('there are no spots') else now
         if post is None:
             return self._miss_post(spot, body, now)

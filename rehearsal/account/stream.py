@@ -74,10 +74,6 @@ class Parser:
         if self.recent.get(heard.key) == now:
             del self.recent[heard.key]
 
-    def forget_all(self, now: int) -> None:
-        """Undoes what was remembered of everything that was heard at that moment."""
-        self.recent = {key: since for key, since in self.recent.items() if since != now}
-
     def _spot(self, line: ledger.Line, fields: list[str], now: int, about_to_go: set[str]) -> Heard | None:
         settings = self.settings
         is_cq = radio.upper(fields[6]) == 'CQ'
