@@ -34,7 +34,8 @@ class RehearsedWeb::Transfer final : public brelwin::HttpTransfer {
         agent_(request.UserAgent),
         isForm_(!request.IsRepeatable),
         knownTag_(brelwin::HeaderValue(request.Headers, "If-None-Match").value_or("")) {
-    Ask(request.Method, request.Url, request.Body);
+    const bool isHeldBack = request.MayLeave && !request.MayLeave();
+    isHeldBack ? HoldBack() : Ask(request.Method, request.Url, request.Body);
   }
 
   // The server has a form already, and answers somebody who has gone; a page that is not waited for is no
@@ -56,6 +57,16 @@ class RehearsedWeb::Transfer final : public brelwin::HttpTransfer {
     timer_ = web_.queue_.CallAfter(web_.TimeFor(*asked_), [this] { Finish(); });
   }
 
+  void HoldBack() {
+    answer_ = {.ErrorText = "held back", .ErrorNumber = ConnectionBroke};
+    timer_ = web_.queue_.CallAfter(brelwin::Milliseconds(1), [this] { TellFinished(); });
+  }
+
+  void TellFinished() {
+    const auto finished = std::move(Finished);  // may end this
+    if (finished) finished();
+  }
+
   void Finish() {
     const auto running = std::move(timer_);
     const auto exchange = *std::exchange(asked_, {});
@@ -70,8 +81,7 @@ class RehearsedWeb::Transfer final : public brelwin::HttpTransfer {
       answer_.ErrorText = "Connection closed";
       answer_.ErrorNumber = ConnectionBroke;
     }
-    const auto finished = std::move(Finished);  // may end this
-    if (finished) finished();
+    TellFinished();
   }
 
   RehearsedWeb& web_;
