@@ -49,7 +49,8 @@ TEST_F(StreamStory, AnAnnouncedActivatorIsMatchedShownAndExplained) {
   EXPECT_TRUE(ListedSpots().at(0)->IsMatchedToAlert);
   List().Select(*ListedSpots().at(0));
   EXPECT_TRUE(Contains(Window().Spots.lblSpotDetails.Caption.Get(), "G/LD-001"));
-  EXPECT_TRUE(Contains(Window().Spots.lblSources.Caption.Get(), "Alerts: 1, read at 12:00"));
+  EXPECT_TRUE(Contains(Window().Spots.lblSources.Caption.Get(),
+                       "Alerts: 1 by the alerts page, announcements of 12:00, "));
 }
 
 // Also when the spots themselves are dropped.
@@ -109,11 +110,12 @@ TEST_F(StreamStory, TheStatusTellsWhyTheAlertsAreNotRead) {
 
   Internet.AnswerAlways(AlertsAddress, test::Heading() + test::Table({.Time = "12:10"}));
   Queue.RunFor(seconds(20));
-  EXPECT_TRUE(says("Alerts: 1, read at 12:02 |")) << sources.Get();
+  EXPECT_TRUE(says("Alerts: 1 by the alerts page, announcements of 12:02, 0 min old |")) << sources.Get();
 
   Internet.AnswerAlways(AlertsAddress, "500 Internal Server Error");
   Queue.RunFor(minutes(7));
-  EXPECT_TRUE(says("Alerts: 1, read at 12:02; failing since 12:08 (The page holds no day of alerts) |"))
+  EXPECT_TRUE(
+      says("announcements of 12:02, 7 min old; failing since 12:08 (The page holds no day of alerts) |"))
       << sources.Get();
 }
 

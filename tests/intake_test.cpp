@@ -23,7 +23,7 @@ class Intake : public testing::Test {
   // The stations of the new spots, in order.
   std::string Take() {
     newSpots_.Clear();
-    code_ = intake_.GetSotawatchSpots(viaRSS_, addresses_, {}, known_, trusted_, sinceID_, newSpots_, error_);
+    code_ = intake_.GetSotawatchSpots(source_, addresses_, {}, known_, trusted_, sinceID_, newSpots_, error_);
     std::string stations;
     for (const auto& entry : newSpots_) stations += entry.Item->Station + " ";
     return stations;
@@ -39,20 +39,23 @@ class Intake : public testing::Test {
   }
 
   test::TestHost host_;
-  SpotIntake intake_{host_.World};
+  ServiceClient service_{host_.World, [] { return 0.0; }};
+  SpotIntake intake_{host_.World, service_};
   URLTemplates addresses_{.Twitter = "http://search.test/?since_id=ZZZZ",
                           .Callsign = {},
                           .Summit = {},
                           .SotawatchAlerts = {},
                           .SotawatchRSS = "http://feed.test/RssFeed",
-                          .SpotliteSpotSubmitURL = {}};
+                          .SpotliteSpotSubmitURL = {},
+                          .SotawatchAPI = {},
+                          .SotawatchAPITermsConfirmed = {}};
   CallsignCollection known_;
   CallsignCollection trusted_;
   SpotCollection newSpots_;
   std::string sinceID_;
   std::string error_;
   std::int32_t code_ = 0;
-  bool viaRSS_ = true;
+  SpotSource source_ = SpotSource::RSS;
 };
 
 TEST_F(Intake, DeliversEachSpotOnceNewestFirst) {
@@ -110,7 +113,7 @@ TEST_F(Intake, AnItemWithoutAStationIsLoggedOnce) {
 
 TEST_F(Intake, KeepsTheNewestTweetAndChangesFeedsWithoutRepeating) {
   Take(FeedText({Item("G4AAA", "11:57:00")}));
-  viaRSS_ = false;
+  source_ = SpotSource::Twitter;
   const auto tweet = [](const std::string& id, const std::string& station, const std::string& clockTime) {
     return R"({"id_str":")" + id + R"(","created_at":"Tue, 24 Nov 2026 )" + clockTime +
            R"( +0000","text":")" + station + " on G/LD-001 @ 7.032 CW CQ (Posted by M0XYZ)\"}";

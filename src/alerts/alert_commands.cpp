@@ -50,6 +50,7 @@ bool MayBeOf(const SOTAAlert& alert, std::string_view callsign) {
 }  // namespace
 
 bool IsAlertCommand(const Spot& spot) {
+  if (spot.Kind == SpotKind::Test) return false;
   return (spot.IsSelfSpot || spot.SpotterIsTrustedSpotter) && !Contains(spot.Comment, "{Via Tarnlink}");
 }
 

@@ -47,8 +47,8 @@ class AlertCommands {
   WaitingCommands waiting_;
 };
 
-// Whether the spot commands alerts: by the activator himself or by a trusted spotter, and not posted by a
-// gateway.
+// Whether the spot commands alerts: by the activator himself or by a trusted spotter, not posted by a
+// gateway, and no test.
 bool IsAlertCommand(const Spot& spot);
 
 }  // namespace brelwin

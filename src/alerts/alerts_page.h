@@ -1,5 +1,4 @@
-// Reads the alerts page into the alerts of the program, amended by the overrides file, the activators' own
-// words and the modifications file.
+// Reads the alerts page into the alerts of the program.
 #pragma once
 
 #include <cstddef>
@@ -7,16 +6,10 @@
 #include <string>
 #include <string_view>
 
-#include "alerts/alert_collection.h"
+#include "alerts/alerts_intake.h"
 #include "platform/host.h"
 
 namespace brelwin {
-
-struct AlertsPageRequest {
-  std::string Url;
-  std::int32_t DefaultAfterWindow = 0;  // minutes; of modifications whose alert has no window of its own
-  std::int32_t MaximumHoursAhead = 0;   // reading stops at the first alert farther ahead; 0: nowhere
-};
 
 // Fetches the page, yielding meanwhile, in which others may start work, and replaces the alerts with what it
 // announces. New activators are added to the known ones and to "SOTAActivators.txt" when there is such a

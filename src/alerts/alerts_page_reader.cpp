@@ -102,22 +102,11 @@ std::size_t FindOn(std::string_view cell) {
   return on;
 }
 
-// Markup is no callsign: what is taken here is learned as an activator.
-void SetStations(AnnouncedActivation& activation, std::string_view raw) {
-  const auto callsigns = PlainText(raw);
-  if (Contains(callsigns, "<")) return;
-  std::string second;
-  const auto first = GetBaseCallsign(callsigns, second);
-  if (!first.empty()) activation.Stations.push_back(first);
-  if (!second.empty() && second != first) activation.Stations.push_back(second);
-  activation.Alert.AnnouncedCallsign = callsigns;
-}
-
 // "callsign on <a …>summit</a>".
 void SetStationsAndSummit(AnnouncedActivation& activation, std::string_view cell) {
   const auto on = FindOn(cell);
   if (on == std::string_view::npos) return;
-  SetStations(activation, cell.substr(0, on));
+  SetStations(activation, PlainText(cell.substr(0, on)));
   auto link = cell.substr(on);
   activation.Alert.SummitDesignator = PlainText(TakeBetween(link, ">", "<").value_or(""));
 }
@@ -162,12 +151,6 @@ std::optional<AnnouncedActivation> ReadTable(std::string_view table, std::option
   return activation;
 }
 
-bool IsTooFarAhead(const SOTAAlert& alert, const PageReadRequest& request) {
-  if (request.MaximumHoursAhead <= 0 || !alert.UTCAlertDateAndTime) return false;
-  const auto hours = MinutesBetween(request.UtcNow, *alert.UTCAlertDateAndTime) / 60;
-  return hours > request.MaximumHoursAhead;
-}
-
 class PageReader {
  public:
   PageReader(const PageReadRequest& request, const ActivationTaker& take) : request_(request), take_(take) {}
@@ -206,6 +189,22 @@ class PageReader {
 };
 
 }  // namespace
+
+// Markup is no callsign: what is taken here is learned as an activator.
+void SetStations(AnnouncedActivation& activation, std::string_view callsigns) {
+  if (Contains(callsigns, "<")) return;
+  std::string second;
+  const auto first = GetBaseCallsign(callsigns, second);
+  if (!first.empty()) activation.Stations.push_back(first);
+  if (!second.empty() && second != first) activation.Stations.push_back(second);
+  activation.Alert.AnnouncedCallsign = callsigns;
+}
+
+bool IsTooFarAhead(const SOTAAlert& alert, const PageReadRequest& request) {
+  if (request.MaximumHoursAhead <= 0 || !alert.UTCAlertDateAndTime) return false;
+  const auto hours = MinutesBetween(request.UtcNow, *alert.UTCAlertDateAndTime) / 60;
+  return hours > request.MaximumHoursAhead;
+}
 
 AlertsPageSummary ReadAlertsPage(std::string_view page, const PageReadRequest& request,
                                  const ActivationTaker& take) {

@@ -30,6 +30,12 @@ struct PageReadRequest {
   std::int32_t MaximumHoursAhead = 0;  // reading stops at the first alert farther ahead; 0: nowhere
 };
 
+// Sets the base callsigns of the one or two stations that the plain text names; none for markup.
+void SetStations(AnnouncedActivation& activation, std::string_view callsigns);
+
+// Whether the alert lies farther ahead than is read.
+bool IsTooFarAhead(const SOTAAlert& alert, const PageReadRequest& request);
+
 using ActivationTaker = std::function<void(AnnouncedActivation&&)>;
 
 // Reads a page, hostile or cut as it may be, in one pass, and hands over its activations in their order.

@@ -22,6 +22,8 @@ SpotPrinter::SpotPrinter(Screen& screen, PrintLine print) : screen_(screen), pri
   FollowCaption(screen_.Spots.lblSettingsNotice);
   FollowCaption(screen_.Spots.lblStatus);
   FollowCaption(screen_.RBN.lblRBNStatus);
+  FollowCaption(screen_.RBN.lblRBNStatus2);
+  FollowCaption(screen_.RBN.lblAnnouncements);
   FollowCaption(screen_.RBN.lblUnmatchedSpot);
   FollowGateway();
   FollowLabels();
@@ -42,8 +44,9 @@ void SpotPrinter::FollowGateway() {
 
 void SpotPrinter::FollowLabels() {
   auto& spots = screen_.Spots;
-  for (Label* label : {&spots.lblCheckingForSpots, &spots.lblNoConnectionToTwitter,
-                       &spots.lblNoSotawatchConnection, &spots.lblNoConnectionToRBN, &spots.lblSpotsHidden})
+  for (Label* label :
+       {&spots.lblCheckingForSpots, &spots.lblNoConnectionToTwitter, &spots.lblNoSotawatchConnection,
+        &spots.lblNoConnectionToRBN, &spots.lblNoConnectionToRBN2, &spots.lblSpotsHidden})
     watches_.push_back(label->Visible.WhenChanged([this, label] {
       if (label->Visible) PrintLines(label->Caption.Get());
     }));

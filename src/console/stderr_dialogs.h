@@ -9,6 +9,7 @@ namespace brelwin {
 class StderrDialogs final : public Dialogs {
  public:
   void ShowMessage(std::string_view text, std::string_view title, MessageIcon icon) override;
+  void Ask(std::string_view question, std::string_view title, std::function<void()> onYes) override;
 
  private:
   LineOutput output_{2};

@@ -11,7 +11,8 @@ struct RBNTab {
   Frame fraReverseBeaconNetwork{Controls, "fraReverseBeaconNetwork"};
   CheckBox chkReverseBeaconSpotsEnabled{Controls, "chkReverseBeaconSpotsEnabled"};
   TextBox txtRBNCallsign{Controls, "txtRBNCallsign"};
-  Label lblRBNStatus{Controls, "lblRBNStatus"};  // what the stream has begun to do
+  Label lblRBNStatus{Controls, "lblRBNStatus"};    // what the stream has begun to do
+  Label lblRBNStatus2{Controls, "lblRBNStatus2"};  // of the second stream; nothing without one
   Label lblUnmatchedSpot{Controls,
                          "lblUnmatchedSpot"};  // why the last spot of an announced station did not match
   TextBox txtRBNMaxMinutesSinceLastRawSpotReceived{Controls, "txtRBNMaxMinutesSinceLastRawSpotReceived"};
@@ -30,6 +31,7 @@ struct RBNTab {
 
   TextBox txtSOTAAlertsRefreshInterval{Controls, "txtSOTAAlertsRefreshInterval"};
   TextBox txtSOTAWatchAlertArchivingIntervalInHours{Controls, "txtSOTAWatchAlertArchivingIntervalInHours"};
+  Label lblAnnouncements{Controls, "lblAnnouncements"};  // whose the alerts are, and how old
   Button cmdViewKnownActivators{Controls, "cmdViewKnownActivators"};
   Button cmdViewAlerts{Controls, "cmdViewAlerts"};
 };

@@ -14,6 +14,7 @@ struct SpotsTab {
   Button cmdGetSPOTS{Controls, "cmdGetSPOTS"};
   Button cmdReloadSpotList{Controls, "cmdReloadSpotList"};
   CheckBox chkSOTAWatchSpotsViaRSS{Controls, "chkSOTAWatchSpotsViaRSS"};
+  CheckBox chkSotawatchJSONService{Controls, "chkSotawatchJSONService"};
   TextBox txtSecondsBetweenChecks{Controls, "txtSecondsBetweenChecks"};
   TextBox txtMaximumSpotsInList{Controls, "txtMaximumSpotsInList"};
   Button cmdTest{Controls, "cmdTest"};
@@ -22,6 +23,8 @@ struct SpotsTab {
   Label lblNoConnectionToTwitter{Controls, "lblNoConnectionToTwitter", "No connection to Twitter"};
   Label lblNoSotawatchConnection{Controls, "lblNoSotawatchConnection", "No connection to Sotawatch"};
   Label lblNoConnectionToRBN{Controls, "lblNoConnectionToRBN", "No connection to Reverse Beacon Network"};
+  Label lblNoConnectionToRBN2{Controls, "lblNoConnectionToRBN2",
+                              "No connection to the second stream of Reverse Beacon Network"};
   Label lblUTCTime{Controls, "lblUTCTime"};
   Label lblSpotsHidden{Controls, "lblSpotsHidden"};        // how many the filter hides for want of points
   Label lblSettingsNotice{Controls, "lblSettingsNotice"};  // what the settings file leaves open or loses

@@ -6,6 +6,7 @@
 #include "alerts/alerts_page.h"
 #include "alerts/alerts_report.h"
 #include "core/data_files.h"
+#include "cycle/spots_source.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
 
@@ -13,6 +14,7 @@ namespace brelwin {
 namespace {
 
 constexpr std::int32_t Success = -1;
+constexpr std::int32_t NotFetched = -100;
 
 void NoteFailure(MainWindow& window, const std::string& errorText) {
   auto& failure = window.AlertsNotRead;
@@ -40,15 +42,28 @@ class TicksGoOn {
   bool before_;
 };
 
+std::int32_t ReadAlertsOfService(MainWindow& window, const AlertsPageRequest& request,
+                                 std::string& errorText) {
+  const auto obstacle = LookForObstacle(window);
+  if (obstacle == ServiceObstacle::None)
+    return window.AnnouncedByService.Refresh(request, window.Alerts, window.KnownActivators, errorText);
+  errorText = ObstacleInWords(obstacle, request.Url);
+  return NotFetched;
+}
+
 std::int32_t ReadAlertsPage(MainWindow& window) {
   const TicksGoOn ticks(window);
   const auto afterWindow =
       WholeNumber(window.Controls.RBN.txtRBNMaxMinutesAfterAlertTime.Text.Get(), window.World.Numbers);
-  const AlertsPageRequest request{window.Config.Addresses.SotawatchAlerts, afterWindow,
-                                  window.Config.MaxAlertAgeInHours};
+  const bool isByService = SourceInUse(window) == SpotSource::Service;
+  const auto& addresses = window.Config.Addresses;
+  const AlertsPageRequest request{isByService ? addresses.SotawatchAPI : addresses.SotawatchAlerts,
+                                  afterWindow, window.Config.MaxAlertAgeInHours};
   std::string errorText;
-  const auto result =
-      GetAlertsFromSotawatchHTMLPage(window.World, request, window.Alerts, window.KnownActivators, errorText);
+  const auto result = isByService ? ReadAlertsOfService(window, request, errorText)
+                                  : GetAlertsFromSotawatchHTMLPage(window.World, request, window.Alerts,
+                                                                   window.KnownActivators, errorText);
+  if (result == Success) window.AlertsSource = isByService ? "the JSON service" : "the alerts page";
   NoteFailure(window, errorText);
   if (result == Success) window.Controls.Spots.lblNoSotawatchConnection.Visible = false;
   return result;

@@ -7,13 +7,14 @@
 #include "core/data_files.h"
 #include "core/program_path.h"
 #include "core/trap.h"
-#include "cycle/captions.h"
 #include "cycle/check_cycle.h"
 #include "cycle/entry.h"
 #include "cycle/settings_handlers.h"
 #include "cycle/sotawatch_spots.h"
 #include "cycle/source_status.h"
 #include "cycle/spot_details.h"
+#include "cycle/spots_source.h"
+#include "cycle/streams.h"
 #include "gateway/login_test.h"
 #include "radio/url_encode.h"
 #include "rbn/stream.h"
@@ -141,6 +142,8 @@ void ConnectWork(MainWindow& window) {
   screen.Spots.cmdTest.Click = WorkHandler(window, cmdTest_Click);
   auto& viaRSS = screen.Spots.chkSOTAWatchSpotsViaRSS;
   viaRSS.Click = BoxHandler(window, viaRSS, [&window] { SwitchFeed(window); });
+  auto& service = screen.Spots.chkSotawatchJSONService;
+  service.Click = BoxHandler(window, service, [&window] { chkSotawatchJSONService_Click(window); });
 }
 
 void ConnectSettings(MainWindow& window) {
@@ -167,15 +170,18 @@ void ForgetAlertsConnection(MainWindow& window) {
 
 void ConnectStream(MainWindow& window) {
   auto& enabled = window.Controls.RBN.chkReverseBeaconSpotsEnabled;
-  enabled.Click = BoxHandler(window, enabled, [&window] { chkReverseBeaconSpotsEnabled_Click(window.RBN); });
+  enabled.Click = BoxHandler(window, enabled, [&window] {
+    for (auto* stream : StreamsOf(window)) chkReverseBeaconSpotsEnabled_Click(*stream);
+  });
   window.Watches.push_back(enabled.Value.WhenChanged([&window] { ForgetAlertsConnection(window); }));
-  window.Watches.push_back(window.RBN.StatusChanged.WhenRaised([&window] { ShowStreamStage(window); }));
+  for (auto* stream : {&window.RBN, &window.RBN2})
+    window.Watches.push_back(stream->StatusChanged.WhenRaised([&window] { ShowStreamStage(window); }));
 }
 
 void SwitchGatewayForAll(MainWindow& window) {
   auto& tab = window.Controls.Gateway;
   chkRBNSendAllSpotsToSotawatch_Click(window.World, tab);
-  window.Controls.Window.Caption = WindowCaption(tab.chkRBNSendAllSpotsToSotawatch.Value);
+  ShowCaption(window);
 }
 
 // While a spot is being sent the test is refused in words, whatever else is going on.

@@ -1,13 +1,28 @@
 #include "cycle/main_window.h"
 
+#include <random>
+
 #include "core/data_files.h"
 #include "cycle/check_cycle.h"
 #include "cycle/entry.h"
 
 namespace brelwin {
 
+namespace {
+
+// What many programs do at the same moment they do not do together again.
+ServiceSchedule::Random ChanceOf(const Host& host) {
+  std::minstd_rand engine(
+      static_cast<std::minstd_rand::result_type>(host.Time.Now().time_since_epoch().count()));
+  return [engine]() mutable { return std::generate_canonical<double, 32>(engine); };
+}
+
+}  // namespace
+
 MainWindow::MainWindow(Host& host)
     : World(host),
+      SpotsService(host, ChanceOf(host)),
+      AlertsService(host, ChanceOf(host), DuringTransfer::OthersMayStart),
       Commands(host, CommandMemory(host, InProgramFolder(host, "Brelwin.INI"),
                                    [this] { return SettingsFile.PrepareFile(); })),
       TickDriver(host.Time, host.Events, Controls.tmrCheckSpots,
@@ -19,6 +34,7 @@ MainWindow::MainWindow(Host& host)
   Controls.Spots.lblNoSotawatchConnection.Visible = false;
   Controls.Spots.lblNoConnectionToRBN.Visible = false;
   Controls.Spots.lblSpotsHidden.Visible = false;
+  Controls.Spots.lblNoConnectionToRBN2.Visible = false;
 }
 
 }  // namespace brelwin

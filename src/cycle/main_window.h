@@ -9,6 +9,7 @@
 
 #include "alerts/alert_collection.h"
 #include "alerts/alert_commands.h"
+#include "alerts/service_alerts.h"
 #include "controls/screen.h"
 #include "core/websites.h"
 #include "cycle/check_timer.h"
@@ -23,6 +24,7 @@
 #include "settings/box_warnings.h"
 #include "settings/configuration.h"
 #include "settings/settings.h"
+#include "spots/service_client.h"
 #include "spots/spot.h"
 
 namespace brelwin {
@@ -41,17 +43,30 @@ struct MainWindow {
   CallsignCollection TrustedSpotters;
   CallsignCollection ExcludedActivators;
   std::vector<Website> Websites;
-  SpotIntake Intake{World};
+  ServiceClient SpotsService;
+  ServiceClient AlertsService;
+  SpotIntake Intake{World, SpotsService};
 
   AlertCollection Alerts;
+  ServiceAlerts AnnouncedByService{World, AlertsService};
   AlertCommands Commands;
   RBNConnection RBN{World, Config, RBNControls(Controls)};
+  RBNConnection RBN2{World, Config, RBNControls(Controls, Controls.Spots.lblNoConnectionToRBN2),
+                     SecondStream};
   RecentRBNSpots RBNSpots;
   StallWatch Stalls;
   Heartbeat StallHeartbeat{World.Time, World.Events, Stalls};
-  Gateway SpotGateway{World,           Controls.Gateway,      Controls.RBN,
-                      Config,          &RecentSotawatchSpots, ExcludedActivators,
-                      TrustedSpotters, KnownActivators,       Stalls};
+  Gateway SpotGateway{World,
+                      Controls.Gateway,
+                      Controls.RBN,
+                      Config,
+                      &RecentSotawatchSpots,
+                      ExcludedActivators,
+                      TrustedSpotters,
+                      KnownActivators,
+                      Stalls,
+                      &Controls.Spots.chkSotawatchJSONService,
+                      &SpotsService};
 
   // What the feed in use is doing: since when, and how many spots it has brought in this run.
   struct FeedState {
@@ -72,6 +87,9 @@ struct MainWindow {
     std::optional<DateTime> Since;  // local
   };
   AlertsFailure AlertsNotRead;
+
+  std::string AlertsSource;    // where the alerts were read, in words
+  bool TermsAskedFor = false;  // of the JSON service, in this run
 
   bool FormLoading = true;
   bool CheckInProgress = false;

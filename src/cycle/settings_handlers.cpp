@@ -6,6 +6,7 @@
 #include "core/event_log.h"
 #include "cycle/source_status.h"
 #include "cycle/spot_list_display.h"
+#include "cycle/streams.h"
 #include "gateway/tab_rules.h"
 #include "radio/numbers.h"
 #include "rbn/stream.h"
@@ -24,7 +25,9 @@ std::int32_t NumberIn(const MainWindow& window, const TextBox& box) {
 // Settings that are applied may have switched the stream on.
 void ConnectWhenWanted(MainWindow& window) {
   const bool isWanted = window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value;
-  if (isWanted && !window.RBN.Connected && !window.World.FetchInProgress) ConnectToRBN(window.RBN);
+  for (auto* stream : StreamsOf(window)) {
+    if (isWanted && !stream->Connected && !window.World.FetchInProgress) ConnectToRBN(*stream);
+  }
 }
 
 }  // namespace

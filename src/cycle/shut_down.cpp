@@ -4,6 +4,7 @@
 
 #include "core/event_log.h"
 #include "core/trap.h"
+#include "cycle/streams.h"
 #include "rbn/open_connection.h"
 
 namespace brelwin {
@@ -21,7 +22,7 @@ void Form_Unload(MainWindow& window) {
   window.Controls.tmrCheckSpots.Enabled = false;
   TrapErrorsSilently([&] { window.SettingsFile.SaveSettings(); });
   std::string errorText;
-  CloseRBNConnection(window.RBN, errorText);
+  for (auto* stream : StreamsOf(window)) CloseRBNConnection(*stream, errorText);
   LogEvent(window.World, "Form_Unload End");
   window.World.Events.Quit();
 }

@@ -7,6 +7,7 @@
 #include "cycle/spot_details.h"
 #include "cycle/spot_list_display.h"
 #include "cycle/spot_outputs.h"
+#include "cycle/streams.h"
 #include "rbn/open_connection.h"
 #include "rbn/stream.h"
 #include "ui/alerting.h"
@@ -36,33 +37,38 @@ void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filte
 }
 
 // What such a connection brings may have been under way for as long as the program stood still.
-void CloseStalledConnection(MainWindow& window) {
+void CloseStalledConnection(MainWindow& window, RBNConnection& stream) {
   LogEvent(window.World,
            "TakeSkimmerSpots - The program stood still for " +
                std::to_string(window.Stalls.LatestInMinutes()) +
                " minutes. What the stream had brought by then is not sent, and the connection is renewed.");
   std::string errorText;
-  CloseRBNConnection(window.RBN, errorText);
+  CloseRBNConnection(stream, errorText);
+}
+
+// What came before a connection ended is shown, logged and heard before the next one is waited for.
+void TakeSpotsOf(MainWindow& window, RBNConnection& stream, SpotFilter& filter) {
+  CloseSilentConnection(stream);
+  const bool foundNoConnection = !stream.Connected;
+  const auto heardSince = stream.HeardSince;
+  SpotCollection heard;
+  std::vector<std::string> unmatched;
+  const bool hasNewSpots =
+      TakeRBNSpots(stream, filter, window.KnownActivators, window.Alerts, window.RBNSpots, heard, unmatched);
+  ShowUnmatchedStations(window, unmatched, filter);
+  const bool hasStalled = stream.Connected && HasStalledSince(window, stream.ConnectedAt);
+  if (hasStalled) CloseStalledConnection(window, stream);
+  if (hasNewSpots) HandleNewSpots(window, heard, filter, heardSince);
+  if ((foundNoConnection || hasStalled) && !stream.Connected) ConnectToRBN(stream);
 }
 
 }  // namespace
 
-// What came before a connection ended is shown, logged and heard before the next one is waited for. The user
-// may have switched the stream off while the check waited for something else.
+// The user may have switched the streams off while the check waited for something else.
 void TakeSkimmerSpots(MainWindow& window, SpotFilter& filter) {
-  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return;
-  CloseSilentConnection(window.RBN);
-  const bool foundNoConnection = !window.RBN.Connected;
-  const auto heardSince = window.RBN.HeardSince;
-  SpotCollection heard;
-  std::vector<std::string> unmatched;
-  const bool hasNewSpots = TakeRBNSpots(window.RBN, filter, window.KnownActivators, window.Alerts,
-                                        window.RBNSpots, heard, unmatched);
-  ShowUnmatchedStations(window, unmatched, filter);
-  const bool hasStalled = window.RBN.Connected && HasStalledSince(window, window.RBN.ConnectedAt);
-  if (hasStalled) CloseStalledConnection(window);
-  if (hasNewSpots) HandleNewSpots(window, heard, filter, heardSince);
-  if ((foundNoConnection || hasStalled) && !window.RBN.Connected) ConnectToRBN(window.RBN);
+  for (auto* stream : StreamsOf(window)) {
+    if (window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) TakeSpotsOf(window, *stream, filter);
+  }
 }
 
 }  // namespace brelwin

@@ -3,8 +3,10 @@
 #include "core/trap.h"
 #include "cycle/alerts_refresh.h"
 #include "cycle/source_status.h"
+#include "cycle/spot_changes.h"
 #include "cycle/spot_list_display.h"
 #include "cycle/spot_outputs.h"
+#include "cycle/spots_source.h"
 #include "spots/spot_collections.h"
 #include "ui/alerting.h"
 #include "ui/filter_from_screen.h"
@@ -37,12 +39,14 @@ std::int32_t ReadFeed(MainWindow& window, const SpotFilter& filter, SpotCollecti
   tab.picDownload.Visible = true;
   std::string errorText;
   auto sinceID = window.TwitterSinceID;
-  const auto result = window.Intake.GetSotawatchSpots(
-      tab.chkSOTAWatchSpotsViaRSS.Value, window.Config.Addresses, window.Config.Test, window.KnownActivators,
-      window.TrustedSpotters, sinceID, newSpots, errorText);
+  const auto source = SourceInUse(window);
+  if (source == SpotSource::Service) LookForObstacle(window);
+  const auto result = window.Intake.GetSotawatchSpots(source, window.Config.Addresses, window.Config.Test,
+                                                      window.KnownActivators, window.TrustedSpotters, sinceID,
+                                                      newSpots, errorText);
   if (window.World.ShuttingDown) return result;
   // The user may have switched to the other feed during the fetch: this one's memory and label are gone then.
-  if (!tab.chkSOTAWatchSpotsViaRSS.Value) {
+  if (SourceInUse(window) == SpotSource::Twitter) {
     window.TwitterSinceID = sinceID;
     ShowTwitterConnection(window, result);
   }
@@ -72,7 +76,8 @@ void Reload(MainWindow& window) {
     DisplaySpotList(window, window.SpotList);
     return;
   }
-  window.RecentSotawatchSpots = FirstSpots(newSpots, MaximumRecentSotawatchSpots);
+  window.Intake.TakeChanges();  // the lists are new
+  window.RecentSotawatchSpots = FirstSpots(WithoutTests(newSpots), MaximumRecentSotawatchSpots);
   window.SpotsHiddenForPoints = 0;
   FilterAndLog(window, filter, newSpots);
   window.SpotList = newSpots;
@@ -102,10 +107,11 @@ void TakeSotawatchSpots(MainWindow& window, SpotFilter& filter) {
   const bool atStartup = !window.Sotawatch.WasRead;
   SpotCollection newSpots;
   ReadFeed(window, filter, newSpots);
+  TakeSpotChanges(window, filter);
   if (newSpots.Empty()) return;
   const auto received = newSpots;
   FilterAndLog(window, filter, newSpots);
-  MergeInFront(received, window.RecentSotawatchSpots);
+  MergeInFront(WithoutTests(received), window.RecentSotawatchSpots);
   TrimCollection(MaximumRecentSotawatchSpots, window.RecentSotawatchSpots);
   MergeIntoSpotList(window, newSpots);
   AlertOn(window, newSpots, filter, atStartup);

@@ -12,6 +12,9 @@ void ShowSourceStatus(MainWindow& window);
 // Says what the user should know of the settings file; nothing when that is mended.
 void ShowSettingsNotice(MainWindow& window);
 
+// Shows the window's title as it is to be now.
+void ShowCaption(MainWindow& window);
+
 // Says what the stream has begun to do, and shows the status line anew.
 void ShowStreamStage(MainWindow& window);
 

@@ -14,6 +14,8 @@
 #include "cycle/sotawatch_spots.h"
 #include "cycle/source_status.h"
 #include "cycle/spot_list_display.h"
+#include "cycle/spots_source.h"
+#include "cycle/streams.h"
 #include "gateway/exclusion.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
@@ -66,7 +68,7 @@ void WarnOfTheFile(MainWindow& window) {
 
 void ShowTitles(MainWindow& window) {
   ShowUTCTime(window);
-  window.Controls.Window.Caption = WindowCaption(window.Controls.Gateway.chkRBNSendAllSpotsToSotawatch.Value);
+  ShowCaption(window);
   window.Controls.About.lblProgramTitle.Caption = ProgramTitle();
 }
 
@@ -124,6 +126,7 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   });
   Step(window, [&] { window.CheckInterval = TimerInterval(window); });
   Step(window, [&] { ShowWhatThereIs(window); });
+  Step(window, [&] { ShowWhichFeedsCount(window); });
   Step(window, [&] { KeepGatewayWords(window); });
   Step(window, [&] { WarnOfTheFile(window); });
   Step(window, [&] { txtSpotCommentTemplate_LostFocus(window); });
@@ -148,7 +151,7 @@ void InitializeInternetConnections(MainWindow& window) {
   timer.Enabled = false;
   Step(window, [&] { ReloadSpotList(window); });
   Step(window, [&] {
-    if (window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) ConnectToRBN(window.RBN);
+    for (auto* stream : StreamsOf(window)) ConnectToRBN(*stream);
   });
   window.CheckInterval = TimerInterval(window);
   timer.Interval = window.CheckInterval;

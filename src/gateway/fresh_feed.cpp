@@ -5,7 +5,11 @@
 #include "alerts/alert_commands.h"
 #include "alerts/withdrawal.h"
 #include "radio/callsign.h"
+#include "radio/frequency.h"
 #include "spots/rss_feed_reader.h"
+#include "spots/service_feed_reader.h"
+#include "spots/service_terms.h"
+#include "spots/spot_collections.h"
 
 namespace brelwin {
 namespace {
@@ -18,16 +22,31 @@ bool SpeaksForStation(const Spot& held, const Spot& spot) {
   return IsAlertCommand(word);
 }
 
-}  // namespace
-
-FreshFeed ReadFreshFeed(Gateway& gateway, std::int32_t maximumAgeInMinutes) {
-  FreshFeed feed;
+void ReadByRSS(Gateway& gateway, std::int32_t maximumAgeInMinutes, FreshFeed& feed) {
   RSSReadRequest request;
   request.Url = gateway.Settings.Addresses.SotawatchRSS;
   request.MaximumAgeInMinutes = maximumAgeInMinutes;
   request.KeyByStationAndFrequency = true;
   request.All = &feed.All;
   ReadSotawatchRSS(gateway.World, request, gateway.KnownActivators, feed.ByKey);
+}
+
+void ReadByService(Gateway& gateway, std::int32_t maximumAgeInMinutes, FreshFeed& feed) {
+  const auto& addresses = gateway.Settings.Addresses;
+  const auto obstacle = ObstacleOfService(addresses.SotawatchAPI, addresses.SotawatchAPITermsConfirmed);
+  if (obstacle != ServiceObstacle::None) return;
+  feed.All = ReadServiceBeside(gateway.World, *gateway.Service, addresses.SotawatchAPI, maximumAgeInMinutes,
+                               gateway.KnownActivators);
+  for (const auto& spot : feed.All)
+    AddObjectToCollection(spot, DuplicateKey(spot->stationBaseCallsign, spot->FrequencyInMhz), feed.ByKey);
+}
+
+}  // namespace
+
+FreshFeed ReadFreshFeed(Gateway& gateway, std::int32_t maximumAgeInMinutes) {
+  FreshFeed feed;
+  const bool isByService = gateway.ServiceBox != nullptr && gateway.ServiceBox->Value;
+  (isByService ? ReadByService : ReadByRSS)(gateway, maximumAgeInMinutes, feed);
   std::erase_if(feed.All, [&](const auto& spot) { return gateway.Posted.Holds(*spot); });
   for (const auto& spot : feed.All)
     spot->SpotterIsTrustedSpotter = gateway.TrustedSpotters.Contains(spot->SpotterBaseCallsign);

@@ -14,7 +14,7 @@ struct FreshFeed {
   std::vector<SpotPointer> All;  // but this gateway's own posts, newest first
 };
 
-// Reads the feed, waiting for it; as far back as duplicates count. Empty when it cannot be read.
+// Reads the source in use, waiting for it; as far back as duplicates count. Empty when it cannot be read.
 FreshFeed ReadFreshFeed(Gateway& gateway, std::int32_t maximumAgeInMinutes);
 
 // Whether the feed speaks against the spot. The station's latest word counts: a self-spot or a spot by a

@@ -15,6 +15,7 @@
 #include "platform/host.h"
 #include "platform/stall_watch.h"
 #include "settings/configuration.h"
+#include "spots/service_client.h"
 #include "spots/spot.h"
 
 namespace brelwin {
@@ -30,6 +31,10 @@ struct Gateway {
   const CallsignCollection& TrustedSpotters;
   CallsignCollection& KnownActivators;
   StallWatch& Stalls;
+
+  // Where the spots come from when that box is ticked; null for one that is never asked.
+  const CheckBox* ServiceBox = nullptr;
+  ServiceClient* Service = nullptr;
 
   SpotliteTransfer Transfer{World};
   KeyedCollection<Instant> SentSpotsByStation{};  // when a spot of the base callsign was last sent

@@ -6,6 +6,7 @@
 #include "base/text.h"
 #include "gateway/rbn_spot_submission.h"
 #include "radio/callsign.h"
+#include "radio/web_address.h"
 
 namespace brelwin {
 namespace {
@@ -44,22 +45,6 @@ bool CannotBeCarried(char character) {
 
 bool CannotBeCarried(std::string_view text) {
   return std::ranges::any_of(Trim(text), [](char character) { return CannotBeCarried(character); });
-}
-
-// The host of an address, without user, port and brackets.
-std::string HostOf(std::string_view afterScheme) {
-  auto authority = afterScheme.substr(0, afterScheme.find_first_of("/?#"));
-  if (const auto at = authority.rfind('@'); at != std::string_view::npos) authority.remove_prefix(at + 1);
-  if (authority.starts_with('[')) return std::string(authority.substr(1, authority.find(']') - 1));
-  return LowerCase(authority.substr(0, authority.find(':')));
-}
-
-bool IsDottedNumber(std::string_view host) {
-  return host.find_first_not_of("0123456789.") == std::string_view::npos;
-}
-
-bool IsThisMachine(const std::string& host) {
-  return host == "localhost" || host == "::1" || (host.starts_with("127.") && IsDottedNumber(host));
 }
 
 bool ComesBackChanged(std::string_view text) {
@@ -121,7 +106,7 @@ std::string AddressWarning(std::string_view url) {
   constexpr std::string_view Scheme = "http://";
   const auto address = Trim(url);
   if (!EqualsIgnoringCase(address.substr(0, Scheme.size()), Scheme)) return {};
-  const auto host = HostOf(address.substr(Scheme.size()));
+  const auto host = HostOfAddress(address);
   if (IsThisMachine(host)) return {};
   return "The password travels to " + host + " in the clear: its address begins with http, not https.";
 }

@@ -1,5 +1,6 @@
 #include "intake/spot_intake.h"
 
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -10,6 +11,7 @@
 #include "platform/wait.h"
 #include "radio/frequency.h"
 #include "spots/rss_feed_reader.h"
+#include "spots/service_terms.h"
 #include "spots/spot_collections.h"
 #include "spots/twitter_feed_reader.h"
 
@@ -26,6 +28,10 @@ std::int32_t CodeOf(FeedEnd end) {
   return IsFailure(end) ? NothingDone : Success;
 }
 
+std::string SkippedText(const SkippedItem& item) {
+  return item.IsBroken ? "A broken row was skipped: " : "An item without a station was skipped: ";
+}
+
 // What is remembered from read to read.
 struct Memory {
   DeliveredSpots Delivered;
@@ -35,44 +41,64 @@ struct Memory {
 }  // namespace
 
 struct SpotIntake::State {
-  explicit State(Host& host) : World(host) {}
+  State(Host& host, ServiceClient& client) : World(host), Service(host, client) {}
 
-  FeedReadResult ReadFeed(bool viaRSS, const URLTemplates& addresses, const std::string& twitterSinceID,
+  FeedReadResult ReadFeed(SpotSource source, const URLTemplates& addresses, const std::string& twitterSinceID,
                           CallsignCollection& knownActivators, SpotCollection& spots);
-  void NoteCondition(bool viaRSS, const FeedReadResult& result);
+  FeedReadResult ReadService(const URLTemplates& addresses, CallsignCollection& knownActivators,
+                             SpotCollection& spots);
+  void NoteCondition(SpotSource source, const FeedReadResult& result);
   void LogSkippedItems(const FeedReadResult& result);
-  void Deliver(const SpotCollection& spots, const CallsignCollection& trustedSpotters,
+  bool IsNew(SpotSource source, Spot& spot);
+  void Deliver(SpotSource source, const SpotCollection& spots, const CallsignCollection& trustedSpotters,
                SpotCollection& newSpots);
-  void EndForgetting(bool succeeded);
+  void EndForgetting(SpotSource source, bool succeeded);
 
   Host& World;
   Memory Remembered;
   std::optional<Memory> BeforeForget;
+  ServiceIntake Service;
   std::string StatusText;
   std::string AgeText;
-  bool RSSIsOut = false;
-  bool TwitterIsOut = false;
+  std::map<SpotSource, bool> IsOut;  // of those that were asked
+  bool ServiceIsGone = false;
 };
 
-FeedReadResult SpotIntake::State::ReadFeed(bool viaRSS, const URLTemplates& addresses,
+FeedReadResult SpotIntake::State::ReadFeed(SpotSource source, const URLTemplates& addresses,
                                            const std::string& twitterSinceID,
                                            CallsignCollection& knownActivators, SpotCollection& spots) {
-  if (!viaRSS) {
-    return ReadTwitterSpots(World, {addresses.Twitter, twitterSinceID, MaximumAgeInMinutes}, knownActivators,
-                            spots);
+  switch (source) {
+    case SpotSource::Service: return ReadService(addresses, knownActivators, spots);
+    case SpotSource::Twitter:
+      return ReadTwitterSpots(World, {addresses.Twitter, twitterSinceID, MaximumAgeInMinutes},
+                              knownActivators, spots);
+    case SpotSource::RSS: break;
   }
   return ReadSotawatchRSS(World, {addresses.SotawatchRSS, Remembered.NewestID, MaximumAgeInMinutes, false},
                           knownActivators, spots);
 }
 
+FeedReadResult SpotIntake::State::ReadService(const URLTemplates& addresses,
+                                              CallsignCollection& knownActivators, SpotCollection& spots) {
+  const auto obstacle = ObstacleOfService(addresses.SotawatchAPI, addresses.SotawatchAPITermsConfirmed);
+  if (obstacle == ServiceObstacle::None)
+    return Service.Read(addresses.SotawatchAPI, knownActivators, BeforeForget.has_value(), spots);
+  FeedReadResult result;
+  result.ErrorText = result.StatusText = ObstacleInWords(obstacle, addresses.SotawatchAPI);
+  return result;
+}
+
 // One log line when a feed stops to answer as it should, and one when it is back, however the kind of its
-// failure changes between.
-void SpotIntake::State::NoteCondition(bool viaRSS, const FeedReadResult& result) {
+// failure changes between. That the service is gone is told whatever was told before.
+void SpotIntake::State::NoteCondition(SpotSource source, const FeedReadResult& result) {
   StatusText = result.StatusText;
   AgeText = result.AgeText;
   const bool isOut = IsFailure(result.End);
-  if (std::exchange(viaRSS ? RSSIsOut : TwitterIsOut, isOut) != isOut)
-    LogEvent(World, "GetSotawatchSpots - " + StatusText);
+  const bool wasGone = ServiceIsGone;
+  if (source == SpotSource::Service) ServiceIsGone = result.End == FeedEnd::Gone || (isOut && wasGone);
+  const bool hasChanged = std::exchange(IsOut[source], isOut) != isOut || wasGone != ServiceIsGone;
+  const auto back = wasGone && !ServiceIsGone ? "Sotawatch feed back. " : "";
+  if (hasChanged) LogEvent(World, "GetSotawatchSpots - " + (back + StatusText));
 }
 
 void SpotIntake::State::LogSkippedItems(const FeedReadResult& result) {
@@ -81,34 +107,53 @@ void SpotIntake::State::LogSkippedItems(const FeedReadResult& result) {
       LogEvent(World, "GetSotawatchSpots - " + text);
   };
   for (const auto& item : result.SkippedItems)
-    logOnce(item.Mark + "\n" + item.Text, "An item without a station was skipped: " + item.Text);
+    logOnce(item.Mark + "\n" + item.Text, SkippedText(item) + item.Text);
   if (const auto more = std::to_string(result.MoreSkippedItems); more != "0")
     logOnce(more, "More items without a station were skipped: " + more);
 }
 
-void SpotIntake::State::Deliver(const SpotCollection& spots, const CallsignCollection& trustedSpotters,
-                                SpotCollection& newSpots) {
+// The service's IDs tell its spots apart. One that another feed has delivered is known by that feed's ID.
+bool SpotIntake::State::IsNew(SpotSource source, Spot& spot) {
+  const auto now = World.Time.Now();
+  const auto identity = DeliveryIdentity(spot);
+  const auto ofService = "service\n" + identity;
+  if (source != SpotSource::Service) {
+    const bool isNew = Remembered.Delivered.Note(identity, now);
+    return isNew && !Remembered.Delivered.Knows(ofService);
+  }
+  const bool isDelivered = Remembered.Delivered.Knows(identity);
+  const bool isNew = Remembered.Delivered.Note("service ID\n" + spot.ID, now);
+  Remembered.Delivered.Note(ofService, now);
+  if (isDelivered && spot.UTCDateTime) spot.ID = identity;
+  return isNew && !isDelivered;
+}
+
+void SpotIntake::State::Deliver(SpotSource source, const SpotCollection& spots,
+                                const CallsignCollection& trustedSpotters, SpotCollection& newSpots) {
   const FetchMark mark(World);
   LongWork work(World);
   for (const auto& entry : spots) {
     if (!work.GoesOn()) return;
     auto& spot = *entry.Item;
-    if (!Remembered.Delivered.Note(DeliveryIdentity(spot), World.Time.Now())) continue;
+    if (!IsNew(source, spot)) continue;
     spot.SpotterIsTrustedSpotter = ExistsInCollection(trustedSpotters, spot.SpotterBaseCallsign);
     if (spot.SpotKey.empty()) spot.SpotKey = DuplicateKey(spot.stationBaseCallsign, spot.FrequencyInMhz);
     AddSpotByID(entry.Item, newSpots);
   }
 }
 
-void SpotIntake::State::EndForgetting(bool succeeded) {
+// The lists hold what was read just now: of the service nothing but what it delivered itself.
+void SpotIntake::State::EndForgetting(SpotSource source, bool succeeded) {
+  if (BeforeForget && succeeded && source != SpotSource::Service) Service.Forget();
   if (BeforeForget && !succeeded) Remembered = std::move(*BeforeForget);
   BeforeForget.reset();
 }
 
-SpotIntake::SpotIntake(Host& host) : state_(std::make_unique<State>(host)) {}
+SpotIntake::SpotIntake(Host& host, ServiceClient& service) : state_(std::make_unique<State>(host, service)) {}
+
 SpotIntake::~SpotIntake() = default;
 
-std::int32_t SpotIntake::GetSotawatchSpots(bool viaRSS, const URLTemplates& addresses,
+std::int32_t SpotIntake::GetSotawatchSpots(SpotSource source, const URLTemplates& addresses,
                                            const TestSettings& /*test*/, CallsignCollection& knownActivators,
                                            const CallsignCollection& trustedSpotters,
                                            std::string& twitterSinceID, SpotCollection& newSpots,
@@ -119,25 +164,33 @@ std::int32_t SpotIntake::GetSotawatchSpots(bool viaRSS, const URLTemplates& addr
 
   const auto code = LogErrors(state.World, "GetSotawatchSpots", NothingDone, [&] {
     SpotCollection read;
-    const auto result = state.ReadFeed(viaRSS, addresses, twitterSinceID, knownActivators, read);
+    const auto result = state.ReadFeed(source, addresses, twitterSinceID, knownActivators, read);
     if (state.World.ShuttingDown) return NothingDone;
-    state.NoteCondition(viaRSS, result);
+    state.NoteCondition(source, result);
     state.LogSkippedItems(result);
     errorText = result.ErrorText;
     const auto readCode = CodeOf(result.End);
     if (readCode != Success && state.BeforeForget) return readCode;
-    state.Deliver(read, trustedSpotters, newSpots);
+    state.Deliver(source, read, trustedSpotters, newSpots);
     if (readCode == Success && !result.NewestID.empty())
-      (viaRSS ? state.Remembered.NewestID : twitterSinceID) = result.NewestID;
+      (source == SpotSource::RSS ? state.Remembered.NewestID : twitterSinceID) = result.NewestID;
     return readCode;
   });
-  state.EndForgetting(code == Success);
+  state.EndForgetting(source, code == Success);
   return code;
 }
 
 void SpotIntake::Forget() {
   if (state_->World.FetchInProgress || state_->BeforeForget) return;
   state_->BeforeForget = std::exchange(state_->Remembered, Memory());
+}
+
+SpotChanges SpotIntake::TakeChanges() {
+  return state_->Service.TakeChanges();
+}
+
+bool SpotIntake::IsFeedGone() const {
+  return state_->ServiceIsGone;
 }
 
 const std::string& SpotIntake::StatusText() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string_view>
 
 namespace brelwin {
@@ -32,6 +33,10 @@ class Dialogs {
 
   // Shows a message box and returns without waiting for the user to close it.
   virtual void ShowMessage(std::string_view text, std::string_view title, MessageIcon icon) = 0;
+
+  // Asks what can be answered by yes or no, and returns without waiting. `onYes` is called from the event
+  // queue when the user says yes. Where nobody can be asked the question is shown and counts as refused.
+  virtual void Ask(std::string_view question, std::string_view title, std::function<void()> onYes) = 0;
 };
 
 }  // namespace brelwin

@@ -2,11 +2,14 @@
 
 namespace brelwin {
 
-RBNConnection::RBNConnection(Host& host, const Configuration& configuration, RBNControls controls)
+RBNConnection::RBNConnection(Host& host, const Configuration& configuration, RBNControls controls,
+                             RBNStream stream)
     : World(host),
       Config(configuration),
       Controls(controls),
+      Stream(stream),
       Sockets(host.Sockets),
+      Index(stream.FirstIndex),
       ConnectedAt(host.Time.Now()),
       LastArrival(ConnectedAt),
       LastRawRBNSpotTime(ConnectedAt) {

@@ -18,10 +18,11 @@ namespace brelwin {
 
 // What the connection sees of the screen.
 struct RBNControls {
-  explicit RBNControls(Screen& screen)
+  explicit RBNControls(Screen& screen) : RBNControls(screen, screen.Spots.lblNoConnectionToRBN) {}
+  RBNControls(Screen& screen, Label& noConnection)
       : tmrCheckSpots(screen.tmrCheckSpots),
         cmdReloadSpotList(screen.Spots.cmdReloadSpotList),
-        lblNoConnectionToRBN(screen.Spots.lblNoConnectionToRBN),
+        lblNoConnectionToRBN(noConnection),
         chkReverseBeaconSpotsEnabled(screen.RBN.chkReverseBeaconSpotsEnabled),
         txtRBNCallsign(screen.RBN.txtRBNCallsign),
         txtRBNMaxMinutesSinceLastRawSpotReceived(screen.RBN.txtRBNMaxMinutesSinceLastRawSpotReceived) {}
@@ -34,10 +35,17 @@ struct RBNControls {
   TextBox& txtRBNMaxMinutesSinceLastRawSpotReceived;
 };
 
+// Which stream of the server a connection is for.
+struct RBNStream {
+  std::int32_t Configuration::*Port = &Configuration::RBNPort;
+  std::int32_t FirstIndex = 0;  // of its sockets, by which log lines tell the streams apart
+};
+inline constexpr RBNStream SecondStream{&Configuration::RBNPort2, 1000};
+
 // Disconnected, then connecting, connected, logged in; Close or Error lead back from anywhere. The events of
 // its sockets act on it, so it stays where it is.
 struct RBNConnection {
-  RBNConnection(Host& host, const Configuration& configuration, RBNControls controls);
+  RBNConnection(Host& host, const Configuration& configuration, RBNControls controls, RBNStream stream = {});
   RBNConnection(const RBNConnection&) = delete;
   RBNConnection& operator=(const RBNConnection&) = delete;
   ~RBNConnection() = default;
@@ -45,9 +53,10 @@ struct RBNConnection {
   Host& World;
   const Configuration& Config;
   RBNControls Controls;
+  const RBNStream Stream;
 
   WinsockArray Sockets;
-  std::int32_t Index = 0;     // of the socket in use
+  std::int32_t Index;         // of the socket in use
   std::int32_t Attempts = 0;  // how often a connection was tried
   bool OpenInProgress = false;
   bool Connected = false;
@@ -68,6 +77,10 @@ struct RBNConnection {
   Signal StatusChanged;  // raised when the stage changes, not for every line
 
   SocketControl& Socket() { return Sockets[Index]; }
+
+  // The configured port; of the second stream below 1 when there is to be none.
+  std::int32_t Port() const { return Config.*Stream.Port; }
+  bool IsConfigured() const { return Stream.FirstIndex == 0 || Port() >= 1; }
 };
 
 // Forgets the login and the line that was being received, whose rest will not come.

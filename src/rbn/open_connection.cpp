@@ -37,14 +37,14 @@ std::string ElementName(std::int32_t index) {
   return "WinsockArray(" + std::to_string(index) + ")";
 }
 
-// The element 0 is always there.
+// The first element is always there.
 void ReplaceHungSocket(RBNConnection& connection) {
   const auto old = connection.Index++;
   Log(connection, ElementName(old) +
                       " is in hung State=8, loading new control index=" + std::to_string(connection.Index));
   connection.Sockets.Load(connection.Index);
   Log(connection, ElementName(connection.Index) + " loaded successfully");
-  if (old == 0) return;
+  if (old == connection.Stream.FirstIndex) return;
   connection.Sockets.Unload(old);
   Log(connection, ElementName(old) + " unloaded successfully");
 }

@@ -28,7 +28,7 @@ void Reconnect(RBNConnection& connection) {
   if (connection.World.ShuttingDown) return;
   std::string errorText;
   CloseRBNConnection(connection, errorText);
-  OpenRBNConnection(connection, connection.Config.RBNHost, connection.Config.RBNPort, errorText);
+  OpenRBNConnection(connection, connection.Config.RBNHost, connection.Port(), errorText);
 }
 
 void WatchStream(RBNConnection& connection, std::int32_t spotLines) {
@@ -77,11 +77,11 @@ void CloseSilentConnection(RBNConnection& connection) {
 }
 
 void ConnectToRBN(RBNConnection& connection) {
-  if (!connection.Controls.chkReverseBeaconSpotsEnabled.Value) return;
+  if (!connection.Controls.chkReverseBeaconSpotsEnabled.Value || !connection.IsConfigured()) return;
   connection.RBNCallsign = Trim(connection.Controls.txtRBNCallsign.Text.Get());
   if (connection.RBNCallsign.empty() || connection.World.ShuttingDown) return;
   std::string errorText;
-  OpenRBNConnection(connection, connection.Config.RBNHost, connection.Config.RBNPort, errorText);
+  OpenRBNConnection(connection, connection.Config.RBNHost, connection.Port(), errorText);
 }
 
 bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,

@@ -12,8 +12,8 @@
 
 namespace brelwin {
 
-// Takes the login callsign from the screen and, unless it is empty or the stream is switched off, opens the
-// connection to the configured server.
+// Takes the login callsign from the screen and, unless it is empty or the stream is switched off or not
+// configured, opens the connection to the configured server.
 void ConnectToRBN(RBNConnection& connection);
 
 // Closes a connection on which nothing has come, or no login, for too long. A check begins with it.

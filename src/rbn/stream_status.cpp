@@ -36,8 +36,9 @@ std::string StageText(const StreamStatus& status, std::optional<DateTime> nextAt
 
 }  // namespace
 
-std::string StreamStatusText(const StreamStatus& status, std::optional<DateTime> nextAttempt) {
-  return "Reverse Beacon Network: " + StageText(status, nextAttempt);
+std::string StreamStatusText(const StreamStatus& status, std::optional<DateTime> nextAttempt,
+                             std::string_view name) {
+  return std::string(name) + ": " + StageText(status, nextAttempt);
 }
 
 }  // namespace brelwin

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "base/date_time.h"
 
@@ -20,7 +21,9 @@ struct StreamStatus {
   std::optional<DateTime> LastLine;  // local
 };
 
-// The status in words. `nextAttempt` is the local time at which the next connection will be tried.
-std::string StreamStatusText(const StreamStatus& status, std::optional<DateTime> nextAttempt);
+// The status of the stream of that name in words. `nextAttempt` is the local time at which the next
+// connection will be tried.
+std::string StreamStatusText(const StreamStatus& status, std::optional<DateTime> nextAttempt,
+                             std::string_view name = "Reverse Beacon Network");
 
 }  // namespace brelwin

@@ -23,13 +23,16 @@ struct URLTemplates {
   std::string SotawatchAlerts;
   std::string SotawatchRSS;
   std::string SpotliteSpotSubmitURL;
+  std::string SotawatchAPI;                // of the JSON service; empty: it is not asked
+  std::string SotawatchAPITermsConfirmed;  // the host whose terms the user has confirmed
 };
 
 struct Configuration {
-  URLTemplates Addresses;  // never empty after the load: an empty key leaves the built-in address
+  URLTemplates Addresses;  // after the load none but the service's is empty: others have a built-in address
   TestSettings Test;
   std::string RBNHost;
   std::int32_t RBNPort = 7000;
+  std::int32_t RBNPort2 = 0;              // of a second stream of the same server; below 1: none
   std::int32_t RBNConnectionTimeout = 5;  // seconds
   bool RBNShowAllSpottedTypes = false;
   bool RBNDontFilter100HzFrequencyErrors = false;

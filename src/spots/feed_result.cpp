@@ -25,19 +25,27 @@ std::string StatusOfAnswer(const InternetTransfer& transfer, const std::string& 
   return end == FeedEnd::NoFeed ? service + " answered, but not with spots" : "Connected to " + service;
 }
 
+void Note(FeedReadResult& result, SkippedItem item) {
+  if (result.SkippedItems.size() == MostSkippedItems) {
+    ++result.MoreSkippedItems;
+  } else {
+    result.SkippedItems.push_back(std::move(item));
+  }
+}
+
 }  // namespace
 
 bool IsFailure(FeedEnd end) {
-  return end == FeedEnd::NotOpened || end == FeedEnd::NoFeed || end == FeedEnd::Cut;
+  return end < FeedEnd::ReachedPrevious;
 }
 
 void NoteSkippedItem(FeedReadResult& result, std::string_view itemText, std::string_view mark) {
-  if (result.SkippedItems.size() == MostSkippedItems) {
-    ++result.MoreSkippedItems;
-    return;
-  }
-  result.SkippedItems.push_back({std::string(FirstCharacters(itemText, LongestSkippedText)),
-                                 std::string(FirstCharacters(mark, LongestSkippedText))});
+  Note(result, {std::string(FirstCharacters(itemText, LongestSkippedText)),
+                std::string(FirstCharacters(mark, LongestSkippedText))});
+}
+
+void NoteBrokenItem(FeedReadResult& result, std::string_view itemText) {
+  Note(result, {std::string(FirstCharacters(itemText, LongestSkippedText)), {}, true});
 }
 
 void SaveLearnedActivators(Host& host, const FeedReadResult& result) {

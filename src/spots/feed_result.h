@@ -12,15 +12,25 @@
 namespace brelwin {
 
 // How far a read came. Only a whole feed or a known place in it proves that nothing was missed.
-enum class FeedEnd : std::uint8_t { NotOpened, NoFeed, Cut, ReachedPrevious, ReachedAgeLimit, EndOfFeed };
+// Gone: who answers says, in one way or another, that the service has been given up.
+enum class FeedEnd : std::uint8_t {
+  NotOpened,
+  NoFeed,
+  Gone,
+  Cut,
+  ReachedPrevious,
+  ReachedAgeLimit,
+  EndOfFeed,
+};
 
 // True for the ends that leave the older spots unread.
 bool IsFailure(FeedEnd end);
 
-// An item that names no station.
+// An item that names no station, or cannot be read at all.
 struct SkippedItem {
   std::string Text;  // its beginning
   std::string Mark;
+  bool IsBroken = false;
 };
 
 struct FeedReadResult {
@@ -32,11 +42,15 @@ struct FeedReadResult {
   std::vector<std::string> LearnedActivators;
   std::vector<SkippedItem> SkippedItems;  // the first few
   std::size_t MoreSkippedItems = 0;       // beyond those
+  bool HasMore = false;                   // the answer holds more items than are read of any
 };
 
 // Notes an item that could not be used, so that it does not vanish silently. `mark`, such as its date, tells
 // it from others of the same text.
 void NoteSkippedItem(FeedReadResult& result, std::string_view itemText, std::string_view mark);
+
+// The same for an item that cannot be read.
+void NoteBrokenItem(FeedReadResult& result, std::string_view itemText);
 
 // Adds the learned activators to the list file of the known ones; what cannot be written is logged.
 void SaveLearnedActivators(Host& host, const FeedReadResult& result);

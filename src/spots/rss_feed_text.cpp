@@ -66,7 +66,7 @@ class ItemReader {
  private:
   MadeSpots MakeSpots(const std::string& title, const std::string& description, std::optional<DateTime> utc) {
     const auto said = ReadSpotDescription(description);
-    return maker_.MakeSpots({{}, title, said.Comment, said.Spotter, utc, itemCount_ + 1});
+    return maker_.MakeSpots({{}, ReadSpotTitle(title), said.Comment, said.Spotter, utc, itemCount_ + 1});
   }
 
   // Spots without a time are told apart by their texts: one does not count as another of the same station and

@@ -12,6 +12,9 @@
 
 namespace brelwin {
 
+// Of a service that says so: Gone is a station that has left the air ("QRT"), Test a spot that is only shown.
+enum class SpotKind : std::uint8_t { Normal, Gone, Test };
+
 struct Spot {  // NOLINT(clang-analyzer-optin.performance.Padding): users know this order of the fields
   float BandInMhz = 0;  // lower edge of the amateur band
   std::string Comment;
@@ -23,10 +26,12 @@ struct Spot {  // NOLINT(clang-analyzer-optin.performance.Padding): users know t
   bool IsKnownActivator = false;
   bool IsMatchedToAlert = false;
   bool IsAPRSSpot = false;
+  bool IsEdited = false;  // it replaces what its spotter said before
   bool IsRBNSpot = false;
   bool IsSMSSpot = false;
   bool IsSelfSpot = false;
   std::optional<DateTime> LocalDateAndTime;
+  SpotKind Kind = SpotKind::Normal;
   std::string LogLineFollowing;
   std::string LogLinePreceeding;
   std::int16_t mode = 0;  // code of ModeString

@@ -34,6 +34,14 @@ SpotCollection FirstSpots(const SpotCollection& spots, std::size_t maximum) {
   return first;
 }
 
+SpotCollection WithoutTests(const SpotCollection& spots) {
+  SpotCollection others;
+  for (const auto& [key, spot] : spots) {
+    if (spot->Kind != SpotKind::Test) others.Add(spot, key);
+  }
+  return others;
+}
+
 void MergeInFront(const SpotCollection& newSpots, SpotCollection& target, std::int32_t maximum) {
   if (&newSpots == &target) return;
   const auto most = maximum > 0 ? static_cast<std::size_t>(maximum) : newSpots.Count();

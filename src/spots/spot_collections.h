@@ -52,6 +52,9 @@ std::int32_t CopyNewSpots(const SpotCollection& source, SpotCollection& target);
 // The first `maximum` spots, under their IDs.
 SpotCollection FirstSpots(const SpotCollection& spots, std::size_t maximum);
 
+// The spots without those that are only shown.
+SpotCollection WithoutTests(const SpotCollection& spots);
+
 // Puts the new spots, in their order, in front of the target's. Of two spots with the same ID the older gives
 // way, so the newest batch is always whole and in front. A target that is to hold `maximum` spots keeps the
 // first of them; 0 or less keeps all. Costs nothing per spot of the target.

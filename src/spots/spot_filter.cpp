@@ -43,11 +43,17 @@ bool ArePointsOn(const FilterList& list, std::int16_t points) {
   return list.MatchesEverything() || list.Matches(std::to_string(points));
 }
 
+// Who has left the air is on no band and in no mode: no list of them keeps that from the user.
+bool PassesBandAndMode(const Lists& lists, const Spot& spot) {
+  return spot.Kind == SpotKind::Gone ||
+         (lists.Mode.Matches(spot.ModeString) && IsBandOn(lists.Band, spot.BandInMhz));
+}
+
 // The lists that need no callsign to be taken apart come first: most spots that fail do so there.
 bool PassesLists(const Lists& lists, const Spot& spot) {
-  return lists.SummitReference.Matches(spot.SummitDesignator) && lists.Mode.Matches(spot.ModeString) &&
-         ArePointsOn(lists.Points, spot.SummitPoints) && IsBandOn(lists.Band, spot.BandInMhz) &&
-         IsStationOn(lists.Station, spot.Station) && IsStationOn(lists.Spotter, spot.Spotter);
+  return lists.SummitReference.Matches(spot.SummitDesignator) && PassesBandAndMode(lists, spot) &&
+         ArePointsOn(lists.Points, spot.SummitPoints) && IsStationOn(lists.Station, spot.Station) &&
+         IsStationOn(lists.Spotter, spot.Spotter);
 }
 
 bool PassesSourceRule(const SpotFilter& filter, const Spot& spot) {

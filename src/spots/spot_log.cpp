@@ -46,6 +46,7 @@ void AppendLogLine(std::string& text, std::string_view line) {
 std::string LogText(const SpotCollection& spots, std::int16_t format, std::string_view now) {
   std::string text;
   for (const auto& entry : spots) {
+    if (entry.Item->Kind == SpotKind::Test) continue;
     AppendLogLine(text, entry.Item->LogLinePreceeding);
     AppendSpotLine(text, *entry.Item, format, now);
     AppendLogLine(text, entry.Item->LogLineFollowing);

@@ -21,7 +21,8 @@ enum class LogHeader : std::uint8_t { None, WhenCreated };
 
 // Appends the spots to the file in one write, each with its preceding and following log lines, creating the
 // file when there is none. A text or raw line begins with the local time of the writing. Does nothing without
-// spots or with a blank path; a file that cannot be written gives one event-log line.
+// spots or with a blank path, and leaves test spots out; a file that cannot be written gives one event-log
+// line.
 void WriteSpotsToLogFile(Host& host, const SpotCollection& spots, std::string_view path, std::int16_t format,
                          LogHeader header = LogHeader::None);
 

@@ -1,6 +1,7 @@
 #include "spots/spot_maker.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "base/text.h"
 #include "radio/callsign.h"
@@ -8,7 +9,6 @@
 #include "radio/frequency.h"
 #include "radio/mode.h"
 #include "spots/spot_collections.h"
-#include "spots/spot_title.h"
 
 namespace brelwin {
 namespace {
@@ -38,6 +38,16 @@ void SetFrequencyAndMode(Spot& spot, const SpotTitle& title, NumberFormat number
   spot.mode = ModeCode(spot.ModeString);
 }
 
+void SetSummit(Spot& spot, const FeedItem& item) {
+  spot.SummitDesignator = item.Title.Summit;
+  spot.SummitName = item.Summit.Name;
+  spot.SummitPoints = item.Summit.Points;
+  spot.SummitElevationInMeters = item.Summit.ElevationInMeters;
+  spot.SummitElevationInFeet =
+      static_cast<std::int32_t>(std::lround(MetersToFeet(item.Summit.ElevationInMeters)));
+  spot.SummitDescription = SummitDescriptionText(item.Summit);
+}
+
 // A spot that came by APRS was sent by the station itself.
 void SetSpotter(Spot& spot, std::string_view spotter) {
   spot.IsAPRSSpot = Contains(spotter, "APRS");
@@ -59,21 +69,22 @@ MadeSpots SpotMaker::MakeSpots(const FeedItem& item) {
 }
 
 SpotPointer SpotMaker::MakeFirst(const FeedItem& item, std::string& secondCallsign) {
-  const auto title = ReadSpotTitle(item.Title);
-  auto callsign = GetBaseCallsign(title.Callsigns, secondCallsign);
+  auto callsign = GetBaseCallsign(item.Title.Callsigns, secondCallsign);
   if (callsign.empty()) return nullptr;
 
   auto spot = std::make_shared<Spot>();
-  spot->Station = title.Station;
+  spot->Kind = item.Kind;
+  spot->Station = item.Title.Station;
   spot->stationBaseCallsign = std::move(callsign);
-  spot->SummitDesignator = title.Summit;
+  spot->OperatorName = item.OperatorName;
+  SetSummit(*spot, item);
   spot->Comment = item.Comment;
   spot->OrderReceived = item.OrderReceived;
   SetTime(*spot, item.UTCDateTime, moment_);
-  SetFrequencyAndMode(*spot, title, moment_.Numbers);
+  SetFrequencyAndMode(*spot, item.Title, moment_.Numbers);
   SetSpotter(*spot, item.Spotter);
   spot->IsSelfSpot = IsSelfSpot(*spot);
-  spot->IsKnownActivator = LearnActivator(spot->stationBaseCallsign);
+  spot->IsKnownActivator = LearnActivator(*spot);
   spot->ID = item.ID.empty() ? Identity(*spot) : std::string(item.ID);
   return spot;
 }
@@ -85,16 +96,17 @@ SpotPointer SpotMaker::MakeSecond(const Spot& first, const std::string& callsign
   spot->stationBaseCallsign = callsign;
   spot->HiddenFromDisplay = false;
   spot->IsSelfSpot = IsSelfSpot(*spot);
-  spot->IsKnownActivator = LearnActivator(callsign);
+  spot->IsKnownActivator = LearnActivator(*spot);
   spot->SpotKey = first.ID;
   spot->ID = Identity(*spot);
   return spot;
 }
 
 // Whether the activator was known before.
-bool SpotMaker::LearnActivator(const std::string& baseCallsign) {
+bool SpotMaker::LearnActivator(const Spot& spot) {
+  const auto& baseCallsign = spot.stationBaseCallsign;
   if (ExistsInCollection(knownActivators_, baseCallsign)) return true;
-  if (baseCallsign.size() >= ShortestLearnedCallsign &&
+  if (spot.Kind != SpotKind::Test && baseCallsign.size() >= ShortestLearnedCallsign &&
       AddToCollection(baseCallsign, baseCallsign, knownActivators_))
     learnedActivators_.push_back(baseCallsign);
   return false;

@@ -10,6 +10,8 @@
 
 #include "platform/host.h"
 #include "spots/spot.h"
+#include "spots/spot_title.h"
+#include "spots/summit_details.h"
 
 namespace brelwin {
 
@@ -26,11 +28,14 @@ ReadingMoment ReadingMomentOf(const Host& host);
 // What a feed says of one spot. The texts point into the feed's.
 struct FeedItem {
   std::string_view ID;  // where the feed gives one; else it is made of time, station and spotter
-  std::string_view Title;
+  SpotTitle Title;
   std::string_view Comment;
   std::string_view Spotter;
   std::optional<DateTime> UTCDateTime;
   std::int32_t OrderReceived = 0;
+  SpotKind Kind = SpotKind::Normal;
+  std::string_view OperatorName = {};
+  SummitDetails Summit = {};
 };
 
 // The spot of an item, and that of its second station when the item names two.
@@ -46,11 +51,12 @@ class SpotMaker {
       : moment_(moment), knownActivators_(knownActivators), learnedActivators_(learnedActivators) {}
 
   // Nothing when the item names no station. Activators that are not known yet are added to the known and to
-  // the learned ones. `SpotKey` (of a first spot) and `SpotterIsTrustedSpotter` are left to the caller.
+  // the learned ones, but for those of test spots. `SpotKey` (of a first spot) and `SpotterIsTrustedSpotter`
+  // are left to the caller.
   MadeSpots MakeSpots(const FeedItem& item);
 
  private:
-  bool LearnActivator(const std::string& baseCallsign);
+  bool LearnActivator(const Spot& spot);
   SpotPointer MakeFirst(const FeedItem& item, std::string& secondCallsign);
   SpotPointer MakeSecond(const Spot& first, const std::string& callsign);
   std::string Identity(const Spot& spot) const;

@@ -53,18 +53,38 @@ std::string PointsText(std::int16_t points) {
   return points == 0 ? std::string() : std::to_string(points);
 }
 
+// What a spot is beside what it says, put in front of its comment.
+std::string_view WordOf(const Spot& spot) {
+  if (spot.Kind == SpotKind::Test) return "TEST: ";
+  return spot.IsEdited ? "edited: " : "";
+}
+
+// Who has left the air has no mode.
+std::string_view ModeText(const Spot& spot) {
+  return spot.Kind == SpotKind::Gone ? std::string_view("QRT") : spot.ModeString;
+}
+
+// The comment with its word; `storage` is used where there is one.
+std::string_view CommentText(const Spot& spot, std::string& storage) {
+  const auto word = WordOf(spot);
+  if (word.empty()) return spot.Comment;
+  storage = std::string(word) + spot.Comment;
+  return storage;
+}
+
 void AppendColumns(std::string& text, const Spot& spot) {
   const auto points = PointsText(spot.SummitPoints);
   const auto spotter = "[" + spot.Spotter + "]";
+  std::string comment;
   const Cells cells = {spot.UTCTime,
                        spot.Station,
                        spot.SummitDesignator,
                        spot.SummitName,
                        points,
                        spot.FormattedFrequencyString,
-                       spot.ModeString,
+                       ModeText(spot),
                        spot.OperatorName,
-                       spot.Comment,
+                       CommentText(spot, comment),
                        spotter};
   if (!AppendPlainCells(text, cells)) AppendCells(text, cells);
 }
@@ -108,11 +128,12 @@ std::string DelimitedLine(const Spot& spot, std::string_view separator) {
   const auto points = std::to_string(spot.SummitPoints);
   const auto frequency = FrequencyText(spot);
   const std::string_view matches = spot.IsMatchedToAlert ? "MatchesAlert=Yes" : "MatchesAlert=No";
+  std::string comment;
   std::string line;
   AppendPrintable(line, time);
   for (const std::string_view value : std::initializer_list<std::string_view>{
            spot.UTCTime, spot.Station, spot.SummitDesignator, spot.SummitName, points, frequency,
-           spot.ModeString, spot.OperatorName, spot.Comment, spot.Spotter, matches, spot.ID}) {
+           ModeText(spot), spot.OperatorName, CommentText(spot, comment), spot.Spotter, matches, spot.ID}) {
     line.append(separator);
     AppendPrintable(line, value);
   }

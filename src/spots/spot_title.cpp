@@ -30,6 +30,12 @@ bool HasTwoTokens(std::string_view text) {
 
 }  // namespace
 
+SpotTitle SpotTitleOf(std::string_view callsigns, std::string_view summit, std::string_view frequency,
+                      std::string_view mode) {
+  const auto station = HasTwoTokens(callsigns) ? callsigns : callsigns.substr(0, callsigns.find(' '));
+  return {station, callsigns, summit, frequency, mode, {}};
+}
+
 SpotTitle ReadSpotTitle(std::string_view text) {
   const auto title = Trim(text);
   const auto firstBlank = title.find(' ');

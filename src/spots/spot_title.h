@@ -20,6 +20,11 @@ struct SpotTitle {
 // fewer than two tokens gives nothing.
 SpotTitle ReadSpotTitle(std::string_view title);
 
+// The title of a spot whose parts are given one by one; where two stations are named the first one counts as
+// the station.
+SpotTitle SpotTitleOf(std::string_view callsigns, std::string_view summit, std::string_view frequency,
+                      std::string_view mode);
+
 // What a description says: the comment, and behind the last "Posted by" the spotter. The last one counts, so
 // that a comment cannot forge a spotter. Parentheses around the whole "(Posted by ...)" are dropped; one that
 // does not stand directly before it belongs to the comment.

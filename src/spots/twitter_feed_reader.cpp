@@ -47,8 +47,9 @@ class TweetReader {
 
  private:
   void Add(const std::string& id, const std::string& text, std::optional<DateTime> utc) {
-    const auto said = ReadSpotDescription(ReadSpotTitle(text).Rest);
-    const auto made = maker_.MakeSpots({id, text, said.Comment, said.Spotter, utc, ++tweetCount_});
+    const auto title = ReadSpotTitle(text);
+    const auto said = ReadSpotDescription(title.Rest);
+    const auto made = maker_.MakeSpots({id, title, said.Comment, said.Spotter, utc, ++tweetCount_});
     if (made.First == nullptr) return NoteSkippedItem(result_, text, id);
     AddSpotByID(made.First, spots_);
     AddSpotByID(made.Second, spots_);

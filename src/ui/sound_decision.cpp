@@ -53,10 +53,14 @@ class KnownNews {
   }
 
   void Add(const Spot& spot) {
-    if (summits_.contains(SummitOf(spot))) news_.insert(NewsDownTo(level_, spot));
+    if (spot.Kind != SpotKind::Test && summits_.contains(SummitOf(spot)))
+      news_.insert(NewsDownTo(level_, spot));
   }
 
-  bool Holds(const Spot& spot) const { return news_.contains(NewsDownTo(level_, spot)); }
+  // What is only shown, and who has left the air, is no news.
+  bool Holds(const Spot& spot) const {
+    return spot.Kind != SpotKind::Normal || news_.contains(NewsDownTo(level_, spot));
+  }
 
  private:
   std::int16_t level_;
@@ -83,7 +87,9 @@ std::set<std::string_view> LearnList(const SpotCollection& spotList, const SpotC
 
 std::vector<SpotPointer> AllOf(const SpotCollection& spots) {
   std::vector<SpotPointer> all;
-  for (const auto& entry : spots) all.push_back(entry.Item);
+  for (const auto& entry : spots) {
+    if (entry.Item->Kind != SpotKind::Test) all.push_back(entry.Item);
+  }
   return all;
 }
 

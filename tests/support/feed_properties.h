@@ -10,6 +10,7 @@
 #include "base/text.h"
 #include "spots/feed_text.h"
 #include "spots/rss_feed_text.h"
+#include "spots/service_feed_text.h"
 #include "spots/twitter_feed_reader.h"
 
 namespace brelwin::test {
@@ -59,6 +60,28 @@ inline bool SearchAnswerIsAllOrNothing(std::string_view bytes) {
   SpotCollection spots;
   ReadTwitterText(TextFromBytes(bytes), {"", "41", std::int64_t{24} * 60}, Noon, known, spots, result);
   return (result.End == FeedEnd::EndOfFeed || spots.Empty()) && !spots.Contains("41") && !spots.Contains("7");
+}
+
+inline void ReadServiceList(std::string_view bytes, std::vector<MadeSpots>& spots, FeedReadResult& result) {
+  CallsignCollection known;
+  ReadServiceSpots(bytes, std::int64_t{24} * 60, Noon, known, spots, result);
+}
+
+// A list of the service that is cut anywhere gives some of the spots of the whole one, in their order, and
+// never claims to be whole when what is missing holds spots.
+inline bool CutListGivesItsFirstRows(std::string_view bytes, std::size_t cut) {
+  std::vector<MadeSpots> whole;
+  std::vector<MadeSpots> first;
+  FeedReadResult result;
+  ReadServiceList(bytes, whole, result);
+  ReadServiceList(bytes.substr(0, std::min(cut, bytes.size())), first, result);
+  if (first.size() < whole.size() && !IsFailure(result.End)) return false;
+  auto next = whole.begin();
+  return std::ranges::all_of(first, [&](const MadeSpots& made) {
+    const auto isSame = [&](const MadeSpots& other) { return other.First->ID == made.First->ID; };
+    next = std::find_if(next, whole.end(), isSame);
+    return next != whole.end() && (next++)->First->Comment == made.First->Comment;
+  });
 }
 
 }  // namespace brelwin::test

@@ -42,12 +42,16 @@ class RecordedDialogs final : public Dialogs {
   void ShowMessage(std::string_view text, std::string_view title, MessageIcon icon) override {
     Shown.push_back({std::string(text), std::string(title), icon});
   }
+  void Ask(std::string_view question, std::string_view /*title*/, std::function<void()> onYes) override {
+    Questions.emplace_back(question, std::move(onYes));
+  }
   struct Message {
     std::string Text;
     std::string Title;
     MessageIcon Icon;
   };
   std::vector<Message> Shown;
+  std::vector<std::pair<std::string, std::function<void()>>> Questions;  // with what a yes does
 };
 
 // The folder of the program under test is "/brelwin".

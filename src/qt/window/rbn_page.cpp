@@ -49,6 +49,7 @@ QGroupBox* MakeConnection() {
   form->addRow(MakeCheckBox("chkReverseBeaconSpotsEnabled", "S&pots from the Reverse Beacon Network"));
   AddTextRow(*form, Callsign);
   form->addRow(MakeWords("lblRBNStatus"));
+  form->addRow(MakeWords("lblRBNStatus2"));
   AddTextRow(*form, Watchdog);
   for (const auto& list : FilterLists)
     AddTextRow(*form, list)->setToolTip(QString(list.Tip) + "\n" + FilterListTip);
@@ -73,6 +74,7 @@ QGroupBox* MakeAlerts() {
   auto* frame = MakeFrame("", "Alerts");
   auto* form = new QFormLayout(frame);
   for (const auto& row : Intervals) AddTextRow(*form, row);
+  form->addRow(MakeWords("lblAnnouncements"));
   auto* buttons = new QHBoxLayout;
   buttons->addWidget(MakeButton("cmdViewAlerts", "&View alerts"));
   buttons->addWidget(MakeButton("cmdViewKnownActivators", "View known activators"));

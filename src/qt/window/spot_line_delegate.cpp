@@ -13,9 +13,11 @@ QPalette::ColorGroup ColorGroupOf(const QStyleOptionViewItem& option) {
   return option.state.testFlag(QStyle::State_Active) ? QPalette::Active : QPalette::Inactive;
 }
 
-QColor TextColor(const QStyleOptionViewItem& option) {
+// A spot that is only shown is greyed, but not where that could not be read.
+QColor TextColor(const QStyleOptionViewItem& option, bool isTest) {
   const bool isSelected = option.state.testFlag(QStyle::State_Selected);
-  return option.palette.color(ColorGroupOf(option), isSelected ? QPalette::HighlightedText : QPalette::Text);
+  const auto group = isTest && !isSelected ? QPalette::Disabled : ColorGroupOf(option);
+  return option.palette.color(group, isSelected ? QPalette::HighlightedText : QPalette::Text);
 }
 
 // A bar at the edge, beside bold letters: dark palettes seldom have a second colour that can be read.
@@ -39,7 +41,7 @@ void SpotLineDelegate::paint(QPainter* painter, const QStyleOptionViewItem& opti
   auto font = option.font;
   font.setBold(isMatched);
   painter->setFont(font);
-  painter->setPen(TextColor(option));
+  painter->setPen(TextColor(option, index.data(SpotListModel::TestRole).toBool()));
   const auto area = option.rect.adjusted(Margin, 0, -Margin, 0);
   painter->drawText(area, Qt::AlignLeft | Qt::AlignVCenter | Qt::TextSingleLine, index.data().toString());
 }

@@ -17,6 +17,7 @@ int SpotListModel::rowCount(const QModelIndex& parent) const {
 QVariant SpotListModel::data(const QModelIndex& index, int role) const {
   if (!index.isValid()) return {};
   if (role == MatchedRole) return IsMatched(index.row());
+  if (role == TestRole) return IsTest(index.row());
   if (role != Qt::DisplayRole) return {};
   return LineAt(index.row());
 }
@@ -29,6 +30,11 @@ QString SpotListModel::LineAt(int row) const {
 bool SpotListModel::IsMatched(int row) const {
   const auto spot = SpotAt(row);
   return spot && spot->IsMatchedToAlert;
+}
+
+bool SpotListModel::IsTest(int row) const {
+  const auto spot = SpotAt(row);
+  return spot && spot->Kind == SpotKind::Test;
 }
 
 std::shared_ptr<const Spot> SpotListModel::SpotAt(int row) const {

@@ -36,9 +36,13 @@ class SpotListModel final : public QAbstractListModel {
   // Whether the spot of the line matched an announced activation.
   static constexpr int MatchedRole = Qt::UserRole;
 
+  // Whether the spot of the line is only shown.
+  static constexpr int TestRole = Qt::UserRole + 1;
+
  private:
   QString LineAt(int row) const;
   bool IsMatched(int row) const;
+  bool IsTest(int row) const;
   void Remove(const RowRun& run);
   void Insert(const RowRun& run, const SpotRows& from);
 

@@ -54,6 +54,10 @@ QLayout* MakeChoices() {
   AddNumber(*row, MaximumSpotsInList);
   row->addWidget(MakeCheckBox("chkSOTAWatchSpotsViaRSS", "Spots via RSS &feed",
                               "Checked: the RSS feed of Sotawatch. Not checked: the Twitter feed."));
+  row->addWidget(
+      MakeCheckBox("chkSotawatchJSONService", "&JSON service",
+                   "Checked: spots and alerts come from the JSON service of Sotawatch, whatever the "
+                   "box beside this one says. Not checked: from the feed and the alerts page."));
   row->addStretch();
   row->addWidget(MakeButton("cmdTest", "&Test", "Treat the newest spot as if it had just come in"));
   return row;

@@ -54,7 +54,8 @@ QLayout* MakeStateRow() {
   row->setSpacing(10);
   row->addWidget(MakeDownloadPicture());
   row->addWidget(Named("lblCheckingForSpots", new QLabel));
-  for (const char* name : {"lblNoConnectionToTwitter", "lblNoSotawatchConnection", "lblNoConnectionToRBN"})
+  for (const char* name : {"lblNoConnectionToTwitter", "lblNoSotawatchConnection", "lblNoConnectionToRBN",
+                           "lblNoConnectionToRBN2"})
     row->addWidget(MakeWarning(name));
   row->addWidget(Named("lblStatus", new ElidedLabel));
   row->addStretch();

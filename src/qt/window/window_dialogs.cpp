@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QMessageBox>
+#include <utility>
 
 #include "qt/ports/qt_text.h"
 
@@ -31,15 +32,30 @@ QWidget* ParentOfMessages() {
   return nullptr;
 }
 
+// Ready to be opened; null while the same message is open already.
+QMessageBox* MakeBox(QMessageBox::Icon icon, std::string_view text, std::string_view title,
+                     QMessageBox::StandardButtons buttons) {
+  const auto message = ToQString(text);
+  if (IsOpen(message)) return nullptr;
+  auto* box = new QMessageBox(icon, ToQString(title), message, buttons, ParentOfMessages());
+  box->setTextFormat(Qt::PlainText);
+  box->setAttribute(Qt::WA_DeleteOnClose);
+  return box;
+}
+
 }  // namespace
 
 void WindowDialogs::ShowMessage(std::string_view text, std::string_view title, MessageIcon icon) {
-  const auto message = ToQString(text);
-  if (IsOpen(message)) return;
-  auto* box =
-      new QMessageBox(ToolkitIcon(icon), ToQString(title), message, QMessageBox::Ok, ParentOfMessages());
-  box->setTextFormat(Qt::PlainText);
-  box->setAttribute(Qt::WA_DeleteOnClose);
+  if (auto* box = MakeBox(ToolkitIcon(icon), text, title, QMessageBox::Ok)) box->open();
+}
+
+void WindowDialogs::Ask(std::string_view question, std::string_view title, std::function<void()> onYes) {
+  auto* box = MakeBox(QMessageBox::Question, question, title, QMessageBox::Yes | QMessageBox::No);
+  if (box == nullptr) return;
+  box->setDefaultButton(QMessageBox::No);
+  QObject::connect(box, &QMessageBox::finished, box, [onYes = std::move(onYes)](int answer) {
+    if (answer == QMessageBox::Yes) onYes();
+  });
   box->open();
 }
 

@@ -1,0 +1,93 @@
+#include "alerts/service_alerts.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "alerts/service_alert_rows.h"
+#include "core/event_log.h"
+#include "core/trap.h"
+#include "radio/web_address.h"
+
+namespace brelwin {
+namespace {
+
+constexpr std::int32_t Success = -1;
+constexpr std::int32_t NothingRead = 0;
+constexpr std::int32_t NotFetched = -100;
+constexpr std::int32_t MostHours = 24 * 365;
+constexpr std::string_view Procedure = "GetAlertsFromJSONService";
+constexpr std::string_view EpochPath = "alerts/epoch";
+
+// So many hours ahead, and more rows than there are.
+std::string ListPath(const AlertsPageRequest& request) {
+  const auto hours = request.MaximumHoursAhead > 0 ? request.MaximumHoursAhead : MostHours;
+  return "alerts/" + std::to_string(hours) + "/10000/all/all";
+}
+
+// Empty when the list can be used.
+std::string WhatIsWrong(const ServiceAlertsSummary& summary) {
+  if (!summary.IsWhole) return "its list is none, or broke off";
+  if (summary.SaysGone) return "it says that it is given up";
+  return summary.Found.HasDays ? "" : "it announces nothing";
+}
+
+}  // namespace
+
+std::int32_t ServiceAlerts::Refresh(const AlertsPageRequest& request, AlertCollection& alerts,
+                                    CallsignCollection& knownActivators, std::string& errorText) {
+  last_ = LogErrors(host_, Procedure, Outcome{NothingRead, "An error ended the reading"},
+                    [&] { return Ask(request, alerts, knownActivators); });
+  errorText = last_.ErrorText;
+  return last_.Result;
+}
+
+ServiceAlerts::Outcome ServiceAlerts::Ask(const AlertsPageRequest& request, AlertCollection& alerts,
+                                          CallsignCollection& knownActivators) {
+  const auto answer = client_.Ask(ServiceAddress(request.Url, EpochPath),
+                                  ServiceAddress(request.Url, ListPath(request)), list_.empty());
+  if (answer.Outcome == ServiceOutcome::NotDue || host_.ShuttingDown) return last_;
+  auto wrong = answer.ErrorText;
+  bool isGone = answer.Outcome == ServiceOutcome::Gone;
+  if (answer.Outcome == ServiceOutcome::Unchanged) Take(list_, request, alerts, knownActivators);
+  if (answer.Outcome == ServiceOutcome::Listed) {
+    const auto summary = Take(answer.Body, request, alerts, knownActivators);
+    wrong = WhatIsWrong(summary);
+    isGone = summary.SaysGone;
+    Decide(answer.Body, wrong.empty());
+  }
+  const auto service = "the JSON service at " + HostOfAddress(request.Url);
+  NoteGone(isGone, service + (isGone ? ": " + wrong : ""));
+  if (wrong.empty()) return {Success, {}};
+  return {answer.WasReached ? NothingRead : NotFetched, service + ": " + wrong};
+}
+
+// A row that cannot be read is told once for as long as it is listed.
+ServiceAlertsSummary ServiceAlerts::Take(const std::string& list, const AlertsPageRequest& request,
+                                         AlertCollection& alerts, CallsignCollection& knownActivators) {
+  ServiceAlertsSummary summary;
+  const auto read = [&](const PageReadRequest& pageRequest, const ActivationTaker& take) {
+    summary = ReadServiceAlerts(list, pageRequest, take);
+    return summary.Found;
+  };
+  TakeAnnouncedAlerts(host_, read, request, alerts, knownActivators);
+  for (const auto& row : summary.Broken) {
+    if (std::ranges::find(toldBroken_, row) == toldBroken_.end())
+      LogEvent(host_, std::string(Procedure) + " - A row without an activation was skipped: " + row);
+  }
+  toldBroken_ = summary.Broken;
+  return summary;
+}
+
+void ServiceAlerts::Decide(const std::string& list, bool isUsed) {
+  if (!isUsed) return client_.Reject();
+  list_ = list;
+  client_.Accept();
+}
+
+void ServiceAlerts::NoteGone(bool isGone, const std::string& words) {
+  if (std::exchange(isGone_, isGone) == isGone) return;
+  LogEvent(host_, std::string(Procedure) +
+                      (isGone ? " - Sotawatch feed gone, " : " - Sotawatch feed back, ") + words);
+}
+
+}  // namespace brelwin

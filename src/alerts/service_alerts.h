@@ -1,0 +1,49 @@
+// The announcements of the JSON service, taken into the alerts of the program in the same way as those of the
+// alerts page.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "alerts/alerts_intake.h"
+#include "alerts/service_alert_rows.h"
+#include "spots/service_client.h"
+
+namespace brelwin {
+
+class ServiceAlerts {
+ public:
+  ServiceAlerts(Host& host, ServiceClient& client) : host_(host), client_(client) {}
+
+  // Asks the service at the request's address, when it may be asked, and replaces the alerts with what it
+  // announces; what it knows to be unchanged is taken anew, so that files edited meanwhile count. While it
+  // may not be asked nothing changes. The results are those of the alerts page, of the last question where
+  // nothing was asked.
+  std::int32_t Refresh(const AlertsPageRequest& request, AlertCollection& alerts,
+                       CallsignCollection& knownActivators, std::string& errorText);
+
+  // Whether the service has said that it is given up.
+  bool IsGone() const { return isGone_; }
+
+ private:
+  struct Outcome {
+    std::int32_t Result = 0;
+    std::string ErrorText;
+  };
+
+  Outcome Ask(const AlertsPageRequest& request, AlertCollection& alerts, CallsignCollection& knownActivators);
+  ServiceAlertsSummary Take(const std::string& list, const AlertsPageRequest& request,
+                            AlertCollection& alerts, CallsignCollection& knownActivators);
+  void Decide(const std::string& list, bool isUsed);
+  void NoteGone(bool isGone, const std::string& words);
+
+  Host& host_;
+  ServiceClient& client_;
+  std::string list_;  // that was last accepted
+  std::vector<std::string> toldBroken_;
+  Outcome last_;
+  bool isGone_ = false;
+};
+
+}  // namespace brelwin
