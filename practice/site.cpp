@@ -113,7 +113,7 @@ Reply Site::PageFor(const Asked& asked, std::int64_t now) {
   const auto path = PathOf(asked.Target);
   Reply page;
   if (asked.Method != "GET") return {.Status = 404};
-  if (path == "/alerts.php" && AlertsAreAway(now)) return {.Status = 0};
+  if ((path == "/alerts.php" || path.starts_with("/api/alerts/")) && AlertsAreAway(now)) return {.Status = 0};
   if (path == "/RssFeed") {
     page.Type = "application/rss+xml; charset=utf-8";
     page.Body = Rss(asked.BaseAddress, now);

@@ -1,5 +1,6 @@
 #include "rehearsal.h"
 
+#include <array>
 #include <fstream>
 #include <optional>
 
@@ -26,6 +27,9 @@ constexpr auto Faulty =
     "honest:60,wrong-password:2,unknown-association:2,bad-frequency:2,failed:2,without-echo:3,server-error:3,"
     "redirect:8,pieces:8,slow:3,cut:4,late:4";
 
+constexpr std::array Shapes{practice::RowShapes::New, practice::RowShapes::Old, practice::RowShapes::Mixed,
+                            practice::RowShapes::Mixed};
+
 practice::SiteOptions SiteOptionsOf(const Plan& plan, std::int64_t begin) {
   practice::Random random(plan.Seed, 604);
   practice::SiteOptions options;
@@ -33,12 +37,14 @@ practice::SiteOptions SiteOptionsOf(const Plan& plan, std::int64_t begin) {
   options.ItemsOfAPage = ItemsOfAPage;
   options.Form.SecondsOfLag = static_cast<double>(random.Between(0, 60));
   options.Form.SecondsOfWait = static_cast<double>(random.Between(7, 20));
+  if (plan.IsByService) options.Json.Shapes = random.Pick(Shapes);
   if (plan.HasFaults) {
     options.Form.Mix = *practice::ReadSpotliteMix(Faulty);
     options.TroublesInAThousand = 40;
     options.UndatedInAHundred = 20;
     options.AlertsAreAwayEvery = SecondsOfARun;
     options.SecondsWithoutAlerts = random.Between(0, 40) * 60;
+    options.Json.OutagesInAHundred = 20;
   }
   return options;
 }
@@ -78,6 +84,10 @@ class Stage {
   void PlayRun(const Plan& plan, std::int64_t seconds) {
     host_.Queue.HasQuit = world_.ShuttingDown = false;
     brelwin::Program program(world_);
+    auto& label = program.Controls().Spots.lblCheckingForSpots;
+    const auto onlooking = label.Visible.WhenChanged([this, &label] {
+      if (label.Visible) ledger_.Write(practice::Record("check"));
+    });
     program.Start({}, Password);
     std::optional<Disturbances> disturbances;
     if (plan.HasFaults)
@@ -106,7 +116,7 @@ void Rehearse(const Plan& plan, const std::filesystem::path& folder) {
   std::filesystem::remove_all(folder);
   std::filesystem::create_directories(folder);
   Stage stage(plan, (folder / "ledger.txt").string());
-  for (const auto& [name, text] : FolderOf(plan.Seed, plan.Crowd)) {
+  for (const auto& [name, text] : FolderOf(plan.Seed, plan.Crowd, plan.IsByService)) {
     stage.Put(name, text);
     Save(folder / name, text);
   }

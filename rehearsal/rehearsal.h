@@ -12,6 +12,7 @@ struct Plan {
   std::size_t Crowd = 300;
   int LinesAnHour = 2000;
   bool HasFaults = true;
+  bool IsByService = false;  // spots and announcements come from the JSON service
 };
 
 // Leaves the ledger, the settings and lists that the program began with, and its event log in the folder,

@@ -16,12 +16,14 @@ string Line(Random& random, const string& key, const std::array<int, Count>& val
   return key + "=" + std::to_string(random.Pick(values)) + "\r\n";
 }
 
-// The delay before the final check is never the pause between checks, so that the two can be told apart.
-string Gateway(Random& random) {
+// The delay before the final check is never the pause between checks, so that the two can be told apart; nor
+// does it go on at once from a question of the check to the service.
+string Gateway(Random& random, bool isByService) {
   return "[Gateway]\r\nSotawatchLogin=Q0ZZ\r\nRBNSendAllSpotsToSotawatch=1\r\nSpotliteSpotSubmitURL=" +
          string(SiteAddress) + "/Spotlite/postSpot\r\n" +
          Line<4>(random, "SotawatchDupeSpotMaxAgeInMinutes", {0, 10, 30, 60}) +
-         Line<5>(random, "GatewayDelayBeforeFinalDupeCheckAndSendInSeconds", {0, 3, 7, 12, 18}) +
+         Line<5>(random, "GatewayDelayBeforeFinalDupeCheckAndSendInSeconds",
+                 {isByService ? 2 : 0, 3, 7, 12, 18}) +
          Line<4>(random, "GatewayMinimumSecondsBetweenSpotsOfSameStation", {5, 120, 300, 600}) +
          (random.OneIn(2) ? "SpotCommentTemplate=XXX wpm YYY dB de ZZZ, and some words more to make it long "
                             "{Via Tarnlink}\r\n"
@@ -41,12 +43,17 @@ string Stream(Random& random) {
          (random.OneIn(3) ? "FilterSpotterExclude=W3OA, LZ*\r\n" : "");
 }
 
-string Settings(Random& random) {
+string Source(bool isByService) {
+  return isByService ? "SotawatchSpotsSource=1\r\nSotawatchAPITermsConfirmed=practice.test\r\n" : "";
+}
+
+string Settings(Random& random, bool isByService) {
   return "[General]\r\nSotawatchSpotsViaRSS=1\r\nMaximumSpotsInList=100\r\nPlaySoundWhen=0\r\n"
          "MaxAlertAgeInHours=24\r\n" +
-         Line<3>(random, "SecondsBetweenChecks", {10, 15, 30}) + Stream(random) + Gateway(random) +
-         "[URLTemplates]\r\nSotawatchRSS=" + SiteAddress + "/RssFeed\r\nSotawatchAlerts=" + SiteAddress +
-         "/alerts.php\r\n";
+         Source(isByService) + Line<3>(random, "SecondsBetweenChecks", {10, 15, 30}) + Stream(random) +
+         Gateway(random, isByService) + "[URLTemplates]\r\nSotawatchRSS=" + SiteAddress +
+         "/RssFeed\r\nSotawatchAlerts=" + SiteAddress + "/alerts.php\r\nSotawatchAPI=" + SiteAddress +
+         "/api/\r\n";
 }
 
 // Abroad the base of "DL/PA3XYZ/P" is DLA3XYZ: those who begin with P are needed more often.
@@ -79,9 +86,9 @@ string SomeChasers(Random& random) {
 
 }  // namespace
 
-std::map<string, string> FolderOf(std::uint64_t seed, std::size_t crowd) {
+std::map<string, string> FolderOf(std::uint64_t seed, std::size_t crowd, bool isByService) {
   Random random(seed, 603);
-  return {{"Brelwin.INI", Settings(random)},
+  return {{"Brelwin.INI", Settings(random, isByService)},
           {"SOTAExcludedActivators.txt", SomeActivators(random, crowd)},
           {"SOTATrustedSpotters.txt", SomeChasers(random)},
           {"SOTAAlertDurationOverrides.ini", Overrides(random, crowd)}};

@@ -2,7 +2,7 @@
 """Plays days of the whole program against the practice network, each in seconds, and has the account judge
 them.
 
-Usage: rehearse.py --program FILE --folder DIR [--days N] [--seed S] [--hours X] [--without-faults]
+Usage: rehearse.py --program FILE --folder DIR [--days N] [--seed S] [--hours X] [--without-faults] [--json]
 
 Every day has a seed of its own, S and those after it. A day that was good is thrown away once it has been
 judged; a failed one stays in its folder, and its seed is printed, with which it can be played again. Exit status
@@ -22,11 +22,14 @@ from account.items import BAD, Tally  # noqa: E402
 from account.replay import EXACT  # noqa: E402
 
 PASSWORD = 'practice'  # as the rehearsal types it into its box
+# Activators beside the usual ones. The JSON service lists all of them again and again.
+CROWD = {False: 300, True: 80}
 
 
 def play(program: pathlib.Path, folder: pathlib.Path, seed: int, options: argparse.Namespace) -> pathlib.Path:
     subprocess.run([program, '--folder', folder, '--seed', str(seed), '--hours', str(options.hours),
-                    '--faults', '0' if options.without_faults else '1'], check=True, stdout=subprocess.DEVNULL)
+                    '--faults', str(int(not options.without_faults)), '--json', str(int(options.json)),
+                    '--crowd', str(CROWD[options.json])], check=True, stdout=subprocess.DEVNULL)
     return folder / f'seed-{seed}'
 
 
@@ -53,6 +56,7 @@ def main() -> int:
     parser.add_argument('--seed', type=int, default=1)
     parser.add_argument('--hours', type=float, default=24)
     parser.add_argument('--without-faults', action='store_true')
+    parser.add_argument('--json', action='store_true', help='the spots come from the JSON service')
     options = parser.parse_args()
 
     whole, failed = judge_days(options)

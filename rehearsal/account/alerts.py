@@ -6,6 +6,7 @@ import functools
 import html
 import re
 import time
+from typing import Iterable
 
 from account import feed, radio
 from account.settings import Settings
@@ -147,11 +148,16 @@ class Alerts:
         """False when the reading did not succeed."""
         if not page:
             return False
+        has_days = HEADING.search(page) or '<span class="alertDate">' in page
+        self.take_activations(activations(page), bool(has_days), now)
+        return True
+
+    def take_activations(self, activations: Iterable[tuple[int | None, Activation]], has_days: bool, now: int) -> None:
+        """Of dates and activations, in the order of time."""
         utc = now // 1000
         self._prune(utc)
-        has_days = HEADING.search(page) or '<span class="alertDate">' in page
         scraped: dict[str, Alert] = {}
-        for date, found in activations(page):
+        for date, found in activations:
             time_of_day = None if date is None or found.second is None else date + found.second
             if time_of_day is not None and 0 < self.settings.hours_ahead < int((time_of_day - utc) / 60) // 60:
                 break
@@ -161,7 +167,6 @@ class Alerts:
             self.alerts, self.were_read = scraped, True
             self._apply()
             self.by_station = None
-        return True
 
     def _take(self, base: str, utc: int | None, found: Activation, now: int, scraped: dict[str, Alert]) -> None:
         base = radio.base_callsign(base)

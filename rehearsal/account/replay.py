@@ -179,7 +179,11 @@ class Replay:
         if reading is None:
             return
         for spot in reversed(reading.new):
-            if is_command(spot, self.settings) and not self.posted.holds(spot, page.t):
+            if not is_command(spot, self.settings):
+                continue
+            if self.posted.holds(spot, page.t):
+                self.alerts.acted_on.add(spot.id)  # its edits are no commands either
+            else:
                 self.alerts.take_command(spot, page.t // 1000)
         self.current = reading.applied_to(self.current, page.t, MOST_CURRENT_SPOTS)
 
@@ -187,8 +191,7 @@ class Replay:
         self.known.update(spot.base for spot in self.source.spots(page))
 
     def _take_alerts(self, page: ledger.Page, now: int) -> int:
-        is_whole = page.whole or page.body.rstrip(' \t\r\n').lower().endswith('</html>')
-        succeeded = page.status != 0 and is_whole and self.alerts.take_page(page.body, now)
+        succeeded = page.status != 0 and self.source.announce(page, self.alerts, now)
         self.known.update(alert.base for alert in self.alerts.alerts.values() if len(alert.base) > 2)
         if succeeded and self.alerts.were_read:
             self.alerts.take_waiting()

@@ -7,11 +7,12 @@ import json
 import re
 import time
 
-from account import feed, radio
+from account import alerts, feed, radio
 
 ISO = re.compile(r'(\d{4}-\d\d-\d\dT\d\d:\d\d:\d\d)(\.\d+)?(Z)?')
 BETWEEN = re.compile(r'[\s,]*')
 GIVEN_UP = 'DEPRECATED'
+DAY = 86400  # seconds
 NEARLY_A_DAY = 24 * 60 - 30  # minutes
 
 
@@ -164,3 +165,22 @@ class Listing:
         utc = row.spots[0].utc
         return utc is not None and (now // 1000 - utc) // 60 >= NEARLY_A_DAY
 
+
+
+def read_announcements(body: str) -> list[tuple[int | None, alerts.Activation]] | None:
+    """Date and activation of every row, in the order of time; nothing when the list is not to be used."""
+    items, ended = items_of(body)
+    rows = [row for row in map(object_of, items) if row is not None]
+    if not ended or any(map(is_sentinel, rows)):
+        return None
+    found = [(seconds_of(row, 'dateActivated'), _activation_of(row)) for row in rows]
+    found = [(utc, activation) for utc, activation in found if activation.stations]
+    found.sort(key=lambda one: float('-inf') if one[0] is None else one[0])
+    return [(None if utc is None else utc // DAY * DAY, activation) for utc, activation in found] or None
+
+
+def _activation_of(row: dict) -> alerts.Activation:
+    utc = seconds_of(row, 'dateActivated')
+    stations = dict.fromkeys(filter(None, radio.base_callsigns(text_of(row, 'activatingCallsign'))))
+    return alerts.Activation(None if utc is None else utc % DAY // 60 * 60, tuple(stations),
+                             text_of(row, 'activatingCallsign'), summit_of(row), text_of(row, 'comments'))

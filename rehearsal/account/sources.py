@@ -4,6 +4,7 @@ import dataclasses
 from typing import Iterable
 
 from account import feed, ledger, service
+from account.alerts import Alerts
 from account.gates import TimedSpot
 
 DAY_IN_MINUTES = 24 * 60
@@ -39,6 +40,11 @@ class Feed:
     def recent(self, page: ledger.Page, minutes: int) -> list[feed.Spot]:
         return feed.recent(page.body, page.t, minutes)
 
+    def announce(self, page: ledger.Page, alerts: Alerts, now: int) -> bool:
+        """False when the page is not to be used."""
+        is_whole = page.whole or page.body.rstrip(' \t\r\n').lower().endswith('</html>')
+        return is_whole and alerts.take_page(page.body, now)
+
 
 class Service:
     def __init__(self) -> None:
@@ -60,6 +66,12 @@ class Service:
 
     def recent(self, page: ledger.Page, minutes: int) -> list[feed.Spot]:
         return _spots(self._list(page, minutes).rows)
+
+    def announce(self, page: ledger.Page, alerts: Alerts, now: int) -> bool:
+        found = service.read_announcements(page.body)
+        if found is not None:
+            alerts.take_activations(found, True, now)
+        return found is not None
 
     @staticmethod
     def _list(page: ledger.Page, minutes: int) -> service.List:

@@ -6,7 +6,7 @@ import unittest
 
 import account_test
 from account import service
-from account_test import BODY, DUPE, FRESH_DUPE, INI, NOON, POSTED, alerts_page, fates
+from account_test import BODY, DUPE, FRESH_DUPE, INI, NOON, POSTED, fates
 
 SETTINGS = INI.replace('[General]', '[General]\nSotawatchSpotsSource=1')
 
@@ -21,6 +21,11 @@ def row(number: int, frequency: object = 7.032, minutes_ago: int = 5, **members)
 OTHER = row(1, 14.285, 3, activatorCallsign='G4XYZ', summitCode='G/LD-003')
 
 
+ANNOUNCED = json.dumps([
+    {'id': 4, 'dateActivated': '2026-11-24T12:10:00', 'activatingCallsign': 'G4ABC/P', 'associationCode': 'G',
+     'summitCode': 'LD-001', 'comments': 'CW'}, None])
+
+
 class Story(account_test.Story):
     """Every check asks for the epoch, and for the whole list."""
 
@@ -28,7 +33,7 @@ class Story(account_test.Story):
         self.lines, self.requests, self.rows = [], 0, rows
         self.ask(0)
         self.write('open', 1, connection=1)
-        self.look(10).page('/alerts.php', 10.1, alerts_page())
+        self.look(10).page('/api/alerts/epoch', 10.1, '77aa').page('/api/alerts/24/99/all/all', 10.2, ANNOUNCED)
 
     def ask(self, second: float, *rows: object, target: str = '/api/spots/-24/all/all', epoch: bool = True) -> 'Story':
         if epoch:
