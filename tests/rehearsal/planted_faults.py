@@ -77,7 +77,7 @@ FAULTS = [
           'constexpr std::int64_t NearInHertz = 1000;', 'constexpr std::int64_t NearInHertz = 0;'),
     Fault('exactly 1 kHz is too near', 'src/gateway/duplicate_search.cpp',
           'spot.FrequencyInMhz) < NearInHertz;', 'spot.FrequencyInMhz) <= NearInHertz;'),
-    Fault('withdrawn alerts are kept', 'src/alerts/alerts_page.cpp',
+    Fault('withdrawn alerts are kept', 'src/alerts/alerts_intake.cpp',
           'const auto withdrawal = LogWithdrawal(*alert);', 'const auto withdrawal = LogWithdrawal({});'),
     Fault("an alert's own window is ignored", 'src/alerts/matching.cpp',
           'return minutes < 1 ? otherwise : minutes;', 'return minutes < 0 ? minutes : otherwise;'),
@@ -100,7 +100,7 @@ FAULTS = [
     Fault('a command without a time acts in every run', 'src/alerts/command_memory.cpp',
           'for (const auto& line : undatedFile_.Read())', 'for (const auto& line : std::vector<std::string>())'),
     Fault('an opt-out reaches one callsign only', 'src/alerts/alert_commands.cpp',
-          'MayBeSameStation(command.Station, announced)', 'MayBeSameStation("", announced)'),
+          '|| MayBeOf(alert, command.Station)', ''),
 ]
 
 
