@@ -81,7 +81,6 @@ class RehearsedSocket final : public brelwin::SocketControl {
   void Connect(std::string_view host, std::int32_t port) override;
   void Close() override;
   void Send(std::string_view bytes) override;
-  std::string PeekData() const override { return received_; }
   std::string GetData() override;
 
   // What the other side does.

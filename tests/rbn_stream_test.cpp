@@ -181,20 +181,20 @@ TEST_F(RBNStream, ReconnectsWhenTextComesButNoSpots) {
   Check();
   Pass(seconds(1));
   for (int minute = 1; minute <= 6; ++minute) {
-    EXPECT_EQ(stream_.Attempts, 1) << minute;
+    EXPECT_EQ(host_.Sockets.Tried.size(), 1) << minute;
     Pass(minutes(1));
     Check();
   }
-  EXPECT_EQ(stream_.Attempts, 2);
+  EXPECT_EQ(host_.Sockets.Tried.size(), 2);
   EXPECT_TRUE(Says("CloseRBNConnection begin"));
   EXPECT_TRUE(Says("CloseRBNConnection successful"));
 }
 
 TEST_F(RBNStream, ReconnectsWhenTheTextNeverEndsItsLineButNotInTheMiddleOfASpot) {
-  using Case = std::tuple<const char*, int, const char*>;
+  using Case = std::tuple<const char*, std::size_t, const char*>;
   for (const auto& [piece, attempts, last] :
        {Case{"garbage ", 2, ""}, Case{"WWV\r", 2, ""}, Case{"", 1, "K1AA"}}) {
-    stream_.Attempts = 0;
+    host_.Sockets.Tried.clear();
     auto peer = LetsIn();
     for (int minute = 1; minute <= 7 && *piece != 0; ++minute) peer.Sends(piece, minutes(1));
     const auto line = Line("K1AA");
@@ -207,7 +207,7 @@ TEST_F(RBNStream, ReconnectsWhenTheTextNeverEndsItsLineButNotInTheMiddleOfASpot)
       Pass(minutes(1));
     }
     heard += Check();
-    EXPECT_EQ(stream_.Attempts, attempts) << piece;
+    EXPECT_EQ(host_.Sockets.Tried.size(), attempts) << piece;
     EXPECT_EQ(heard, last);
     std::string errorText;
     CloseRBNConnection(stream_, errorText);

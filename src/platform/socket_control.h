@@ -59,9 +59,8 @@ class SocketControl {
   // Sends the bytes on a connected socket; in any other state nothing is done.
   virtual void Send(std::string_view bytes) = 0;
 
-  // What has arrived and was not taken; GetData takes it. Both work after the peer has closed, too: Close and
-  // Error are raised after everything that came before them was told by DataArrival.
-  virtual std::string PeekData() const = 0;
+  // Takes what has arrived and was not taken, also after the peer has closed: Close and Error are raised after
+  // everything that came before them was told by DataArrival.
   virtual std::string GetData() = 0;
 };
 

@@ -56,8 +56,7 @@ struct RBNConnection {
   const RBNStream Stream;
 
   WinsockArray Sockets;
-  std::int32_t Index;         // of the socket in use
-  std::int32_t Attempts = 0;  // how often a connection was tried
+  std::int32_t Index;  // of the socket in use
   bool OpenInProgress = false;
   bool Connected = false;
   bool CallsignSent = false;       // completely: the login is done

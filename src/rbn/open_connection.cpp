@@ -80,7 +80,6 @@ void LogOutcome(RBNConnection& connection, const Attempt& attempt) {
 }
 
 void TryToConnect(RBNConnection& connection, Attempt& attempt) {
-  ++connection.Attempts;
   connection.Status.Peer = attempt.Host + ":" + std::to_string(attempt.Port);
   connection.Status.Failure.clear();
   if (attempt.Port > HighestPort) throw std::out_of_range("Port out of range");

@@ -5,8 +5,8 @@
 #include <string>
 
 #include "base/date_time.h"
-#include "rbn/line_facts.h"
 #include "rbn/spot_line.h"
+#include "rbn/spot_rules.h"
 #include "spots/spot.h"
 
 namespace brelwin {

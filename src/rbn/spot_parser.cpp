@@ -8,7 +8,6 @@
 #include "base/text.h"
 #include "core/trap.h"
 #include "radio/dates.h"
-#include "rbn/line_facts.h"
 #include "rbn/spot_builder.h"
 #include "rbn/spot_line.h"
 #include "rbn/spot_rules.h"
@@ -84,7 +83,7 @@ void Block::TakeLine(std::string_view line, std::size_t pieceNumber, std::int32_
   line_.Read(line);
   LineFacts facts(surroundings_, line_);
   if (facts.StationIsAnnounced()) MatchToAlerts(facts);
-  if (rules_.Decide(facts) == SpotVerdict::Kept) Keep(facts, pieceNumber, runningNumber);
+  if (rules_.Keep(facts)) Keep(facts, pieceNumber, runningNumber);
 }
 
 void Block::MatchToAlerts(LineFacts& facts) {

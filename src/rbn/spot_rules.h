@@ -1,57 +1,71 @@
-// Which skimmer spots the user wants: a decision from facts to a verdict with its reason.
+// Which skimmer lines the user wants, and what has to be known of a line to tell.
 #pragma once
 
-#include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
+#include "alerts/alert_collection.h"
+#include "platform/number_format.h"
+#include "rbn/recent_spots.h"
+#include "rbn/spot_line.h"
 #include "spots/filter_list.h"
+#include "spots/spot.h"
 #include "spots/spot_filter.h"
 
 namespace brelwin {
 
-enum class SpotVerdict : std::uint8_t {
-  Kept,
-  OtherType,
-  UnknownActivator,
-  NoMatchingAlert,
-  Repeated,
-  StationNotWanted,
-  BandNotWanted,
-  ModeNotWanted,
-  SpotterNotWanted,
-  SpotterExcluded,
+// What lines are compared with.
+struct LineSurroundings {
+  const CallsignCollection& KnownActivators;
+  const AlertCollection& Alerts;
+  const RecentRBNSpots& RecentSpots;
+  NumberFormat Numbers;
 };
 
-// What is known of one spot. The rules ask for a fact only when they need it, so that it costs nothing to
-// have one that is hard to find out.
-class SpotFacts {
+// The facts of one line. Each is found out when it is asked for, so that a line which an early rule drops
+// costs nothing more.
+class LineFacts {
  public:
-  SpotFacts() = default;
-  SpotFacts(const SpotFacts&) = delete;
-  SpotFacts& operator=(const SpotFacts&) = delete;
-  virtual ~SpotFacts() = default;
+  // Both must outlive it, and the line must not be read anew.
+  LineFacts(const LineSurroundings& surroundings, SpotLine& line)
+      : surroundings_(surroundings), line_(line) {}
 
-  virtual bool IsCQ() = 0;
-  virtual bool IsKnownActivator() = 0;
-  virtual bool IsMatchedToAlert() = 0;
-  virtual bool IsRepeated() = 0;  // heard on the same frequency within the duplicate period
-  virtual std::string_view StationBaseCallsign() = 0;
-  virtual std::string_view SpotterBaseCallsign() = 0;
-  virtual std::string_view ModeText() = 0;
-  virtual std::string BandText() = 0;  // lower edge in MHz
+  bool IsCQ();
+  bool IsKnownActivator();
+  bool IsRepeated();  // heard on the same frequency within the duplicate period
+  bool StationIsAnnounced() { return surroundings_.Alerts.IsAnnounced(StationBaseCallsign()); }
+  std::string_view StationBaseCallsign();
+  std::string_view SpotterBaseCallsign();
+  std::string_view ModeText() { return line_.Field(SpotField::Mode); }
+  std::string BandText();  // lower edge in MHz
+  const std::string& DuplicateKeyText();
+  float FrequencyInMhz();
+
+  // Set by whoever looks for alerts.
+  AlertPointer Alert;           // the one that the spot matches, or null
+  std::string WindowReference;  // see Spot
+
+ private:
+  const LineSurroundings& surroundings_;
+  SpotLine& line_;
+  std::optional<std::string_view> station_;
+  std::string stationStorage_;
+  std::string spotter_;
+  std::string duplicateKey_;
+  std::optional<float> frequencyInMhz_;
 };
 
 class SpotRules {
  public:
-  // Reads the user's lists once, for many spots.
+  // Reads the user's lists once, for many lines.
   explicit SpotRules(const SpotFilter& filter);
 
-  // The first rule that drops the spot, or Kept.
-  SpotVerdict Decide(SpotFacts& facts) const;
+  // True when no rule drops the line. The facts that are dear to find out are asked for last.
+  bool Keep(LineFacts& facts) const;
 
  private:
-  SpotVerdict DecideByLists(SpotFacts& facts) const;
+  bool KeepByLists(LineFacts& facts) const;
 
   bool anyType_;
   bool knownActivatorsOnly_;

@@ -89,7 +89,7 @@ FAULTS = [
           'if (!SaysNothing(line)) TakeLine(', 'if (!SaysNothing(line) && !text.empty()) TakeLine('),
     Fault('what was heard once is never forgotten', 'src/rbn/recent_spots.cpp',
           'if (!(minutes > 0)) return;', 'if (minutes < 1e9) return;'),
-    Fault('every spot type is posted', 'src/rbn/line_facts.cpp',
+    Fault('every spot type is posted', 'src/rbn/spot_rules.cpp',
           'return EqualsIgnoringCase(line_.Field(SpotField::Type), "CQ");', 'return true;'),
     Fault('commands do not wait for the alerts', 'src/alerts/alert_commands.cpp',
           'if (scene_.Alerts.WereRead()) {', 'if (scene_.Alerts.WereRead() || true) {'),

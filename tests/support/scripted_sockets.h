@@ -103,7 +103,6 @@ class ScriptedSockets final : public SocketControls {
       });
     }
 
-    std::string PeekData() const override { return received_; }
     std::string GetData() override { return std::exchange(received_, {}); }
 
    private:
