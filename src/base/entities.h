@@ -1,4 +1,4 @@
-// Character references of web pages: "&amp;", "&eacute;", "&#233;", "&#xE9;".
+// Character references of HTML, named and numeric: "&amp;", "&eacute;", "&#233;", "&#xE9;".
 #pragma once
 
 #include <cstddef>
@@ -17,7 +17,7 @@ struct Entity {
 // U+00A0 to U+00FF and of common punctuation. A number may be one that is no character.
 std::optional<Entity> EntityAt(std::string_view text);
 
-// The text with its entities decoded, once, as browsers do it: numbers from 128 to 159 mean Windows-1252,
+// The text with its entities decoded, once. As HTML has it, numbers from 128 to 159 mean Windows-1252,
 // those that are no character give U+FFFD. What is no entity stays as it is.
 std::string DecodeEntities(std::string_view text);
 

@@ -1,5 +1,5 @@
-// The Reverse Beacon Network side of a check: what skimmers have heard goes to Sotawatch, into the list, the
-// logs and the ear.
+// The Reverse Beacon Network side of a check: what skimmers have heard goes to Sotawatch, into the list and
+// the logs, and is sounded.
 #pragma once
 
 #include "cycle/main_window.h"

@@ -41,7 +41,7 @@ struct FormCheck {
 // or summit holding anything but ASCII letters, digits, "/" and "-" is refused: it could add a field.
 FormCheck CheckSpotliteForm(std::string_view login, std::string_view password, const Spot& spot);
 
-// The body of the form: nine fields, always in the same order.
+// The body of the form, application/x-www-form-urlencoded: nine fields, always in the same order.
 std::string SpotliteFormBody(const SpotliteForm& form);
 
 // Why a spot was not posted, in words; empty for None.

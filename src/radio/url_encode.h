@@ -6,8 +6,9 @@
 
 namespace brelwin {
 
-// Letters and digits stay, every other character becomes "%" and its code as two upper-case hexadecimal
-// digits; a blank becomes "%20". A character with a code above 255 is encoded byte by byte as UTF-8.
+// ASCII letters and digits stay; every other character becomes "%" and its ANSI code (Windows-1252) as two
+// upper-case hexadecimal digits, so that a blank becomes "%20" and "é" becomes "%E9". A character without such
+// a code becomes a question mark's. Invalid UTF-8 is taken as Windows-1252. Never fails.
 std::string URLEncode(std::string_view text);
 
 }  // namespace brelwin

@@ -1,4 +1,4 @@
-// The alert: what new spots do to the ear, and to a window that is minimised.
+// The alert: new spots play a sound, and may bring back a minimised window.
 #pragma once
 
 #include "controls/form.h"

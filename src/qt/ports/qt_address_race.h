@@ -1,5 +1,5 @@
-// Connecting to a host that may have several addresses, of which some may be dead: they are tried beside each
-// other, and the first that answers wins.
+// Connecting to a host that may have several addresses, of which some may be dead (Happy Eyeballs, RFC 8305):
+// they are tried beside each other, each a little after the one before, and the first that answers wins.
 #pragma once
 
 #include <QHostAddress>
