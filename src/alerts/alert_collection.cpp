@@ -12,7 +12,7 @@ std::string_view HeldKey(std::string_view alertKey) {
 
 AlertCollection::Places& AlertCollection::PlacesFor(const SOTAAlert& alert) {
   const auto& station = alert.stationBaseCallsign;
-  if (stations_.Add(station, station)) stationMarks_.Note(station);
+  if (stations_.Add(station, station)) announced_.Add(station);
   return ofStation_[station];
 }
 
@@ -49,7 +49,7 @@ const AlertCollection::Places& AlertCollection::OfStation(const std::string& bas
 }
 
 void AlertCollection::NoteWithdrawn(AlertPointer alert, Withdrawal reason) {
-  stationMarks_.Note(alert->stationBaseCallsign);
+  announced_.Add(alert->stationBaseCallsign);
   auto& ofStation = withdrawn_[alert->stationBaseCallsign];
   ofStation.push_back({std::move(alert), reason});
 }

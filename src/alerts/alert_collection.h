@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "alerts/sota_alert.h"
-#include "base/presence_marks.h"
+#include "base/bloom_filter.h"
 #include "spots/spot.h"
 
 namespace brelwin {
@@ -56,7 +56,7 @@ class AlertCollection {
   // Whether the station has or had an alert, withdrawn ones included: asked of every line of the stream, most
   // of which are of no announced station.
   bool IsAnnounced(std::string_view baseCallsign) const {
-    return stationMarks_.MayHold(baseCallsign) &&
+    return announced_.MayContain(baseCallsign) &&
            (stations_.Contains(baseCallsign) || withdrawn_.contains(std::string(baseCallsign)));
   }
 
@@ -81,7 +81,7 @@ class AlertCollection {
   std::unordered_map<std::string, Places> ofStation_;
   std::unordered_map<std::string, std::vector<WithdrawnAlert>> withdrawn_;
   CallsignCollection stations_;
-  PresenceMarks stationMarks_;
+  BloomFilter announced_;  // their base callsigns
   std::optional<DateTime> readAt_;
 };
 

@@ -22,10 +22,10 @@ class KeyIndex {
  public:
   using Number = std::uint32_t;
 
-  // Makes room for this many keys, so that adding many does not sort them in anew again and again.
+  // Makes room for this many keys, so that adding many does not rehash again and again.
   void Reserve(std::size_t count) {
     const auto size = std::max(FewestSlots, std::bit_ceil(count + count / 2));
-    if (count > 0 && size > slots_.size()) Resize(size);
+    if (count > 0 && size > slots_.size()) Rehash(size);
   }
 
   // The number of the record with the key, or 0.
@@ -35,7 +35,7 @@ class KeyIndex {
 
   // False, with nothing changed, when the key of the record is held already.
   bool Add(const Records& records, Number number) {
-    if (4 * (count_ + 1) > 3 * slots_.size()) Resize(std::max(FewestSlots, 2 * slots_.size()));
+    if (4 * (count_ + 1) > 3 * slots_.size()) Rehash(std::max(FewestSlots, 2 * slots_.size()));
     const std::string_view key = records[number].Key;
     const auto hash = HashOf(key);
     auto& slot = slots_[PlaceOf(records, key, hash)];
@@ -92,7 +92,7 @@ class KeyIndex {
     return place;
   }
 
-  void Resize(std::size_t size) {
+  void Rehash(std::size_t size) {
     std::vector<Slot> old(size);
     old.swap(slots_);
     for (const auto& slot : old) {

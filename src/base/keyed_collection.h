@@ -76,7 +76,7 @@ class KeyedCollection {
   }
   ~KeyedCollection() = default;
 
-  // Makes room for this many keys, so that adding many items does not sort them in anew again and again.
+  // Makes room for this many keys, so that adding many items does not rehash again and again.
   void Reserve(std::size_t count) { index_.Reserve(count); }
 
   // Adds the item at the end, or in front of all others. False, with nothing changed, when the key is not
