@@ -1,4 +1,4 @@
-// Runs the benchmarks within an application of the toolkit, which the window's list needs; no display is.
+// Runs the benchmarks within an application object of Qt, which the window's list needs; no display is.
 #include <benchmark/benchmark.h>
 
 #include <QApplication>

@@ -35,8 +35,8 @@ int main(int argumentCount, char** arguments) {
   HoldQuitSignals();
   std::signal(SIGPIPE, SIG_IGN);  // a reader that is gone must not end the logs
   const auto commandLine = CommandLine(argumentCount, arguments);
-  int forToolkit = 1;  // its own options are none of the program's
+  int forQt = 1;  // its own options are none of the program's
   std::unique_ptr<QCoreApplication> application;
-  MakeApplication([&] { application = std::make_unique<QCoreApplication>(forToolkit, arguments); });
+  MakeApplication([&] { application = std::make_unique<QCoreApplication>(forQt, arguments); });
   LeaveProcess(Run(commandLine));
 }

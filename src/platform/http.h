@@ -23,7 +23,8 @@ struct HttpHeader {
 std::optional<std::string> HeaderValue(const std::vector<HttpHeader>& headers, std::string_view name);
 
 struct HttpLimits {
-  std::uint64_t MaximumBytes = std::uint64_t{64} * 1024 * 1024;  // of the unpacked body, cut there if longer
+  std::uint64_t MaximumBytes =
+      std::uint64_t{64} * 1024 * 1024;  // of the decompressed body, cut there if longer
   int MostRedirects = 10;
 };
 
@@ -77,7 +78,7 @@ class HttpTransfer {
   virtual bool IsFinished() const = 0;
 
   // Another number within a second of anything that comes over the wire, be it a part of a head or of a
-  // packed body that gives nothing to show yet.
+  // compressed body that gives nothing to show yet.
   virtual std::uint64_t Activity() const = 0;
 
   // What has come so far; to be asked once, since nothing of it is kept. The answers on the way, redirects,

@@ -90,7 +90,7 @@ def include_cycles(tree: Tree) -> Iterator[str]:
         yield from walk(path, [])
 
 
-def toolkit_in_the_core(tree: Tree) -> Iterator[str]:
+def qt_in_the_core(tree: Tree) -> Iterator[str]:
     for path, text in code_of(tree, 'src'):
         if room(path) in SKINS:
             continue
@@ -185,9 +185,9 @@ LAWS = [
     Law('no include cycle',
         'Files that include each other in a circle are one file in pieces: none can be understood first.',
         include_cycles),
-    Law('no toolkit in the core',
-        'What the program knows and decides must run without a window: in tests, in the console, on another '
-        'toolkit.', toolkit_in_the_core),
+    Law('no Qt in the core',
+        'What the program knows and decides must run without a window: in tests, in the console, '
+        'without Qt.', qt_in_the_core),
     Law('no outside world but through the ports',
         'A clock, sleep, environment, file or socket call outside platform/ and qt/ escapes the scripted '
         'world of the tests: add it to a port.', outside_world_in_rooms),

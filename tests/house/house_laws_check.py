@@ -32,8 +32,8 @@ PLANTED = [
     ('no include cycle', {'src/ui/a.h': HEADER + '#include "ui/b.h"\n',
                           'src/ui/b.h': HEADER + '#include "ui/c.h"\n',
                           'src/ui/c.h': HEADER + '#include "a.h"\n'}, 'src/ui/b.h -> src/ui/c.h'),
-    ('no toolkit in the core', {'src/cycle/a.cpp': '#include <QtCore/QString>\n'}, 'src/cycle/a.cpp:1'),
-    ('no toolkit in the core', {'src/ui/a.cpp': '// x\n#include <QString>\n'}, 'src/ui/a.cpp:2'),
+    ('no Qt in the core', {'src/cycle/a.cpp': '#include <QtCore/QString>\n'}, 'src/cycle/a.cpp:1'),
+    ('no Qt in the core', {'src/ui/a.cpp': '// x\n#include <QString>\n'}, 'src/ui/a.cpp:2'),
     *[('no outside world but through the ports', {'src/core/a.cpp': f'\nint F() {{ {call}; }}\n'},
        'src/core/a.cpp:2') for call in (
            'std::chrono::steady_clock::now()', 'auto t = std::time(nullptr)', 'time(nullptr)',

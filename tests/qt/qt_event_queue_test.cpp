@@ -44,7 +44,7 @@ TEST(QtEventQueue, AFunctionMayReplaceItsOwnTimer) {
   EXPECT_TRUE(done);
 }
 
-TEST(QtEventQueue, ADelayBeyondTheToolkitsRangeIsNotAnEarlyCall) {
+TEST(QtEventQueue, ADelayBeyondQtsRangeIsNotAnEarlyCall) {
   QtEventQueue queue;
   bool called = false;
   const auto handle = queue.CallAfter(std::chrono::hours(24 * 365), [&] { called = true; });

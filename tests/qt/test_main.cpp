@@ -1,4 +1,4 @@
-// Runs the tests inside the toolkit's application object, without a display.
+// Runs the tests inside Qt's application object, without a display.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -9,8 +9,8 @@
 int main(int argumentCount, char** arguments) {
   ::testing::InitGoogleTest(&argumentCount, arguments);
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  int forToolkit = 1;
+  int forQt = 1;
   std::unique_ptr<QApplication> application;
-  brelwin::MakeApplication([&] { application = std::make_unique<QApplication>(forToolkit, arguments); });
+  brelwin::MakeApplication([&] { application = std::make_unique<QApplication>(forQt, arguments); });
   return RUN_ALL_TESTS();
 }

@@ -23,7 +23,7 @@ struct ScriptedAnswer {
   Milliseconds Delay{10};         // from then to the first byte; a negative one: no answer ever
   Milliseconds BetweenPieces{0};  // when not 0, the body comes in pieces of PieceSize this far apart
   std::size_t PieceSize = 1;
-  int HiddenPieces = 0;        // that come before the others and give nothing to show: a head, a packed body
+  int HiddenPieces = 0;  // that come before the others and give nothing to show: a head, a compressed body
   std::string ErrorText = {};  // set for what breaks off
   int ErrorNumber = 1;
   std::vector<HttpHeader> Headers = {};

@@ -11,7 +11,7 @@
 namespace brelwin {
 namespace {
 
-// A user without a locale is none of the toolkit's business; a display that cannot be reached is.
+// A user without a locale is none of Qt's business; a display that cannot be reached is.
 void PrintFatal(QtMsgType type, const QMessageLogContext& /*context*/, const QString& message) {
   if (type == QtFatalMsg) std::fprintf(stderr, "%s\n", qPrintable(message));
 }

@@ -29,7 +29,7 @@ QList<QHostAddress> InTurn(const QList<QHostAddress>& addresses) {
   return inTurn;
 }
 
-// An address is not looked up: the toolkit would ask for its name, which takes long where nobody answers.
+// An address is not looked up: Qt would ask for its name, which takes long where nobody answers.
 QList<QHostAddress> AddressIn(const QString& host) {
   const QHostAddress address(host);
   return address.isNull() ? QList<QHostAddress>() : QList{address};
@@ -75,7 +75,7 @@ QtAddressRace::QtAddressRace(const QList<QHostAddress>& addresses, std::int32_t 
   if (!addresses_.isEmpty()) nextTry_.start(0);
 }
 
-// A lookup under way goes on and tells nobody: of one that is aborted the toolkit leaks the receiver.
+// A lookup under way goes on and tells nobody: of one that is aborted Qt leaks the receiver.
 QtAddressRace::~QtAddressRace() = default;
 
 void QtAddressRace::Resolved(const QHostInfo& info) {

@@ -11,7 +11,7 @@
 namespace brelwin {
 namespace {
 
-// The toolkit's timers count milliseconds in an int.
+// Qt's timers count milliseconds in an int.
 Milliseconds Representable(Milliseconds delay) {
   constexpr Milliseconds Longest{std::numeric_limits<int>::max()};
   return std::clamp(delay, Milliseconds::zero(), Longest);

@@ -1,4 +1,4 @@
-// The event queue of both executables: the toolkit's own loop, for programs with and without a display.
+// The event queue of both executables: Qt's own loop, for programs with and without a display.
 #pragma once
 
 #include "platform/event_queue.h"

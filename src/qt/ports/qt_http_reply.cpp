@@ -44,7 +44,7 @@ QNetworkReply::NetworkError ErrorOf(const QNetworkReply& reply) {
 }
 
 // 204 No Content and 304 Not Modified have none, whatever length they tell; that of a redirect is not read to
-// its end. Of a packed body Qt takes the length away, since it is not that of what comes out.
+// its end. Of a compressed body Qt takes the length away, since it is not that of what comes out.
 bool HasBody(int status) {
   return status != 204 && status != 304 && !IsRedirect(status);
 }

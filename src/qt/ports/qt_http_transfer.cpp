@@ -12,7 +12,8 @@
 namespace brelwin {
 namespace {
 
-// Taken in one go; a small packed body may unpack to very many bytes, and the window is to stay alive.
+// Taken in one go; a small compressed body may decompress to very many bytes, and the window is to stay
+// alive.
 constexpr std::uint64_t SliceBytes = std::uint64_t{256} * 1024;
 
 // Between two looks at what the system has received, while Qt tells of nothing.
@@ -78,8 +79,8 @@ void QtHttpTransfer::Listen() {
   look_.start();
 }
 
-// Qt tells of an answer only when its head is complete, and of a packed body only when something has come out
-// of it.
+// Qt tells of an answer only when its head is complete, and of a compressed body only when something has come
+// out of it.
 void QtHttpTransfer::CountReceived() {
   const auto received = ReceivedBytes(remotePort_);
   if (std::exchange(received_, received) != received) ++signs_;

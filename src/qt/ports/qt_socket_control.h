@@ -1,4 +1,4 @@
-// Sockets over the toolkit. The stream never goes through a proxy.
+// Sockets over Qt. The stream never goes through a proxy.
 #pragma once
 
 #include <QObject>

@@ -1,4 +1,4 @@
-// The program's UTF-8 text and the toolkit's own.
+// The program's UTF-8 text and Qt's own.
 #pragma once
 
 #include <QString>

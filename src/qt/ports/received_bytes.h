@@ -1,5 +1,5 @@
 // What the system itself has received for us. The HTTP client tells of an answer only when its head is
-// complete, and of a packed body only when something has come out of it; the system counts every byte.
+// complete, and of a compressed body only when something has come out of it; the system counts every byte.
 #pragma once
 
 #include <cstdint>

@@ -41,8 +41,8 @@ int Run(const std::string& commandLine) {
 int main(int argumentCount, char** arguments) {
   HoldQuitSignals();
   const auto commandLine = CommandLine(argumentCount, arguments);
-  int forToolkit = 1;  // its own options are none of the program's
+  int forQt = 1;  // its own options are none of the program's
   std::unique_ptr<QApplication> application;
-  MakeApplication([&] { application = std::make_unique<QApplication>(forToolkit, arguments); });
+  MakeApplication([&] { application = std::make_unique<QApplication>(forQt, arguments); });
   LeaveProcess(Run(commandLine));
 }

@@ -81,7 +81,7 @@ Watch SpotListView::Follow(SpotListBox& control) {
 }
 
 void SpotListView::TellChoice(const SpotListBox& control) const {
-  // The toolkit marks a line by itself when the list takes the focus or loses the marked one.
+  // Qt marks a line by itself when the list takes the focus or loses the marked one.
   if (refreshing_ || !selectionModel()->isSelected(currentIndex())) return;
   const auto spot = model_.SpotAt(currentIndex().row());
   if (spot && control.Select) control.Select(*spot);

@@ -9,7 +9,7 @@
 namespace brelwin {
 namespace {
 
-QMessageBox::Icon ToolkitIcon(MessageIcon icon) {
+QMessageBox::Icon QtIcon(MessageIcon icon) {
   switch (icon) {
     case MessageIcon::Information: return QMessageBox::Information;
     case MessageIcon::Exclamation: return QMessageBox::Warning;
@@ -46,7 +46,7 @@ QMessageBox* MakeBox(QMessageBox::Icon icon, std::string_view text, std::string_
 }  // namespace
 
 void WindowDialogs::ShowMessage(std::string_view text, std::string_view title, MessageIcon icon) {
-  if (auto* box = MakeBox(ToolkitIcon(icon), text, title, QMessageBox::Ok)) box->open();
+  if (auto* box = MakeBox(QtIcon(icon), text, title, QMessageBox::Ok)) box->open();
 }
 
 void WindowDialogs::Ask(std::string_view question, std::string_view title, std::function<void()> onYes) {
