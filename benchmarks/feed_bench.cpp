@@ -27,7 +27,7 @@ void CountBytes(benchmark::State& state) {
 // From the bytes of the page to the spots of the collection, activators learned included.
 void ReadFeed(benchmark::State& state) {
   const RSSReadRequest request{.Url = {}, .PreviousNewestID = {}, .MaximumAgeInMinutes = OneDayInMinutes};
-  const ReadingMoment moment{.UTCNow = Newest, .Numbers = {}};
+  const ReadingMoment moment{.UTCNow = Newest};
   const auto& feed = Feed();
   for (auto _ : state) {
     CallsignCollection knownActivators;
@@ -43,7 +43,7 @@ void ReadFeed(benchmark::State& state) {
 }
 BENCHMARK(ReadFeed)->Unit(benchmark::kMillisecond);
 
-// The toolkit's XML reader walking the same text and doing nothing else.
+// Qt's XML reader walking the same text and doing nothing else.
 void ReadFeedFloor(benchmark::State& state) {
   const auto bytes = QByteArray::fromStdString(Feed());
   for (auto _ : state) {

@@ -104,10 +104,8 @@ class Stage {
   practice::Site site_;
   RehearsedWeb web_;
   RehearsedStream stream_;
-  brelwin::Host world_{host_.Time,  host_.Queue,   host_.Disk,
-                       web_,        stream_,       host_.Sound,
-                       host_.Shell, host_.Dialogs, brelwin::NumberFormat{},
-                       "/brelwin",  false,         false};
+  brelwin::Host world_{host_.Time,  host_.Queue,   host_.Disk, web_,  stream_, host_.Sound,
+                       host_.Shell, host_.Dialogs, "/brelwin", false, false};
 };
 
 }  // namespace

@@ -115,7 +115,7 @@ TEST(CommandLine, KnowsTheDelayAndNothingElse) {
     float Seconds;
   } cases[] = {{"", 0},       {"delay=15", 15}, {" DELAY= 2.5 ", 2.5F}, {"15", 15},
                {"DELAY=", 0}, {"DELAY=abc", 0}, {"-console", 0},        {"DELAY=1e39", 0}};
-  for (const auto& c : cases) EXPECT_EQ(ReadStartupDelay(c.Text, {}), c.Seconds) << c.Text;
+  for (const auto& c : cases) EXPECT_EQ(ReadStartupDelay(c.Text), c.Seconds) << c.Text;
 }
 
 TEST_F(Story, AnUnreachableFeedIsSaidOnceAndItsReturnToo) {

@@ -53,8 +53,7 @@ std::int32_t ReadAlertsOfService(MainWindow& window, const AlertsPageRequest& re
 
 std::int32_t ReadAlertsPage(MainWindow& window) {
   const TicksGoOn ticks(window);
-  const auto afterWindow =
-      WholeNumber(window.Controls.RBN.txtRBNMaxMinutesAfterAlertTime.Text.Get(), window.World.Numbers);
+  const auto afterWindow = WholeNumber(window.Controls.RBN.txtRBNMaxMinutesAfterAlertTime.Text.Get());
   const bool isByService = SourceInUse(window) == SpotSource::Service;
   const auto& addresses = window.Config.Addresses;
   const AlertsPageRequest request{isByService ? addresses.SotawatchAPI : addresses.SotawatchAlerts,
@@ -81,12 +80,12 @@ bool HasPassed(const std::optional<Instant>& since, double minutes, Instant now)
 }
 
 std::int32_t RefreshInterval(const MainWindow& window) {
-  return WholeNumber(window.Controls.RBN.txtSOTAAlertsRefreshInterval.Text.Get(), window.World.Numbers);
+  return WholeNumber(window.Controls.RBN.txtSOTAAlertsRefreshInterval.Text.Get());
 }
 
 void ArchiveWhenDue(MainWindow& window) {
   const auto& box = window.Controls.RBN.txtSOTAWatchAlertArchivingIntervalInHours;
-  const auto hours = ToSingle(ToDouble(box.Text.Get(), window.World.Numbers));
+  const auto hours = ToSingle(ToDouble(box.Text.Get()));
   const auto now = window.World.Time.Now();
   if (hours <= 0 || !HasPassed(window.LastAlertsArchiveTime, static_cast<double>(hours) * 60, now)) return;
   window.LastAlertsArchiveTime = now;

@@ -64,7 +64,7 @@ void CheckForSpots(MainWindow& window) {
   TrapErrorsSilently([&] {
     tab.lblCheckingForSpots.Visible = true;
     window.World.Events.DoEvents();
-    FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
+    FillFilterFromScreen(window.Controls, window.Config, filter);
   });
   TrapErrorsSilently([&] { TakeSotawatchSpots(window, filter); });
   TakeSlowSteps(window, filter);

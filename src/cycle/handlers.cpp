@@ -130,7 +130,7 @@ void cmdTest_Click(MainWindow& window) {
   SpotCollection newest = window.SpotList;
   newest.Trim(1);
   SpotFilter filter;
-  FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
+  FillFilterFromScreen(window.Controls, window.Config, filter);
   AlertOnNewSpots(window.World, newest, filter, window.SpotList, &window.Config.Test, &window.Controls.Window,
                   true);
 }

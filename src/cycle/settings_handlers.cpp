@@ -19,7 +19,7 @@ void Complain(MainWindow& window, std::string_view text) {
 }
 
 std::int32_t NumberIn(const MainWindow& window, const TextBox& box) {
-  return WholeNumber(box.Text.Get(), window.World.Numbers);
+  return WholeNumber(box.Text.Get());
 }
 
 // Settings that are applied may have switched the stream on.

@@ -17,7 +17,7 @@ namespace {
 
 // The values are read afresh for every check.
 void SendToSotawatch(MainWindow& window, const SpotCollection& heard, Instant heardSince) {
-  const auto values = GatewayValuesFromScreen(window.Controls.Gateway, window.World.Numbers);
+  const auto values = GatewayValuesFromScreen(window.Controls.Gateway);
   std::string message;
   PerformGatewayProcessing(window.SpotGateway, heard, heardSince, values, message);
 }

@@ -65,7 +65,7 @@ void AlertOn(MainWindow& window, const SpotCollection& newSpots, SpotFilter& fil
 
 void Reload(MainWindow& window) {
   SpotFilter filter;
-  FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
+  FillFilterFromScreen(window.Controls, window.Config, filter);
   const auto sinceID = std::exchange(window.TwitterSinceID, {});
   window.Intake.Forget();
   SpotCollection newSpots;

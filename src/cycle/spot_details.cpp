@@ -20,7 +20,7 @@ std::string SpotDetails(const MainWindow& window, const Spot& spot) {
            spot.ModeString + ": " + spot.Comment + " [" + spot.Spotter + "]";
   }
   SpotFilter filter;
-  FillFilterFromScreen(window.Controls, window.Config, window.World.Numbers, filter);
+  FillFilterFromScreen(window.Controls, window.Config, filter);
   return ExplainMatch(spot.stationBaseCallsign, TimeHeard(window, spot), window.Alerts, filter).Text;
 }
 

@@ -9,7 +9,7 @@ namespace brelwin {
 namespace {
 
 std::int32_t MaximumSpotsInList(const MainWindow& window) {
-  return WholeNumber(window.Controls.Spots.txtMaximumSpotsInList.Text.Get(), window.World.Numbers);
+  return WholeNumber(window.Controls.Spots.txtMaximumSpotsInList.Text.Get());
 }
 
 }  // namespace

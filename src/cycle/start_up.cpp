@@ -137,7 +137,7 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   Step(window, [&] { LoadExcludedActivators(window); });
   Step(window, [&] { LoadList(window, "SOTATrustedSpotters.txt", window.TrustedSpotters); });
   Step(window, [&] {
-    window.StartupDelaySeconds = ReadStartupDelay(commandLine, world.Numbers);
+    window.StartupDelaySeconds = ReadStartupDelay(commandLine);
     window.StartupTime = world.Time.Now();
   });
   Step(window, [&] { BeginOrDelay(window); });
@@ -165,8 +165,7 @@ void ShowStartupDelay(MainWindow& window, std::string_view secondsLeft) {
 }
 
 int TimerInterval(const MainWindow& window) {
-  const auto seconds =
-      WholeNumber(window.Controls.Spots.txtSecondsBetweenChecks.Text.Get(), window.World.Numbers);
+  const auto seconds = WholeNumber(window.Controls.Spots.txtSecondsBetweenChecks.Text.Get());
   return seconds >= 1 && seconds <= 64 ? seconds * 1000 : 5000;
 }
 

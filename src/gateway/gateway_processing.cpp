@@ -14,9 +14,9 @@ namespace {
 constexpr std::int32_t LookedAtNothing = 0;
 
 // Without the filter one activator would be posted again and again. True when something had to be corrected.
-bool CorrectDuplicateFilter(RBNTab& rbn, NumberFormat format) {
+bool CorrectDuplicateFilter(RBNTab& rbn) {
   const bool wasOff = !rbn.chkRBNFilterDuplicateSpots.Value;
-  const bool wasTooShort = WholeNumber(rbn.txtDuplicateSpotFilteringPeriod.Text.Get(), format) < 1;
+  const bool wasTooShort = WholeNumber(rbn.txtDuplicateSpotFilteringPeriod.Text.Get()) < 1;
   if (wasOff) rbn.chkRBNFilterDuplicateSpots.Value = true;
   if (wasTooShort) rbn.txtDuplicateSpotFilteringPeriod.Text = "10";
   return wasOff || wasTooShort;
@@ -44,7 +44,7 @@ std::int32_t PerformGatewayProcessing(Gateway& gateway, const SpotCollection& ma
   return LogErrors(gateway.World, "PerformGatewayProcessing", LookedAtNothing, [&] {
     const auto sender = SenderFromScreen(gateway.Tab, gateway.RBN);
     if (!sender.IsSwitchedOn() || !sender.HasLogin() || matchedSpots.Empty()) return LookedAtNothing;
-    if (CorrectDuplicateFilter(gateway.RBN, gateway.World.Numbers)) return LookedAtNothing;
+    if (CorrectDuplicateFilter(gateway.RBN)) return LookedAtNothing;
     const auto usualValues = WithUsualValues(values);
     const PassBeginning beginning{sender.SendsEveryone, heardSince};
     return GatewayRun(gateway, beginning, usualValues, message).ForAll(CopyOf(matchedSpots));

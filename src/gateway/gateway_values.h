@@ -5,7 +5,6 @@
 #include <string>
 
 #include "controls/gateway_tab.h"
-#include "platform/number_format.h"
 
 namespace brelwin {
 
@@ -20,6 +19,6 @@ struct GatewayValues {
 
 // The values of the tab: an age below 1 minute counts as 30, a negative delay as 0, an interval below 5
 // seconds as 5.
-GatewayValues GatewayValuesFromScreen(const GatewayTab& tab, NumberFormat format);
+GatewayValues GatewayValuesFromScreen(const GatewayTab& tab);
 
 }  // namespace brelwin

@@ -7,7 +7,6 @@
 #include "platform/event_queue.h"
 #include "platform/files.h"
 #include "platform/http.h"
-#include "platform/number_format.h"
 #include "platform/shell.h"
 #include "platform/socket_control.h"
 #include "platform/sound.h"
@@ -23,7 +22,6 @@ struct Host {
   SoundPlayer& Sound;
   Shell& Desktop;
   Dialogs& Messages;
-  NumberFormat Numbers;
   std::string ProgramFolder;
 
   bool ShuttingDown = false;     // set once, when the user or the system asks to quit; every wait ends on it

@@ -45,45 +45,44 @@ constexpr std::array<Band, 23> Bands = {{
     {241000, 250000, 250000},
 }};
 
-double WholeMhz(float mhz, NumberFormat format) {
-  if (format.DecimalSign != '.') return 0;
+double WholeMhz(float mhz) {
   return SingleHasDecimals(mhz) ? std::trunc(double{mhz}) : 0;
 }
 
 // Empty without text and for a number that does not fit.
-std::optional<float> ReadFrequency(std::string_view text, float unitsInMhz, NumberFormat format) {
+std::optional<float> ReadFrequency(std::string_view text, float unitsInMhz) {
   if (Trim(text).empty()) return {};
-  const double number = ToDouble(text, format);
+  const double number = ToDouble(text);
   if (std::fabs(number) > static_cast<double>(std::numeric_limits<float>::max())) return {};
   return ToSingle(number) / unitsInMhz;
 }
 
-std::string FormatFrequency(std::string_view text, float unitsInMhz, float& mhz, NumberFormat format) {
-  const auto frequency = ReadFrequency(text, unitsInMhz, format);
+std::string FormatFrequency(std::string_view text, float unitsInMhz, float& mhz) {
+  const auto frequency = ReadFrequency(text, unitsInMhz);
   mhz = frequency.value_or(0.0F);
   return frequency ? FormatSingle(mhz) : std::string();
 }
 
 }  // namespace
 
-double BandFromFrequency(float mhz, NumberFormat format) {
-  const double whole = WholeMhz(mhz, format);
+double BandFromFrequency(float mhz) {
+  const double whole = WholeMhz(mhz);
   for (const auto& band : Bands) {
     if (whole >= band.FromMhz && whole <= band.ToMhz) return band.Edge;
   }
   return whole;
 }
 
-std::string FormatFrequencyKHz(std::string_view text, float& mhz, NumberFormat format) {
-  return FormatFrequency(text, KHzInMhz, mhz, format);
+std::string FormatFrequencyKHz(std::string_view text, float& mhz) {
+  return FormatFrequency(text, KHzInMhz, mhz);
 }
 
-std::string FormatFrequencyMHz(std::string_view text, float& mhz, NumberFormat format) {
-  return FormatFrequency(text, 1, mhz, format);
+std::string FormatFrequencyMHz(std::string_view text, float& mhz) {
+  return FormatFrequency(text, 1, mhz);
 }
 
-float MhzFromKHz(std::string_view text, NumberFormat format) {
-  return ReadFrequency(text, KHzInMhz, format).value_or(0.0F);
+float MhzFromKHz(std::string_view text) {
+  return ReadFrequency(text, KHzInMhz).value_or(0.0F);
 }
 
 std::string DuplicateKey(std::string_view stationBaseCallsign, float mhz) {

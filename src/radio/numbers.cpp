@@ -109,22 +109,13 @@ void AppendDecimals(std::string& text, const Decimal& decimal) {
 
 }  // namespace
 
-std::string NormalizeDecimalText(std::string_view text, NumberFormat format) {
-  std::string result;
-  for (const char c : text) {
-    if (c == ' ') continue;
-    if (format.DecimalSign != ',') {
-      result.push_back(c);
-    } else if (c != '.') {
-      result.push_back(c == ',' ? '.' : c);
-    }
-  }
-  return result;
+std::string NormalizeDecimalText(std::string_view text) {
+  return Without(std::string(Trim(text)), " ");
 }
 
-double ToDouble(std::string_view text, NumberFormat format) {
-  const bool isNormal = format.DecimalSign != ',' && text.find(' ') == std::string_view::npos;
-  const auto normalized = isNormal ? std::string() : NormalizeDecimalText(text, format);
+double ToDouble(std::string_view text) {
+  const bool isNormal = text.find(' ') == std::string_view::npos;
+  const auto normalized = isNormal ? std::string() : NormalizeDecimalText(text);
   std::string_view number = isNormal ? text : normalized;
   if (number.starts_with('+')) {
     number.remove_prefix(1);
@@ -140,10 +131,10 @@ float ToSingle(double value) {
   return fits ? static_cast<float>(value) : 0.0F;
 }
 
-std::int32_t WholeNumber(std::string_view text, NumberFormat format) {
+std::int32_t WholeNumber(std::string_view text) {
   constexpr double Lowest = std::numeric_limits<std::int32_t>::min();
   constexpr double Highest = std::numeric_limits<std::int32_t>::max();
-  return static_cast<std::int32_t>(std::clamp(std::nearbyint(ToDouble(text, format)), Lowest, Highest));
+  return static_cast<std::int32_t>(std::clamp(std::nearbyint(ToDouble(text)), Lowest, Highest));
 }
 
 std::string SingleText(float value) {

@@ -6,24 +6,20 @@
 #include <string>
 #include <string_view>
 
-#include "platform/number_format.h"
-
 namespace brelwin {
 
-// The text trimmed and without blanks, with "." as decimal point. Where the system writes decimals with a
-// comma, every "." is taken for a thousands separator and dropped, then every "," becomes ".": "1.234,5"
-// gives "1234.5", and a value that was written with a point loses it.
-std::string NormalizeDecimalText(std::string_view text, NumberFormat format);
+// The text trimmed and without blanks. The decimal point is ".", whatever the user's locale has.
+std::string NormalizeDecimalText(std::string_view text);
 
 // The leading number of the normalized text; what follows it is ignored. A leading "+" is allowed. 0 when
 // there is no number, when it does not fit, and for "inf" and "nan".
-double ToDouble(std::string_view text, NumberFormat format = {});
+double ToDouble(std::string_view text);
 
 // The value as a single-precision number; 0 when it does not fit.
 float ToSingle(double value);
 
 // The whole number of a box: the leading number of the text, rounded half to even and held within 32 bits.
-std::int32_t WholeNumber(std::string_view text, NumberFormat format = {});
+std::int32_t WholeNumber(std::string_view text);
 
 // The value with at most 7 significant digits, without exponent or trailing zeros: "145.525", "7", "0.135".
 // "0" for a value that is no number.

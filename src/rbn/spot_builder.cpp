@@ -27,10 +27,10 @@ void TakeStations(Spot& spot, SpotLine& line, LineFacts& facts) {
   spot.IsKnownActivator = facts.IsKnownActivator();
 }
 
-void TakeFrequency(Spot& spot, SpotLine& line, LineFacts& facts, NumberFormat format) {
+void TakeFrequency(Spot& spot, SpotLine& line, LineFacts& facts) {
   spot.FrequencyString = line.Field(SpotField::Frequency);
-  spot.FormattedFrequencyString = FormatFrequencyKHz(spot.FrequencyString, spot.FrequencyInMhz, format);
-  spot.BandInMhz = static_cast<float>(BandFromFrequency(spot.FrequencyInMhz, format));
+  spot.FormattedFrequencyString = FormatFrequencyKHz(spot.FrequencyString, spot.FrequencyInMhz);
+  spot.BandInMhz = static_cast<float>(BandFromFrequency(spot.FrequencyInMhz));
   spot.SpotKey = facts.DuplicateKeyText();
 }
 
@@ -46,9 +46,9 @@ void TakeAlert(Spot& spot, const LineFacts& facts) {
   spot.OperatorName = alert->OperatorName;
 }
 
-void TakeSignal(Spot& spot, SpotLine& line, NumberFormat format) {
-  const auto signalToNoise = NumberBefore("dB", line.Field(SpotField::SignalToNoise), format);
-  const auto speed = NumberBefore("WPM", line.Field(SpotField::Speed), format);
+void TakeSignal(Spot& spot, SpotLine& line) {
+  const auto signalToNoise = NumberBefore("dB", line.Field(SpotField::SignalToNoise));
+  const auto speed = NumberBefore("WPM", line.Field(SpotField::Speed));
   spot.ModeString = line.Field(SpotField::Mode);
   spot.mode = ModeCode(spot.ModeString);
   spot.SignalToNoiseRatio = Whole(signalToNoise);
@@ -61,7 +61,7 @@ void TakeSignal(Spot& spot, SpotLine& line, NumberFormat format) {
 
 }  // namespace
 
-SpotPointer BuildRBNSpot(SpotLine& line, LineFacts& facts, const LineReceipt& receipt, NumberFormat format) {
+SpotPointer BuildRBNSpot(SpotLine& line, LineFacts& facts, const LineReceipt& receipt) {
   auto built = std::make_shared<Spot>();
   auto& spot = *built;
   spot.IsRBNSpot = true;
@@ -70,9 +70,9 @@ SpotPointer BuildRBNSpot(SpotLine& line, LineFacts& facts, const LineReceipt& re
   spot.UTCTime = UTCTimeText(line.Field(SpotField::Time));
   spot.Spot = line.Text() + " ---- <" + std::to_string(receipt.PieceNumber) + ">";
   TakeStations(spot, line, facts);
-  TakeFrequency(spot, line, facts, format);
+  TakeFrequency(spot, line, facts);
   TakeAlert(spot, facts);
-  TakeSignal(spot, line, format);
+  TakeSignal(spot, line);
   spot.ID = spot.UTCTime + std::to_string(receipt.RunningNumber) + spot.Station + spot.Spotter;
   return built;
 }

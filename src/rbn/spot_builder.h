@@ -18,6 +18,6 @@ struct LineReceipt {
   DateTime LocalNow;
 };
 
-SpotPointer BuildRBNSpot(SpotLine& line, LineFacts& facts, const LineReceipt& receipt, NumberFormat format);
+SpotPointer BuildRBNSpot(SpotLine& line, LineFacts& facts, const LineReceipt& receipt);
 
 }  // namespace brelwin

@@ -77,8 +77,8 @@ std::string UTCTimeText(std::string_view timeField) {
   return std::string(hours) + ":" + std::string(time.substr(hours.size()));
 }
 
-float NumberBefore(std::string_view unit, std::string_view field, NumberFormat format) {
-  return ToSingle(ToDouble(Trim(Without(std::string(field), unit)), format));
+float NumberBefore(std::string_view unit, std::string_view field) {
+  return ToSingle(ToDouble(Trim(Without(std::string(field), unit))));
 }
 
 bool SaysNothing(std::string_view line) {

@@ -9,8 +9,6 @@
 #include <string>
 #include <string_view>
 
-#include "platform/number_format.h"
-
 namespace brelwin {
 
 // What every line begins with. It is no part of the line's fields.
@@ -55,7 +53,7 @@ std::string SkimmerCallsign(std::string_view skimmerField);
 std::string UTCTimeText(std::string_view timeField);
 
 // The number of a field such as "24 dB" without its unit; 0 when it holds none.
-float NumberBefore(std::string_view unit, std::string_view field, NumberFormat format);
+float NumberBefore(std::string_view unit, std::string_view field);
 
 // Whether the line is empty, or a line start with nothing behind it.
 bool SaysNothing(std::string_view line);

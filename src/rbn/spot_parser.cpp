@@ -118,8 +118,7 @@ void Block::LogMiss(std::int32_t numberOfAlerts) {
 
 void Block::Keep(LineFacts& facts, std::size_t pieceNumber, std::int32_t runningNumber) {
   if (!localNow_) localNow_ = host_.Time.LocalNow();
-  const auto spot =
-      BuildRBNSpot(line_, facts, {runningNumber, pieceNumber, *localNow_}, surroundings_.Numbers);
+  const auto spot = BuildRBNSpot(line_, facts, {runningNumber, pieceNumber, *localNow_});
   AddSpotByID(spot, newSpots_);
   if (remembers_) recentSpots_.Remember(spot->SpotKey, now_);
   LogKept(*spot);
@@ -152,7 +151,7 @@ std::int32_t ParseReverseBeaconSpots(Host& host, std::string_view text, const Sp
   errorText.clear();
   if (!text.starts_with(SpotLineStart)) return -1;
   const auto body = [&] {
-    const LineSurroundings surroundings{knownActivators, alerts, recentSpots, host.Numbers};
+    const LineSurroundings surroundings{knownActivators, alerts, recentSpots};
     Block(host, filter, surroundings, recentSpots, newSpots, unmatched).Take(text, count);
     return -1;
   };

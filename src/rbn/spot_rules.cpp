@@ -36,7 +36,7 @@ std::string_view LineFacts::SpotterBaseCallsign() {
 }
 
 std::string LineFacts::BandText() {
-  return SingleText(static_cast<float>(BandFromFrequency(FrequencyInMhz(), surroundings_.Numbers)));
+  return SingleText(static_cast<float>(BandFromFrequency(FrequencyInMhz())));
 }
 
 const std::string& LineFacts::DuplicateKeyText() {
@@ -45,8 +45,7 @@ const std::string& LineFacts::DuplicateKeyText() {
 }
 
 float LineFacts::FrequencyInMhz() {
-  if (!frequencyInMhz_)
-    frequencyInMhz_ = MhzFromKHz(line_.Field(SpotField::Frequency), surroundings_.Numbers);
+  if (!frequencyInMhz_) frequencyInMhz_ = MhzFromKHz(line_.Field(SpotField::Frequency));
   return *frequencyInMhz_;
 }
 

@@ -6,7 +6,6 @@
 #include <string_view>
 
 #include "alerts/alert_collection.h"
-#include "platform/number_format.h"
 #include "rbn/recent_spots.h"
 #include "rbn/spot_line.h"
 #include "spots/filter_list.h"
@@ -20,7 +19,6 @@ struct LineSurroundings {
   const CallsignCollection& KnownActivators;
   const AlertCollection& Alerts;
   const RecentRBNSpots& RecentSpots;
-  NumberFormat Numbers;
 };
 
 // The facts of one line. Each is found out when it is asked for, so that a line which an early rule drops

@@ -15,8 +15,7 @@ namespace brelwin {
 namespace {
 
 std::int32_t MostMinutesWithoutSpots(const RBNConnection& connection) {
-  return WholeNumber(connection.Controls.txtRBNMaxMinutesSinceLastRawSpotReceived.Text.Get(),
-                     connection.World.Numbers);
+  return WholeNumber(connection.Controls.txtRBNMaxMinutesSinceLastRawSpotReceived.Text.Get());
 }
 
 std::string Describe(Silence silence, std::int32_t mostMinutes) {

@@ -30,10 +30,10 @@ void SetTime(Spot& spot, std::optional<DateTime> utc, const ReadingMoment& momen
   spot.TimeOfSpot = moment.Now - std::chrono::seconds(age);
 }
 
-void SetFrequencyAndMode(Spot& spot, const SpotTitle& title, NumberFormat numbers) {
+void SetFrequencyAndMode(Spot& spot, const SpotTitle& title) {
   spot.FrequencyString = title.Frequency;
-  spot.FormattedFrequencyString = FormatFrequencyMHz(title.Frequency, spot.FrequencyInMhz, numbers);
-  spot.BandInMhz = static_cast<float>(BandFromFrequency(spot.FrequencyInMhz, numbers));
+  spot.FormattedFrequencyString = FormatFrequencyMHz(title.Frequency, spot.FrequencyInMhz);
+  spot.BandInMhz = static_cast<float>(BandFromFrequency(spot.FrequencyInMhz));
   spot.ModeString = UpperCase(title.Mode);
   spot.mode = ModeCode(spot.ModeString);
 }
@@ -58,7 +58,7 @@ void SetSpotter(Spot& spot, std::string_view spotter) {
 }  // namespace
 
 ReadingMoment ReadingMomentOf(const Host& host) {
-  return {UTCNow(host.Time), host.Time.Now(), TimeZoneOffsetInMinutes(host.Time), host.Numbers};
+  return {UTCNow(host.Time), host.Time.Now(), TimeZoneOffsetInMinutes(host.Time)};
 }
 
 MadeSpots SpotMaker::MakeSpots(const FeedItem& item) {
@@ -81,7 +81,7 @@ SpotPointer SpotMaker::MakeFirst(const FeedItem& item, std::string& secondCallsi
   spot->Comment = item.Comment;
   spot->OrderReceived = item.OrderReceived;
   SetTime(*spot, item.UTCDateTime, moment_);
-  SetFrequencyAndMode(*spot, item.Title, moment_.Numbers);
+  SetFrequencyAndMode(*spot, item.Title);
   SetSpotter(*spot, item.Spotter);
   spot->IsSelfSpot = IsSelfSpot(*spot);
   spot->IsKnownActivator = LearnActivator(*spot);

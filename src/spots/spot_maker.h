@@ -20,7 +20,6 @@ struct ReadingMoment {
   DateTime UTCNow;
   Instant Now{};                    // the same moment on the clock that does not jump
   std::int32_t TimeZoneOffset = 0;  // minutes to add to local time to get UTC
-  NumberFormat Numbers;
 };
 
 ReadingMoment ReadingMomentOf(const Host& host);

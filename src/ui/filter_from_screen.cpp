@@ -38,24 +38,23 @@ void FillSkimmerLists(const RBNTab& tab, SpotFilter& filter) {
   filter.RBNSpotterExclude = tab.txtRBNFilterSpotterExclude.Text;
 }
 
-void FillSkimmerRules(const RBNTab& tab, NumberFormat format, SpotFilter& filter) {
+void FillSkimmerRules(const RBNTab& tab, SpotFilter& filter) {
   filter.FilterKnownActivators = tab.chkRBNFilterKnownActivators.Value;
   filter.FilterSotawatchMatchingAlert = tab.chkRBNFilterSotawatchMatchingAlert.Value;
   filter.FilterDuplicateSpots = tab.chkRBNFilterDuplicateSpots.Value;
-  filter.DuplicateSpotFilteringPeriod = ToDouble(tab.txtDuplicateSpotFilteringPeriod.Text.Get(), format);
-  filter.MaxMinutesBeforeAlertTime = WholeNumber(tab.txtRBNMaxMinutesBeforeAlertTime.Text.Get(), format);
-  filter.MaxMinutesAfterAlertTime = WholeNumber(tab.txtRBNMaxMinutesAfterAlertTime.Text.Get(), format);
+  filter.DuplicateSpotFilteringPeriod = ToDouble(tab.txtDuplicateSpotFilteringPeriod.Text.Get());
+  filter.MaxMinutesBeforeAlertTime = WholeNumber(tab.txtRBNMaxMinutesBeforeAlertTime.Text.Get());
+  filter.MaxMinutesAfterAlertTime = WholeNumber(tab.txtRBNMaxMinutesAfterAlertTime.Text.Get());
 }
 
 }  // namespace
 
-void FillFilterFromScreen(const Screen& screen, const Configuration& configuration, NumberFormat format,
-                          SpotFilter& filter) {
+void FillFilterFromScreen(const Screen& screen, const Configuration& configuration, SpotFilter& filter) {
   FillLists(screen.Filters, filter);
   FillAlerting(screen.Filters, filter);
   FillOutputs(screen, filter);
   FillSkimmerLists(screen.RBN, filter);
-  FillSkimmerRules(screen.RBN, format, filter);
+  FillSkimmerRules(screen.RBN, filter);
   filter.IncludeAllSpotTypes = configuration.RBNShowAllSpottedTypes;
 }
 

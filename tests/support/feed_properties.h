@@ -15,8 +15,7 @@
 
 namespace brelwin::test {
 
-inline const ReadingMoment Noon{*DateTimeFromCalendar({2026, 11, 24, 12, 0, 0}), Instant{}, 0,
-                                NumberFormat()};
+inline const ReadingMoment Noon{*DateTimeFromCalendar({2026, 11, 24, 12, 0, 0}), Instant{}, 0};
 
 inline FeedReadResult ReadFeed(std::string_view text, SpotCollection& spots) {
   FeedReadResult result;

@@ -41,12 +41,12 @@ inline bool NumberTextReadsBack(std::uint32_t bits) {
   const auto text = SingleText(value);
   if (std::fabs(value) < 1e-30F || std::fabs(value) > 1e30F) return !text.empty();
   return !std::isfinite(value) ||
-         (SingleText(ToSingle(ToDouble(text))) == text && NormalizeDecimalText(text, NumberFormat()) == text);
+         (SingleText(ToSingle(ToDouble(text))) == text && NormalizeDecimalText(text) == text);
 }
 
 // Whatever the text, a box's number is within its bounds and reading it twice makes no difference.
 inline bool NumberIsReadFromAnyText(std::string_view text) {
-  const auto normalized = NormalizeDecimalText(text, NumberFormat());
+  const auto normalized = NormalizeDecimalText(text);
   return std::isfinite(ToDouble(text)) && ToDouble(normalized) == ToDouble(text) &&
          WholeNumber(normalized) == WholeNumber(text);
 }
