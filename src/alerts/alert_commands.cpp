@@ -14,6 +14,7 @@
 #include "alerts/withdrawal.h"
 #include "base/text.h"
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "core/trap.h"
 #include "radio/callsign.h"
 #include "radio/dates.h"
@@ -89,7 +90,7 @@ class AlertCommands::Batch {
  private:
   void ReportAdditions() const {
     if (!hasAdded_ || !scene_.LogAlertsAfterSelfSpots) return;
-    const auto name = "SOTAAlertsAfterSelfSpots_" + CompactMinutesText(host_.Time.LocalNow()) + ".txt";
+    const auto name = std::string(AlertsAfterSelfSpotsStem) + CompactMinutesText(host_.Time.LocalNow()) + ".txt";
     WriteAlertsReport(host_, InProgramFolder(host_, name), scene_.Alerts);
   }
 

@@ -7,6 +7,7 @@
 #include "base/encoding.h"
 #include "base/text.h"
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "platform/profile_text.h"
 #include "radio/numbers.h"
 
@@ -77,7 +78,7 @@ std::int32_t MinutesOfHours(float hours) {
 
 DurationOverrides DurationOverrides::Load(const Host& host) {
   DurationOverrides overrides;
-  const auto text = host.Disk.Read(InProgramFolder(host, "SOTAAlertDurationOverrides.ini")).value_or("");
+  const auto text = host.Disk.Read(InProgramFolder(host, AlertDurationOverridesFile)).value_or("");
   for (const auto& section : SplitProfile(text)) {
     const AlertWindow window{ReadMinutes(section, "MaxMinutesBeforeAlertTime"),
                              ReadMinutes(section, "MaxMinutesAfterAlertTime")};

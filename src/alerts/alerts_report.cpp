@@ -3,6 +3,7 @@
 #include "base/encoding.h"
 #include "base/text.h"
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "core/trap.h"
 
 namespace brelwin {
@@ -54,7 +55,7 @@ std::string AlertsReportText(const AlertCollection& alerts) {
 bool WriteAlertsReport(Host& host, std::string_view path, const AlertCollection& alerts) {
   return TrapErrors(
       [&] {
-        const auto file = path.empty() ? InProgramFolder(host, "SOTAAlerts.txt") : std::string(path);
+        const auto file = path.empty() ? InProgramFolder(host, AlertsFile) : std::string(path);
         return host.Disk.Write(file, AlertsReportText(alerts), FileAccess::Everyone).Done();
       },
       false, [](const RuntimeError&) {});

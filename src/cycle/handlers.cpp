@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "core/program_path.h"
 #include "core/trap.h"
 #include "cycle/check_cycle.h"
@@ -74,20 +75,19 @@ void ConnectLogViewer(MainWindow& window, Button& button, const TextBox& path) {
 
 void ConnectViewers(MainWindow& window) {
   auto& screen = window.Controls;
-  ConnectViewer(window, screen.RBN.cmdViewKnownActivators, "SOTAActivators.txt");
-  ConnectViewer(window, screen.RBN.cmdViewAlerts, "SOTAAlerts.txt");
-  ConnectViewer(window, screen.Gateway.cmdViewGatewaySpotLog, "GatewaySpotLog.txt");
-  ConnectViewer(window, screen.Gateway.cmdViewGatewayServerResponseLog, "GatewayServerResponseLog.txt");
-  ConnectViewer(window, screen.Gateway.cmdViewExcludedActivators, "SOTAExcludedActivators.txt");
-  ConnectViewer(window, screen.Files.cmdViewEventLog, "BrelwinEventLog.txt");
-  ConnectViewer(window, screen.Files.cmdViewRawSpots, "RawSpots.txt");
-  ConnectViewer(window, screen.Files.cmdViewSpotsRSS, "SotawatchSpotsRSS.txt");
-  ConnectViewer(window, screen.Files.cmdViewTrustedSpotters, "SOTATrustedSpotters.txt");
+  ConnectViewer(window, screen.RBN.cmdViewKnownActivators, KnownActivatorsFile);
+  ConnectViewer(window, screen.RBN.cmdViewAlerts, AlertsFile);
+  ConnectViewer(window, screen.Gateway.cmdViewGatewaySpotLog, GatewaySpotLogFile);
+  ConnectViewer(window, screen.Gateway.cmdViewGatewayServerResponseLog, GatewayServerResponseLogFile);
+  ConnectViewer(window, screen.Gateway.cmdViewExcludedActivators, ExcludedActivatorsFile);
+  ConnectViewer(window, screen.Files.cmdViewEventLog, EventLogFile);
+  ConnectViewer(window, screen.Files.cmdViewRawSpots, RawSpotsFile);
+  ConnectViewer(window, screen.Files.cmdViewSpotsRSS, FeedCopyFile);
+  ConnectViewer(window, screen.Files.cmdViewTrustedSpotters, TrustedSpottersFile);
   ConnectLogViewer(window, screen.Logs.cmdViewLogFile1, screen.Logs.txtLogFile1);
   ConnectLogViewer(window, screen.Logs.cmdViewLogFile2, screen.Logs.txtLogFile2);
-  screen.About.cmdViewUserGuide.Click = Handler(window, [&window] {
-    OpenDocument(window.World, InProgramFolder(window.World, "Brelwin_InstallationAndUserGuide.pdf"));
-  });
+  screen.About.cmdViewUserGuide.Click = Handler(
+      window, [&window] { OpenDocument(window.World, InProgramFolder(window.World, UserGuideFile)); });
 }
 
 // The summit's page when the spot has a summit, else the operator's.

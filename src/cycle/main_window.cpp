@@ -3,6 +3,7 @@
 #include <random>
 
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "cycle/check_cycle.h"
 #include "cycle/entry.h"
 
@@ -23,7 +24,7 @@ MainWindow::MainWindow(Host& host)
     : World(host),
       SpotsService(host, ChanceOf(host)),
       AlertsService(host, ChanceOf(host), DuringTransfer::OthersMayStart),
-      Commands(host, CommandMemory(host, InProgramFolder(host, "Brelwin.INI"),
+      Commands(host, CommandMemory(host, InProgramFolder(host, SettingsIniFile),
                                    [this] { return SettingsFile.PrepareFile(); })),
       TickDriver(host.Time, host.Events, Controls.tmrCheckSpots,
                  [this] { Enter(*this, [this] { tmrCheckSpots_Timer(*this); }); }) {

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "core/callsign_list.h"
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "core/trap.h"
 #include "core/version.h"
 #include "cycle/captions.h"
@@ -48,7 +49,7 @@ void LogLaunch(MainWindow& window) {
 void ShowWhatThereIs(MainWindow& window) {
   auto& screen = window.Controls;
   screen.About.cmdViewUserGuide.Visible =
-      FileExists(window.World, InProgramFolder(window.World, "Brelwin_InstallationAndUserGuide.pdf"));
+      FileExists(window.World, InProgramFolder(window.World, UserGuideFile));
   screen.Spots.cmdTest.Visible = window.Config.TestButton;
   screen.Spots.cmdTest.Enabled = window.Config.TestButton;
   screen.Spots.lblSpotListHeader.Caption = SpotListHeader();
@@ -85,13 +86,13 @@ void LoadList(MainWindow& window, std::string_view fileName, CallsignCollection&
 void LoadExcludedActivators(MainWindow& window) {
   CallsignCollection entries;
   std::string errorText;
-  const auto path = InProgramFolder(window.World, "SOTAExcludedActivators.txt");
+  const auto path = InProgramFolder(window.World, ExcludedActivatorsFile);
   LoadCallsignList(window.World, path, false, false, entries, errorText);
   for (const auto& entry : entries) ExcludeActivator(window.ExcludedActivators, entry.Item);
 }
 
 void LoadWebsites(MainWindow& window) {
-  window.Websites = ReadWebsites(window.World, InProgramFolder(window.World, "SOTAWebsites.INI"));
+  window.Websites = ReadWebsites(window.World, InProgramFolder(window.World, WebsitesFile));
   std::vector<std::string> names;
   names.reserve(window.Websites.size());
   for (const auto& website : window.Websites) names.push_back(website.Name);
@@ -121,7 +122,7 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   window.Controls.Window.Hourglass = true;
   Step(window, [&] { LogLaunch(window); });
   Step(window, [&] {
-    window.SettingsFile.LoadSettings(InProgramFolder(world, "Brelwin.INI"), passwordFromEnvironment);
+    window.SettingsFile.LoadSettings(InProgramFolder(world, SettingsIniFile), passwordFromEnvironment);
     window.RBN.RBNCallsign = Trim(window.Controls.RBN.txtRBNCallsign.Text.Get());
   });
   Step(window, [&] { window.CheckInterval = TimerInterval(window); });
@@ -133,9 +134,9 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   Step(window, [&] { ShowTitles(window); });
   Step(window, [&] { ShowWindow(window); });
   Step(window, [&] { LoadWebsites(window); });
-  Step(window, [&] { LoadList(window, "SOTAActivators.txt", window.KnownActivators); });
+  Step(window, [&] { LoadList(window, KnownActivatorsFile, window.KnownActivators); });
   Step(window, [&] { LoadExcludedActivators(window); });
-  Step(window, [&] { LoadList(window, "SOTATrustedSpotters.txt", window.TrustedSpotters); });
+  Step(window, [&] { LoadList(window, TrustedSpottersFile, window.TrustedSpotters); });
   Step(window, [&] {
     window.StartupDelaySeconds = ReadStartupDelay(commandLine);
     window.StartupTime = world.Time.Now();

@@ -3,6 +3,7 @@
 #include <memory>
 
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "spots/spot_log.h"
 
 namespace brelwin {
@@ -26,7 +27,7 @@ std::string DashLine(std::size_t dashes) {
 void WriteGatewayLogEntry(Host& host, std::initializer_list<GatewayLogSpot> spots) {
   SpotCollection entry;
   for (const auto& spot : spots) entry.Add(WithLogLines(spot), {});
-  WriteSpotsToLogFile(host, entry, InProgramFolder(host, "GatewaySpotLog.txt"), TextLogFormat);
+  WriteSpotsToLogFile(host, entry, InProgramFolder(host, GatewaySpotLogFile), TextLogFormat);
 }
 
 }  // namespace brelwin

@@ -5,6 +5,7 @@
 #include "base/text.h"
 #include "core/data_files.h"
 #include "core/event_log.h"
+#include "core/file_names.h"
 #include "core/trap.h"
 #include "gateway/gateway_log.h"
 #include "gateway/spotlite_answer.h"
@@ -46,7 +47,7 @@ void LogAnswer(Host& host, const TransferState& state) {
   const auto text =
       DateTimeText(host.Time.LocalNow()) + "\r\n" + state.LastPostedData + "\r\n" + state.LastResponseText;
   std::string errorText;
-  AppendToFile(host, InProgramFolder(host, "GatewayServerResponseLog.txt"), text, true, errorText,
+  AppendToFile(host, InProgramFolder(host, GatewayServerResponseLogFile), text, true, errorText,
                FileAccess::OwnerOnly);
   if (!errorText.empty())
     LogEvent(host, "SendSpotToSotawatch - The server's answer was not logged: " + errorText);
