@@ -7,10 +7,10 @@
 namespace brelwin {
 namespace {
 
-bool IsControl(char32_t c) {
+bool BreaksALine(char32_t c) {
   constexpr char32_t LineSeparator = 0x2028;
   constexpr char32_t ParagraphSeparator = 0x2029;
-  return c < 0x20 || (c >= 0x7F && c < 0xA0) || c == LineSeparator || c == ParagraphSeparator;
+  return IsControlCharacter(c) || c == LineSeparator || c == ParagraphSeparator;
 }
 
 // Appends at most `count` characters and returns how many there were.
@@ -19,12 +19,20 @@ std::size_t AppendCharacters(std::string& line, std::string_view text, std::size
   for (; appended < count && !text.empty(); ++appended) {
     if (text.starts_with("\r\n")) text.remove_prefix(1);
     const auto c = TakeCodePoint(text);
-    AppendCodePoint(line, IsControl(c) ? U' ' : c);
+    AppendCodePoint(line, BreaksALine(c) ? U' ' : c);
   }
   return appended;
 }
 
 }  // namespace
+
+bool IsControlCharacter(char32_t codePoint) {
+  return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
+}
+
+bool IsControlByte(char byte) {
+  return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
+}
 
 bool IsPlainText(std::string_view text) {
   constexpr unsigned char LastOffset = '~' - ' ';

@@ -7,12 +7,16 @@
 
 namespace brelwin {
 
+// Control characters of ASCII and Latin-1; and those of ASCII alone, for bytes of UTF-8.
+bool IsControlCharacter(char32_t codePoint);
+bool IsControlByte(char byte);
+
 // Whether the text is printable ASCII throughout: then characters are bytes, and none needs a look of its
 // own.
 bool IsPlainText(std::string_view text);
 
 // Appends the first `shown` characters of the text, padded on the right with blanks to `width` characters,
-// which is not less. Control characters become blanks.
+// which is not less. Control characters, and the line ends of Unicode, become blanks.
 void AppendPadded(std::string& line, std::string_view text, std::size_t shown, std::size_t width);
 
 // Appends the first `width` characters of the text, padded on the left with blanks.

@@ -4,18 +4,11 @@
 #include <ranges>
 #include <utility>
 
+#include "base/line_text.h"
 #include "base/text.h"
 #include "spots/spot_text.h"
 
 namespace brelwin {
-namespace {
-
-bool IsControl(char byte) {
-  return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
-}
-
-}  // namespace
-
 SpotPrinter::SpotPrinter(Screen& screen, PrintLine print) : screen_(screen), print_(std::move(print)) {
   PrintLines(screen_.Spots.lblSpotListHeader.Caption.Get());
   FollowCaption(screen_.Spots.lblSpotListHeader);
@@ -86,7 +79,7 @@ void SpotPrinter::PrintLines(std::string_view text) const {
 
 void SpotPrinter::Print(std::string_view line) const {
   std::string printable(line);
-  std::replace_if(printable.begin(), printable.end(), IsControl, ' ');
+  std::replace_if(printable.begin(), printable.end(), IsControlByte, ' ');
   print_(printable);
 }
 

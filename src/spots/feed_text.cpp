@@ -4,17 +4,10 @@
 
 #include "base/encoding.h"
 #include "base/entities.h"
+#include "base/line_text.h"
 
 namespace brelwin {
 namespace {
-
-bool IsControl(char32_t codePoint) {
-  return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
-}
-
-bool IsControlByte(char c) {
-  return static_cast<unsigned char>(c) < 0x20 || c == 0x7F;
-}
 
 bool IsWhiteSpace(char c) {
   return c == ' ' || c == '\t' || c == '\r' || c == '\n';
@@ -33,7 +26,7 @@ void TakeSpecial(std::string& text, std::string_view& rest) {
   if (c == '\n' || c == '\r') return TakeLineEnd(text, rest);
   const auto entity = c == '&' ? EntityAt(rest) : std::nullopt;
   if (entity) {
-    AppendCodePoint(text, IsControl(entity->CodePoint) ? U' ' : entity->CodePoint);
+    AppendCodePoint(text, IsControlCharacter(entity->CodePoint) ? U' ' : entity->CodePoint);
   } else {
     text.push_back(c == '&' ? c : ' ');
   }
