@@ -64,11 +64,10 @@ void SetTime(SOTAAlert& alert, std::string_view text) {
   constexpr std::int64_t SecondsPerDay = 86400;
   alert.UTCAlertTimeStr = text;
   const auto time = ReadDateTime(text);
-  const auto midnight = *DateTimeFromCalendar({1899, 12, 30, 0, 0, 0});
-  if (!time || std::abs(time->Seconds - midnight.Seconds) >= 2 * SecondsPerDay) return;
+  const auto seconds = time ? time->Seconds - DayZero().Seconds : 2 * SecondsPerDay;
+  if (std::abs(seconds) >= 2 * SecondsPerDay) return;
   alert.UTCAlertTime = time;
-  if (alert.UTCAlertDate)
-    alert.UTCAlertDateAndTime = AddSeconds(*alert.UTCAlertDate, time->Seconds - midnight.Seconds);
+  if (alert.UTCAlertDate) alert.UTCAlertDateAndTime = AddSeconds(*alert.UTCAlertDate, seconds);
 }
 
 void SetSummit(SOTAAlert& alert, std::string_view raw) {

@@ -21,9 +21,9 @@ std::string DateText(DateTime date) {
 }
 
 // The time of day in the form that a time without a date is read in.
-std::optional<DateTime> TimeOfDay(DateTime time) {
+DateTime TimeOfDay(DateTime time) {
   const auto parts = CalendarFromDateTime(time);
-  return DateTimeFromCalendar({1899, 12, 30, parts.Hour, parts.Minute, parts.Second});
+  return AddSeconds(DayZero(), (parts.Hour * 60 + parts.Minute) * 60 + parts.Second);
 }
 
 DateTime Midnight(DateTime time) {

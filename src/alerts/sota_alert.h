@@ -36,7 +36,7 @@ struct SOTAAlert {
   std::optional<DateTime> UTCAlertDate;         // midnight of the day
   std::optional<DateTime> UTCAlertDateAndTime;  // empty: the alert never matches a spot
   std::string UTCAlertTimeStr;                  // as announced
-  std::optional<DateTime> UTCAlertTime;         // the time of day, on 30 December 1899
+  std::optional<DateTime> UTCAlertTime;         // the time of day, on day zero
 };
 
 // Alerts are not changed once they are in a collection, so whoever holds one may keep it.

@@ -10,8 +10,7 @@
 namespace brelwin {
 namespace {
 
-// What a time without a date falls on: day zero of the dates that older files hold.
-constexpr CalendarTime DayZero{1899, 12, 30, 0, 0, 0};
+constexpr std::int64_t SecondsOfDay = 86400;
 
 struct DateParts {
   std::optional<int> Year;
@@ -112,9 +111,8 @@ std::optional<DateTime> DateTimeOf(const DateParts& parts) {
   const bool noDate = !parts.Year && !parts.Month && !parts.Day;
   if (noDate && !parts.SecondOfDay) return {};
   if (parts.ZoneMinutes && !parts.SecondOfDay) return {};
-  CalendarTime calendar = DayZero;
-  if (!noDate) calendar = {parts.Year.value_or(0), parts.Month.value_or(0), parts.Day.value_or(0), 0, 0, 0};
-  const auto midnight = DateTimeFromCalendar(calendar);
+  const CalendarTime day{parts.Year.value_or(0), parts.Month.value_or(0), parts.Day.value_or(0), 0, 0, 0};
+  const auto midnight = noDate ? DayZero() : DateTimeFromCalendar(day);
   if (!midnight) return {};
   const auto time = AddSeconds(*midnight, parts.SecondOfDay.value_or(0));
   if (parts.ZoneMinutes.value_or(0) == 0) return time;
@@ -139,9 +137,13 @@ std::optional<DateTime> ReadDateTime(std::string_view text) {
   return DateTimeOf(parts);
 }
 
+// It is day zero of the dates that older files hold.
+DateTime DayZero() {
+  return {-25569 * SecondsOfDay};
+}
+
 bool IsTimeAlone(DateTime time) {
-  const auto zero = DateTimeFromCalendar(DayZero);
-  return zero && time >= *zero && time < AddSeconds(*zero, std::int64_t{24} * 3600);
+  return time >= DayZero() && time < AddSeconds(DayZero(), SecondsOfDay);
 }
 
 bool IsDateNotNumber(std::string_view text) {

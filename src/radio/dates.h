@@ -18,7 +18,10 @@ namespace brelwin {
 // "UTC", "GMT", "Z"): it is then converted to UTC. Empty for anything else; no plain number is a date.
 std::optional<DateTime> ReadDateTime(std::string_view text);
 
-// Whether what was read is a time without a date: it falls on day zero, 30 December 1899.
+// Midnight of day zero, 30 December 1899, on which a time without a date falls.
+DateTime DayZero();
+
+// Whether what was read is a time without a date: it falls on day zero.
 bool IsTimeAlone(DateTime time);
 
 // Whether the text is a date or a time and not a plain number.
