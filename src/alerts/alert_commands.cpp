@@ -90,7 +90,8 @@ class AlertCommands::Batch {
  private:
   void ReportAdditions() const {
     if (!hasAdded_ || !scene_.LogAlertsAfterSelfSpots) return;
-    const auto name = std::string(AlertsAfterSelfSpotsStem) + CompactMinutesText(host_.Time.LocalNow()) + ".txt";
+    const auto name =
+        std::string(AlertsAfterSelfSpotsStem) + CompactMinutesText(host_.Time.LocalNow()) + ".txt";
     WriteAlertsReport(host_, InProgramFolder(host_, name), scene_.Alerts);
   }
 

@@ -3,15 +3,13 @@
 #include "base/text.h"
 #include "core/event_log.h"
 #include "core/internet_transfer.h"
+#include "core/status_codes.h"
 #include "core/trap.h"
 
 namespace brelwin {
 namespace {
 
 constexpr std::string_view Procedure = "GetAlertsFromSotawatchHTMLPage";
-constexpr std::int32_t Success = -1;
-constexpr std::int32_t NothingRead = 0;
-constexpr std::int32_t NotFetched = -100;
 
 void LogMessage(Host& host, std::string_view message) {
   LogEvent(host, std::string(Procedure).append(" - ").append(message));
@@ -41,7 +39,7 @@ std::int32_t TakePage(Host& host, std::string_view text, std::size_t bodyLength,
   };
   const auto page = TakeAnnouncedAlerts(host, read, request, alerts, knownActivators);
   if (!page.HasDays) errorText = "The page holds no day of alerts";
-  return Success;
+  return StatusDone;
 }
 
 }  // namespace
@@ -54,13 +52,13 @@ std::int32_t GetAlertsFromSotawatchHTMLPage(Host& host, const AlertsPageRequest&
   const auto page = transfer.OpenURL(request.Url);
   if (!transfer.LastStatus()) {
     errorText = transfer.LastErrorMessage();
-    return NotFetched;
+    return StatusNoConnection;
   }
-  if (host.ShuttingDown) return NothingRead;  // what came before the end is no whole page
+  if (host.ShuttingDown) return StatusNothingDone;  // what came before the end is no whole page
   if (!transfer.LastTransportError().empty() && !IsWhole(page)) {  // the alerts behind the break are unknown
     errorText = "The page broke off: " + transfer.LastTransportError();
     LogMessage(host, errorText);
-    return NothingRead;
+    return StatusNothingDone;
   }
   return TakeAlertsFromPage(host, page, transfer.LastBodyLength(), request, alerts, knownActivators,
                             errorText);
@@ -73,12 +71,12 @@ std::int32_t TakeAlertsFromPage(Host& host, std::string_view page, std::size_t b
   if (page.empty()) {
     LogMessage(host, "Attempted to download Alert HTML from Sotawatch but ZERO bytes received.");
     errorText = "The page came empty";
-    return NothingRead;
+    return StatusNothingDone;
   }
-  const auto result = LogErrors(host, Procedure, NothingRead, [&] {
+  const auto result = LogErrors(host, Procedure, StatusNothingDone, [&] {
     return TakePage(host, page, bodyLength, request, alerts, knownActivators, errorText);
   });
-  if (result == NothingRead) errorText = "An error ended the reading";
+  if (result == StatusNothingDone) errorText = "An error ended the reading";
   return result;
 }
 

@@ -5,15 +5,13 @@
 
 #include "alerts/service_alert_rows.h"
 #include "core/event_log.h"
+#include "core/status_codes.h"
 #include "core/trap.h"
 #include "radio/web_address.h"
 
 namespace brelwin {
 namespace {
 
-constexpr std::int32_t Success = -1;
-constexpr std::int32_t NothingRead = 0;
-constexpr std::int32_t NotFetched = -100;
 constexpr std::int32_t MostHours = 24 * 365;
 constexpr std::string_view Procedure = "GetAlertsFromJSONService";
 constexpr std::string_view EpochPath = "alerts/epoch";
@@ -35,7 +33,7 @@ std::string WhatIsWrong(const ServiceAlertsSummary& summary) {
 
 std::int32_t ServiceAlerts::Refresh(const AlertsPageRequest& request, AlertCollection& alerts,
                                     CallsignCollection& knownActivators, std::string& errorText) {
-  last_ = LogErrors(host_, Procedure, Outcome{NothingRead, "An error ended the reading"},
+  last_ = LogErrors(host_, Procedure, Outcome{StatusNothingDone, "An error ended the reading"},
                     [&] { return Ask(request, alerts, knownActivators); });
   errorText = last_.ErrorText;
   return last_.Result;
@@ -57,8 +55,8 @@ ServiceAlerts::Outcome ServiceAlerts::Ask(const AlertsPageRequest& request, Aler
   }
   const auto service = "the JSON service at " + HostOfAddress(request.Url);
   NoteGone(isGone, service + (isGone ? ": " + wrong : ""));
-  if (wrong.empty()) return {Success, {}};
-  return {answer.WasReached ? NothingRead : NotFetched, service + ": " + wrong};
+  if (wrong.empty()) return {StatusDone, {}};
+  return {answer.WasReached ? StatusNothingDone : StatusNoConnection, service + ": " + wrong};
 }
 
 // A row that cannot be read is told once for as long as it is listed.

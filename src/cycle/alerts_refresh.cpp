@@ -6,15 +6,13 @@
 #include "alerts/alerts_page.h"
 #include "alerts/alerts_report.h"
 #include "core/data_files.h"
+#include "core/status_codes.h"
 #include "cycle/spots_source.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
 
 namespace brelwin {
 namespace {
-
-constexpr std::int32_t Success = -1;
-constexpr std::int32_t NotFetched = -100;
 
 void NoteFailure(MainWindow& window, const std::string& errorText) {
   auto& failure = window.AlertsNotRead;
@@ -48,7 +46,7 @@ std::int32_t ReadAlertsOfService(MainWindow& window, const AlertsPageRequest& re
   if (obstacle == ServiceObstacle::None)
     return window.AnnouncedByService.Refresh(request, window.Alerts, window.KnownActivators, errorText);
   errorText = ObstacleInWords(obstacle, request.Url);
-  return NotFetched;
+  return StatusNoConnection;
 }
 
 std::int32_t ReadAlertsPage(MainWindow& window) {
@@ -62,9 +60,9 @@ std::int32_t ReadAlertsPage(MainWindow& window) {
   const auto result = isByService ? ReadAlertsOfService(window, request, errorText)
                                   : GetAlertsFromSotawatchHTMLPage(window.World, request, window.Alerts,
                                                                    window.KnownActivators, errorText);
-  if (result == Success) window.AlertsSource = isByService ? "the JSON service" : "the alerts page";
+  if (result == StatusDone) window.AlertsSource = isByService ? "the JSON service" : "the alerts page";
   NoteFailure(window, errorText);
-  if (result == Success) window.Controls.Spots.lblNoSotawatchConnection.Visible = false;
+  if (result == StatusDone) window.Controls.Spots.lblNoSotawatchConnection.Visible = false;
   return result;
 }
 
@@ -89,7 +87,8 @@ void ArchiveWhenDue(MainWindow& window) {
   const auto now = window.World.Time.Now();
   if (hours <= 0 || !HasPassed(window.LastAlertsArchiveTime, static_cast<double>(hours) * 60, now)) return;
   window.LastAlertsArchiveTime = now;
-  const auto name = "SOTAAlerts_" + CompactMinutesText(window.World.Time.LocalNow()) + ".txt";
+  const auto name =
+      std::string(AlertsArchiveStem) + CompactMinutesText(window.World.Time.LocalNow()) + ".txt";
   WriteAlertsReport(window.World, InProgramFolder(window.World, name), window.Alerts);
 }
 
@@ -98,7 +97,7 @@ void ArchiveWhenDue(MainWindow& window) {
 void RefreshAlertsWhenDue(MainWindow& window, const SpotFilter& filter) {
   if (window.World.ShuttingDown) return;
   if (!HasPassed(window.LastAlertsRefreshTime, RefreshInterval(window), window.World.Time.Now())) return;
-  const bool succeeded = ReadAlertsPage(window) == Success;
+  const bool succeeded = ReadAlertsPage(window) == StatusDone;
   if (window.World.ShuttingDown && !succeeded) return;  // the page was not read: the reports stay as they are
   window.Controls.Spots.lblNoSotawatchConnection.Visible =
       !succeeded && window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value;
@@ -115,7 +114,7 @@ void ReadAlertsForCommands(MainWindow& window, const SpotFilter& filter) {
   auto& last = window.LastReadingForCommands;
   if (!HasPassed(last, RefreshInterval(window), window.World.Time.Now())) return;
   last = window.World.Time.Now();
-  if (ReadAlertsPage(window) == Success) window.Commands.CarryOutWaiting(SceneOf(window, filter));
+  if (ReadAlertsPage(window) == StatusDone) window.Commands.CarryOutWaiting(SceneOf(window, filter));
 }
 
 void CarryOutAlertCommands(MainWindow& window, const SpotCollection& newSpots, const SpotFilter& filter) {

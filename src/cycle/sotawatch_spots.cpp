@@ -1,5 +1,6 @@
 #include "cycle/sotawatch_spots.h"
 
+#include "core/status_codes.h"
 #include "core/trap.h"
 #include "cycle/alerts_refresh.h"
 #include "cycle/source_status.h"
@@ -16,8 +17,6 @@ namespace {
 
 // Independent of any setting: the duplicate checks of later steps rely on it.
 constexpr std::int32_t MaximumRecentSotawatchSpots = 200;
-constexpr std::int32_t Success = -1;
-constexpr std::int32_t NoConnection = -100;
 
 void NoteFeedState(MainWindow& window, const SpotCollection& newSpots) {
   auto& state = window.Sotawatch;
@@ -30,8 +29,8 @@ void NoteFeedState(MainWindow& window, const SpotCollection& newSpots) {
 
 void ShowTwitterConnection(MainWindow& window, std::int32_t result) {
   auto& label = window.Controls.Spots.lblNoConnectionToTwitter;
-  if (result == Success) label.Visible = false;
-  if (result == NoConnection) label.Visible = true;
+  if (result == StatusDone) label.Visible = false;
+  if (result == StatusNoConnection) label.Visible = true;
 }
 
 std::int32_t ReadFeed(MainWindow& window, const SpotFilter& filter, SpotCollection& newSpots) {
@@ -51,7 +50,7 @@ std::int32_t ReadFeed(MainWindow& window, const SpotFilter& filter, SpotCollecti
     ShowTwitterConnection(window, result);
   }
   NoteFeedState(window, newSpots);
-  if (result == Success || !newSpots.Empty()) window.Sotawatch.WasRead = true;
+  if (result == StatusDone || !newSpots.Empty()) window.Sotawatch.WasRead = true;
   CarryOutAlertCommands(window, newSpots, filter);
   return result;
 }
@@ -71,7 +70,7 @@ void Reload(MainWindow& window) {
   SpotCollection newSpots;
   const auto result = ReadFeed(window, filter, newSpots);
   if (window.World.ShuttingDown) return;
-  if (result != Success) {
+  if (result != StatusDone) {
     window.TwitterSinceID = sinceID;
     DisplaySpotList(window, window.SpotList);
     return;

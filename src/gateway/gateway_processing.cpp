@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "core/status_codes.h"
 #include "core/trap.h"
 #include "gateway/gateway_facts.h"
 #include "gateway/gateway_run.h"
@@ -10,8 +11,6 @@
 
 namespace brelwin {
 namespace {
-
-constexpr std::int32_t LookedAtNothing = 0;
 
 // Without the filter one activator would be posted again and again. True when something had to be corrected.
 bool CorrectDuplicateFilter(RBNTab& rbn) {
@@ -41,10 +40,10 @@ std::int32_t PerformGatewayProcessing(Gateway& gateway, const SpotCollection& ma
                                       Instant heardSince, const GatewayValues& values, std::string& message) {
   message.clear();
   gateway.TooOld.clear();
-  return LogErrors(gateway.World, "PerformGatewayProcessing", LookedAtNothing, [&] {
+  return LogErrors(gateway.World, "PerformGatewayProcessing", StatusNothingDone, [&] {
     const auto sender = SenderFromScreen(gateway.Tab, gateway.RBN);
-    if (!sender.IsSwitchedOn() || !sender.HasLogin() || matchedSpots.Empty()) return LookedAtNothing;
-    if (CorrectDuplicateFilter(gateway.RBN)) return LookedAtNothing;
+    if (!sender.IsSwitchedOn() || !sender.HasLogin() || matchedSpots.Empty()) return StatusNothingDone;
+    if (CorrectDuplicateFilter(gateway.RBN)) return StatusNothingDone;
     const auto usualValues = WithUsualValues(values);
     const PassBeginning beginning{sender.SendsEveryone, heardSince};
     return GatewayRun(gateway, beginning, usualValues, message).ForAll(CopyOf(matchedSpots));

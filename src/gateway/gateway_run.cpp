@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "core/status_codes.h"
 #include "core/wave_file.h"
 #include "gateway/fresh_feed.h"
 #include "gateway/gateway_reports.h"
@@ -15,9 +16,6 @@
 namespace brelwin {
 namespace {
 
-constexpr std::int32_t PassedThrough = -1;
-constexpr std::int32_t GaveUpWaiting = -200;
-
 bool IsRefusedByADuplicate(GatewayReason reason) {
   return reason == GatewayReason::DuplicateInCurrentSpots || reason == GatewayReason::DuplicateInFeed ||
          reason == GatewayReason::NearFrequencyInFeed;
@@ -26,7 +24,7 @@ bool IsRefusedByADuplicate(GatewayReason reason) {
 }  // namespace
 
 std::int32_t GatewayRun::ForAll(const std::vector<SpotPointer>& spots) {
-  std::int32_t result = PassedThrough;
+  std::int32_t result = StatusDone;
   for (const auto& spot : spots) {
     if (const auto end = ForOne(spot)) {
       result = *end;
@@ -79,7 +77,7 @@ GatewayRun::End GatewayRun::Refuse(const Spot& spot, const GatewayVerdict& verdi
   ReportRefusal(gateway_.World, spot, verdict.Reason, search, values_);
   Note(spot, RefusalInWords(verdict.Reason, facts, search));
   if (verdict.Reason == GatewayReason::StoodStill) gateway_.TooOld.push_back(spot.SpotKey);
-  if (verdict.Decision == GatewayDecision::Abort) return PassedThrough;
+  if (verdict.Decision == GatewayDecision::Abort) return StatusDone;
   const bool isByInterval = verdict.Reason == GatewayReason::SentTooRecently;
   if (isByInterval || (IsRefusedByADuplicate(verdict.Reason) && IsSentTooRecently(facts)))
     ReportInterval(gateway_.World, facts);
@@ -94,7 +92,7 @@ GatewayRun::End GatewayRun::Send(const SpotPointer& spot) {
   } else {
     Post(spot, sender);
   }
-  return IsEnding() ? End(PassedThrough) : End();
+  return IsEnding() ? End(StatusDone) : End();
 }
 
 GatewayRun::End GatewayRun::WaitForSendInProgress(const Spot& spot) {
@@ -108,7 +106,7 @@ GatewayRun::End GatewayRun::WaitForSendInProgress(const Spot& spot) {
   if (result == WaitResult::TimedOut) {
     LogGatewayEvent(host, "Timed out waiting for gateway send in progress to complete");
     Note(spot, "not sent: another submission did not end");
-    return GaveUpWaiting;
+    return StatusTimedOut;
   }
   LogGatewayEvent(host, "The gateway send that was in progress has now completed.");
   return {};
@@ -117,7 +115,7 @@ GatewayRun::End GatewayRun::WaitForSendInProgress(const Spot& spot) {
 GatewayRun::End GatewayRun::EndedByQuitting(const Spot& spot) {
   if (!IsEnding()) return {};
   Note(spot, "not sent: the program is ending");
-  return PassedThrough;
+  return StatusDone;
 }
 
 bool GatewayRun::IsEnding() {

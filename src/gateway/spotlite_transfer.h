@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "core/status_codes.h"
 #include "gateway/http_control.h"
 #include "platform/host.h"
 
@@ -14,8 +15,8 @@ namespace brelwin {
 
 // Values of TransferStatus.
 inline constexpr std::int32_t TransferPending = 0;
-inline constexpr std::int32_t TransferCompleted = -1;
-inline constexpr std::int32_t TransferTimedOut = -200;
+inline constexpr std::int32_t TransferCompleted = StatusDone;
+inline constexpr std::int32_t TransferTimedOut = StatusTimedOut;
 inline constexpr std::int32_t TransferHandlerFailed = -400;
 inline constexpr std::int32_t TransferHeldBack = -500;  // nothing of the form has left
 inline constexpr std::int32_t TransferFailed = -1000;

@@ -4,18 +4,18 @@
 #include <cstdint>
 #include <string>
 
+#include "core/status_codes.h"
+
 namespace brelwin {
 
-// Never sent: nothing can have been taken. -100 is known to readers of old logs and never given.
-inline constexpr std::int32_t StatusNothingDone = 0;
-inline constexpr std::int32_t StatusNoConnection = -100;
+// Never sent: nothing can have been taken, as with StatusNothingDone. StatusNoConnection is known to readers
+// of old logs and never given.
 inline constexpr std::int32_t StatusInvalidData = -500;  // wrong until the spot or the settings change
 
 // Taken.
-inline constexpr std::int32_t StatusAccepted = -1;
+inline constexpr std::int32_t StatusAccepted = StatusDone;
 
-// May have been taken: nobody knows until the feed shows it.
-inline constexpr std::int32_t StatusTimedOut = -200;
+// May have been taken, as with StatusTimedOut: nobody knows until the feed shows it.
 inline constexpr std::int32_t StatusUnrecognisedAnswer = -400;
 inline constexpr std::int32_t StatusProtocolError = -1000;
 inline constexpr std::int32_t StatusHandlerError = -1100;

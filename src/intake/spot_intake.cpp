@@ -6,6 +6,7 @@
 
 #include "core/event_log.h"
 #include "core/fetch_mark.h"
+#include "core/status_codes.h"
 #include "core/trap.h"
 #include "intake/delivered_spots.h"
 #include "platform/wait.h"
@@ -18,14 +19,11 @@
 namespace brelwin {
 namespace {
 
-constexpr std::int32_t Success = -1;
-constexpr std::int32_t NothingDone = 0;
-constexpr std::int32_t NoConnection = -100;
 constexpr std::int64_t MaximumAgeInMinutes = std::int64_t{24} * 60;
 
 std::int32_t CodeOf(FeedEnd end) {
-  if (end == FeedEnd::NotOpened) return NoConnection;
-  return IsFailure(end) ? NothingDone : Success;
+  if (end == FeedEnd::NotOpened) return StatusNoConnection;
+  return IsFailure(end) ? StatusNothingDone : StatusDone;
 }
 
 std::string SkippedText(const SkippedItem& item) {
@@ -160,9 +158,9 @@ std::int32_t SpotIntake::GetSotawatchSpots(SpotSource source, const URLTemplates
                                            std::string& errorText) {
   errorText.clear();
   auto& state = *state_;
-  if (state.World.FetchInProgress) return NothingDone;
+  if (state.World.FetchInProgress) return StatusNothingDone;
 
-  const auto code = LogErrors(state.World, "GetSotawatchSpots", NothingDone, [&] {
+  const auto code = LogErrors(state.World, "GetSotawatchSpots", StatusNothingDone, [&] {
     SpotCollection read;
     const auto result = state.ReadFeed(source, addresses, twitterSinceID, knownActivators, read);
     if (state.World.ShuttingDown) return NothingDone;
@@ -170,13 +168,13 @@ std::int32_t SpotIntake::GetSotawatchSpots(SpotSource source, const URLTemplates
     state.LogSkippedItems(result);
     errorText = result.ErrorText;
     const auto readCode = CodeOf(result.End);
-    if (readCode != Success && state.BeforeForget) return readCode;
+    if (readCode != StatusDone && state.BeforeForget) return readCode;
     state.Deliver(source, read, trustedSpotters, newSpots);
-    if (readCode == Success && !result.NewestID.empty())
+    if (readCode == StatusDone && !result.NewestID.empty())
       (source == SpotSource::RSS ? state.Remembered.NewestID : twitterSinceID) = result.NewestID;
     return readCode;
   });
-  state.EndForgetting(source, code == Success);
+  state.EndForgetting(source, code == StatusDone);
   return code;
 }
 

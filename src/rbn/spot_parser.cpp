@@ -6,6 +6,7 @@
 #include "alerts/alert_window.h"
 #include "alerts/matching.h"
 #include "base/text.h"
+#include "core/status_codes.h"
 #include "core/trap.h"
 #include "radio/dates.h"
 #include "rbn/spot_builder.h"
@@ -149,11 +150,11 @@ std::int32_t ParseReverseBeaconSpots(Host& host, std::string_view text, const Sp
                                      std::vector<std::string>* unmatched) {
   count = 0;
   errorText.clear();
-  if (!text.starts_with(SpotLineStart)) return -1;
+  if (!text.starts_with(SpotLineStart)) return StatusDone;
   const auto body = [&] {
     const LineSurroundings surroundings{knownActivators, alerts, recentSpots};
     Block(host, filter, surroundings, recentSpots, newSpots, unmatched).Take(text, count);
-    return -1;
+    return StatusDone;
   };
   return TrapErrors(body, 0, [&](const RuntimeError& error) {
     errorText = error.Description;

@@ -5,6 +5,7 @@
 
 #include "base/text.h"
 #include "core/event_log.h"
+#include "core/status_codes.h"
 #include "radio/numbers.h"
 #include "rbn/open_connection.h"
 #include "rbn/spot_line.h"
@@ -101,7 +102,7 @@ bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
       ParseReverseBeaconSpots(connection.World, FromFirstSpotLine(text), filter, knownActivators, alerts,
                               recentSpots, newSpots, spotLines, errorText, &unmatched);
   WatchStream(connection, spotLines);
-  return result == -1 && !newSpots.Empty();
+  return result == StatusDone && !newSpots.Empty();
 }
 
 void chkReverseBeaconSpotsEnabled_Click(RBNConnection& connection) {

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "core/status_codes.h"
 #include "core/trap.h"
 #include "radio/callsign.h"
 #include "radio/numbers.h"
@@ -77,10 +78,10 @@ SpotCollection SpotsThatPass(const SpotFilter& filter, const SpotCollection& spo
 std::int32_t SpotFilter::GetFilteredSpots(Host& host, const SpotCollection& spots,
                                           SpotCollection& filtered) const {
   if (&spots != &filtered) filtered.Clear();
-  if (spots.Empty()) return 0;
+  if (spots.Empty()) return StatusNothingDone;
   return LogErrors(host, "GetFilteredSpots", 0, [&] {
     filtered = SpotsThatPass(*this, spots);
-    return -1;
+    return StatusDone;
   });
 }
 

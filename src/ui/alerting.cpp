@@ -1,6 +1,7 @@
 #include "ui/alerting.h"
 
 #include "base/text.h"
+#include "core/status_codes.h"
 #include "core/trap.h"
 #include "core/wave_file.h"
 #include "ui/sound_choice.h"
@@ -12,8 +13,9 @@ namespace {
 const SpotCollection& Candidates(Host& host, const SpotCollection& newSpots, SpotFilter& filter) {
   if (!filter.FilterAlertSounds) return newSpots;
   filter.NoSpotSourceFiltering = false;
-  return filter.GetFilteredSpots(host, newSpots, filter.colFilteredSpots) == -1 ? filter.colFilteredSpots
-                                                                                : newSpots;
+  return filter.GetFilteredSpots(host, newSpots, filter.colFilteredSpots) == StatusDone
+             ? filter.colFilteredSpots
+             : newSpots;
 }
 
 bool AnyTestSwitchOn(const TestSettings* test) {

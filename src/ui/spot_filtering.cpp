@@ -1,7 +1,9 @@
 #include "ui/spot_filtering.h"
 
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "core/program_path.h"
+#include "core/status_codes.h"
 #include "core/trap.h"
 #include "spots/spot_log.h"
 
@@ -28,8 +30,8 @@ void MarkHiddenSpots(const SpotCollection& spots, const SpotCollection& displaye
 // The filtered spots where some output wants them. When the filter fails every spot passes.
 const SpotCollection& FilteredSpots(Host& host, SpotFilter& filter, const SpotCollection& spots) {
   if (!filter.FilterSpotDisplay && !filter.FilterLog1 && !filter.FilterLog2) return spots;
-  return filter.GetFilteredSpots(host, spots, filter.colFilteredSpots) == -1 ? filter.colFilteredSpots
-                                                                             : spots;
+  return filter.GetFilteredSpots(host, spots, filter.colFilteredSpots) == StatusDone ? filter.colFilteredSpots
+                                                                                     : spots;
 }
 
 void FilterAndLog(Host& host, const LogsTab& logs, bool logRawSpots, SpotFilter& filter,
@@ -39,7 +41,7 @@ void FilterAndLog(Host& host, const LogsTab& logs, bool logRawSpots, SpotFilter&
            filter.FilterLog1 ? filtered : spots);
   WriteLog(host, {logs.chkEnableLogging2, logs.txtLogFile2, logs.optLogFormat2},
            filter.FilterLog2 ? filtered : spots);
-  if (logRawSpots) WriteSpotsToLogFile(host, spots, InProgramFolder(host, "RawSpots.txt"), RawLogFormat);
+  if (logRawSpots) WriteSpotsToLogFile(host, spots, InProgramFolder(host, RawSpotsFile), RawLogFormat);
   MarkHiddenSpots(spots, filter.FilterSpotDisplay ? filtered : spots);
   if (filter.FilterSpotDisplay) spots = SpotCollection(filtered);
 }
@@ -49,10 +51,10 @@ void FilterAndLog(Host& host, const LogsTab& logs, bool logRawSpots, SpotFilter&
 std::int32_t PerformDisplayFilteringAndSpotLogging(Host& host, const LogsTab& logs, bool logRawSpots,
                                                    SpotFilter& filter, SpotCollection& spots) {
   filter.NoSpotSourceFiltering = true;
-  if (spots.Empty()) return -1;
+  if (spots.Empty()) return StatusDone;
   return LogErrors(host, "PerformDisplayFilteringAndSpotLogging", 0, [&] {
     FilterAndLog(host, logs, logRawSpots, filter, spots);
-    return -1;
+    return StatusDone;
   });
 }
 
