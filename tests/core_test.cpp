@@ -58,7 +58,7 @@ TEST(DataFiles, LoadsCallsignListsAsTheyAreWrittenByHand) {
   EXPECT_TRUE(
       host.EventLog().ends_with(": LoadCallsignList Error, Number=5 Error=/list could not be read\r\n"));
   const auto before = host.Disk.Text("/list");
-  EXPECT_FALSE(AppendCallsigns(host.World, "/list", {"D4D"}));
+  EXPECT_FALSE(AppendLines(host.World, "/list", {"D4D"}));
   EXPECT_EQ(host.Disk.Text("/list"), before);
 }
 

@@ -4,11 +4,10 @@
 #include "alerts/alert_window.h"
 #include "alerts/modifications.h"
 #include "alerts/withdrawal.h"
-#include "base/encoding.h"
-#include "core/data_files.h"
 #include "core/event_log.h"
 #include "radio/callsign.h"
 #include "radio/dates.h"
+#include "spots/known_activators.h"
 
 namespace brelwin {
 namespace {
@@ -78,14 +77,10 @@ class Scrape {
 };
 
 void LearnActivators(Host& host, const CallsignCollection& stations, CallsignCollection& knownActivators) {
-  constexpr std::size_t ShortestCallsign = 3;
   std::vector<std::string> learned;
-  for (const auto& [key, station] : stations) {
-    if (CharacterCount(station) >= ShortestCallsign && knownActivators.Add(station, station))
-      learned.push_back(station);
-  }
-  const auto list = InProgramFolder(host, "SOTAActivators.txt");
-  if (FileExists(host, list)) AppendCallsigns(host, list, learned);
+  for (const auto& [key, station] : stations)
+    LearnActivator(station, ShortestAnnouncedCallsign, knownActivators, learned);
+  SaveLearnedActivators(host, learned, MissingList::StaysMissing);
 }
 
 }  // namespace

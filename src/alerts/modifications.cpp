@@ -5,6 +5,7 @@
 #include "base/encoding.h"
 #include "base/text.h"
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "core/trap.h"
 
 namespace brelwin {
@@ -15,7 +16,7 @@ constexpr std::size_t PrefixLength = 5;  // the command and the delimiter
 constexpr std::int64_t DeletionLifeInMinutes = 24 * 60;
 
 std::string PathOrDefault(const Host& host, std::string_view path) {
-  return path.empty() ? InProgramFolder(host, "SOTAAlertModifications.txt") : std::string(path);
+  return path.empty() ? InProgramFolder(host, AlertModificationsFile) : std::string(path);
 }
 
 ModificationCommand CommandOf(std::string_view line) {
@@ -50,17 +51,7 @@ std::string ModificationLine(ModificationCommand command, const SOTAAlert& alert
 }
 
 bool AppendModifications(Host& host, std::string_view path, const std::vector<std::string>& lines) {
-  if (lines.empty()) return true;
-  const auto append = [&] {
-    const auto file = PathOrDefault(host, path);
-    const auto before = host.Disk.Read(file);
-    if (!before && host.Disk.Exists(file)) return false;
-    auto text = before.value_or("");
-    if (!text.empty() && !text.ends_with('\n')) text.append(LineEnd);
-    for (const auto& line : lines) text.append(line).append(LineEnd);
-    return host.Disk.Write(file, text, FileAccess::Everyone).Done();
-  };
-  return TrapErrors(append, false, [](const RuntimeError&) {});
+  return AppendLines(host, PathOrDefault(host, path), lines);
 }
 
 Modifications Modifications::Load(Host& host, std::string_view path, DateTime utcNow,

@@ -59,15 +59,15 @@ bool AppendToFile(Host& host, std::string_view fileName, std::string_view text, 
   return TrapErrors(write, false, [&](const RuntimeError& error) { errorText = error.Description; });
 }
 
-bool AppendCallsigns(Host& host, std::string_view filePath, const std::vector<std::string>& callsigns) {
-  if (callsigns.empty()) return true;
+bool AppendLines(Host& host, std::string_view filePath, const std::vector<std::string>& lines) {
+  if (lines.empty()) return true;
   const auto append = [&] {
-    const auto text = host.Disk.Read(filePath);
-    if (!text && host.Disk.Exists(filePath)) return false;
-    auto lines = text.value_or("");
-    if (!lines.empty() && !lines.ends_with('\n')) lines.append(LineEnd);
-    for (const auto& callsign : callsigns) lines.append(callsign).append(LineEnd);
-    return host.Disk.Write(filePath, lines, FileAccess::Everyone).Done();
+    const auto before = host.Disk.Read(filePath);
+    if (!before && host.Disk.Exists(filePath)) return false;
+    auto text = before.value_or("");
+    if (!text.empty() && !text.ends_with('\n')) text.append(LineEnd);
+    for (const auto& line : lines) text.append(line).append(LineEnd);
+    return host.Disk.Write(filePath, text, FileAccess::Everyone).Done();
   };
   return TrapErrors(append, false, [](const RuntimeError&) {});
 }

@@ -33,10 +33,10 @@ std::int32_t GetFileLength(const Host& host, std::string_view fileName);
 bool AppendToFile(Host& host, std::string_view fileName, std::string_view text, bool append,
                   std::string& errorText, FileAccess access = FileAccess::Everyone);
 
-// Adds the callsigns as lines at the end of the list file, creating it when there is none; an unfinished last
-// line is finished first, and the user's own lines stay as they are. The file is replaced as a whole, so that
-// no crash leaves a torn line. True when they were written.
-bool AppendCallsigns(Host& host, std::string_view filePath, const std::vector<std::string>& callsigns);
+// Adds the lines at the end of the file, creating it when there is none; an unfinished last line is finished
+// first, and what is there stays as it is. The file is replaced as a whole, so that no crash leaves a torn
+// line. True when they are there, also when there is nothing to add; an error is not logged.
+bool AppendLines(Host& host, std::string_view filePath, const std::vector<std::string>& lines);
 
 // Shows a text file in the system's text viewer.
 void ViewTextFile(Host& host, std::string_view filePath);

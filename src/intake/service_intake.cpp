@@ -9,6 +9,7 @@
 #include "radio/dates.h"
 #include "radio/frequency.h"
 #include "radio/web_address.h"
+#include "spots/known_activators.h"
 #include "spots/service_feed_text.h"
 #include "spots/spot_collections.h"
 
@@ -62,7 +63,7 @@ FeedReadResult ServiceIntake::Read(std::string_view root, CallsignCollection& kn
   last_.ErrorText = result.ErrorText;
   last_.StatusText = result.StatusText;
   AddAll(wantsAll ? listing_.All() : added, spots);
-  SaveLearnedActivators(host_, result);
+  SaveLearnedActivators(host_, result.LearnedActivators, MissingList::IsCreated);
   return result;
 }
 

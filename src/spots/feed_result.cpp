@@ -1,15 +1,12 @@
 #include "spots/feed_result.h"
 
 #include "base/encoding.h"
-#include "core/data_files.h"
-#include "core/event_log.h"
 
 namespace brelwin {
 namespace {
 
 constexpr std::size_t MostSkippedItems = 20;
 constexpr std::size_t LongestSkippedText = 100;
-constexpr std::string_view ActivatorsFile = "SOTAActivators.txt";
 
 std::string WithReason(const std::string& text, const std::string& reason) {
   return reason.empty() ? text : text + ": " + reason;
@@ -46,11 +43,6 @@ void NoteSkippedItem(FeedReadResult& result, std::string_view itemText, std::str
 
 void NoteBrokenItem(FeedReadResult& result, std::string_view itemText) {
   Note(result, {std::string(FirstCharacters(itemText, LongestSkippedText)), {}, true});
-}
-
-void SaveLearnedActivators(Host& host, const FeedReadResult& result) {
-  if (AppendCallsigns(host, InProgramFolder(host, ActivatorsFile), result.LearnedActivators)) return;
-  LogEvent(host, "SaveLearnedActivators - " + std::string(ActivatorsFile) + " could not be written");
 }
 
 void DescribeAnswer(const InternetTransfer& transfer, std::string_view service, FeedReadResult& result) {

@@ -52,9 +52,6 @@ void NoteSkippedItem(FeedReadResult& result, std::string_view itemText, std::str
 // The same for an item that cannot be read.
 void NoteBrokenItem(FeedReadResult& result, std::string_view itemText);
 
-// Adds the learned activators to the list file of the known ones; what cannot be written is logged.
-void SaveLearnedActivators(Host& host, const FeedReadResult& result);
-
 // Fills in the error and status texts from how the page was answered and how far the read came. `service` is
 // the name that the status line shows.
 void DescribeAnswer(const InternetTransfer& transfer, std::string_view service, FeedReadResult& result);

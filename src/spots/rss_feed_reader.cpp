@@ -2,18 +2,19 @@
 
 #include "core/data_files.h"
 #include "core/fetch_mark.h"
+#include "core/file_names.h"
 #include "core/trap.h"
 #include "platform/wait.h"
+#include "spots/known_activators.h"
 
 namespace brelwin {
 namespace {
 
-constexpr std::string_view FeedCopy = "SotawatchSpotsRSS.txt";
-
 // The copy is for the user's eyes; the reading does not depend on it.
 void KeepCopy(Host& host, const std::string& text) {
   if (text.empty()) return;
-  TrapErrorsSilently([&] { host.Disk.Write(InProgramFolder(host, FeedCopy), text, FileAccess::Everyone); });
+  TrapErrorsSilently(
+      [&] { host.Disk.Write(InProgramFolder(host, FeedCopyFile), text, FileAccess::Everyone); });
 }
 
 }  // namespace
@@ -33,7 +34,7 @@ FeedReadResult ReadSotawatchRSS(Host& host, const RSSReadRequest& request,
     return true;
   });
   DescribeAnswer(transfer, "Sotawatch", result);
-  SaveLearnedActivators(host, result);
+  SaveLearnedActivators(host, result.LearnedActivators, MissingList::IsCreated);
   return result;
 }
 

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/trap.h"
+#include "spots/known_activators.h"
 #include "spots/service_feed_text.h"
 
 namespace brelwin {
@@ -37,7 +38,7 @@ std::vector<SpotPointer> ReadServiceBeside(Host& host, ServiceClient& client, st
     }
     return true;
   });
-  SaveLearnedActivators(host, result);
+  SaveLearnedActivators(host, result.LearnedActivators, MissingList::IsCreated);
   return spots;
 }
 

@@ -8,12 +8,10 @@
 #include "radio/dates.h"
 #include "radio/frequency.h"
 #include "radio/mode.h"
-#include "spots/spot_collections.h"
+#include "spots/known_activators.h"
 
 namespace brelwin {
 namespace {
-
-constexpr std::size_t ShortestLearnedCallsign = 2;
 
 // A spot that the gateway posted under the activator's own callsign is not the activator's own.
 bool IsSelfSpot(const Spot& spot) {
@@ -84,7 +82,7 @@ SpotPointer SpotMaker::MakeFirst(const FeedItem& item, std::string& secondCallsi
   SetFrequencyAndMode(*spot, item.Title);
   SetSpotter(*spot, item.Spotter);
   spot->IsSelfSpot = IsSelfSpot(*spot);
-  spot->IsKnownActivator = LearnActivator(*spot);
+  spot->IsKnownActivator = WasKnown(*spot);
   spot->ID = item.ID.empty() ? Identity(*spot) : std::string(item.ID);
   return spot;
 }
@@ -96,20 +94,16 @@ SpotPointer SpotMaker::MakeSecond(const Spot& first, const std::string& callsign
   spot->stationBaseCallsign = callsign;
   spot->HiddenFromDisplay = false;
   spot->IsSelfSpot = IsSelfSpot(*spot);
-  spot->IsKnownActivator = LearnActivator(*spot);
+  spot->IsKnownActivator = WasKnown(*spot);
   spot->SpotKey = first.ID;
   spot->ID = Identity(*spot);
   return spot;
 }
 
-// Whether the activator was known before.
-bool SpotMaker::LearnActivator(const Spot& spot) {
-  const auto& baseCallsign = spot.stationBaseCallsign;
-  if (ExistsInCollection(knownActivators_, baseCallsign)) return true;
-  if (spot.Kind != SpotKind::Test && baseCallsign.size() >= ShortestLearnedCallsign &&
-      AddToCollection(baseCallsign, baseCallsign, knownActivators_))
-    learnedActivators_.push_back(baseCallsign);
-  return false;
+bool SpotMaker::WasKnown(const Spot& spot) {
+  if (spot.Kind == SpotKind::Test) return knownActivators_.Contains(spot.stationBaseCallsign);
+  return LearnActivator(spot.stationBaseCallsign, ShortestSpottedCallsign, knownActivators_,
+                        learnedActivators_);
 }
 
 std::string SpotMaker::Identity(const Spot& spot) const {

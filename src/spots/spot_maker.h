@@ -55,7 +55,7 @@ class SpotMaker {
   MadeSpots MakeSpots(const FeedItem& item);
 
  private:
-  bool LearnActivator(const Spot& spot);
+  bool WasKnown(const Spot& spot);  // else the activator is learned
   SpotPointer MakeFirst(const FeedItem& item, std::string& secondCallsign);
   SpotPointer MakeSecond(const Spot& first, const std::string& callsign);
   std::string Identity(const Spot& spot) const;

@@ -8,6 +8,7 @@
 #include "radio/dates.h"
 #include "radio/url_encode.h"
 #include "spots/feed_text.h"
+#include "spots/known_activators.h"
 #include "spots/spot_collections.h"
 #include "spots/spot_title.h"
 #include "spots/twitter_answer.h"
@@ -86,7 +87,7 @@ FeedReadResult ReadTwitterSpots(Host& host, const TwitterReadRequest& request,
     return true;
   });
   DescribeAnswer(transfer, "Twitter", result);
-  SaveLearnedActivators(host, result);
+  SaveLearnedActivators(host, result.LearnedActivators, MissingList::IsCreated);
   return result;
 }
 
