@@ -7,6 +7,7 @@
 #include "base/encoding.h"
 #include "base/text.h"
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "core/ini_utilities.h"
 #include "radio/dates.h"
 #include "spots/spot_collections.h"
@@ -52,7 +53,7 @@ CommandMemory::CommandMemory(Host& host, std::string settingsPath, std::function
     : host_(host),
       settingsPath_(std::move(settingsPath)),
       prepareSettingsFile_(std::move(prepareSettingsFile)),
-      undatedFile_(host, "SOTAAlertCommandsUndated.txt") {}
+      undatedFile_(host, UndatedCommandsFile) {}
 
 void CommandMemory::LoadOnce() {
   if (std::exchange(isLoaded_, true)) return;

@@ -4,17 +4,17 @@
 #include <utility>
 
 #include "core/event_log.h"
+#include "core/file_names.h"
 #include "radio/dates.h"
 
 namespace brelwin {
 namespace {
 
-constexpr std::string_view FileName = "SOTAAlertCommandsWaiting.txt";
 constexpr std::int64_t LifeInMinutes = 24 * 60;
 
 }  // namespace
 
-WaitingCommands::WaitingCommands(Host& host) : host_(host), file_(host, FileName) {}
+WaitingCommands::WaitingCommands(Host& host) : host_(host), file_(host, WaitingCommandsFile) {}
 
 void WaitingCommands::LoadOnce() {
   if (std::exchange(isLoaded_, true)) return;
@@ -23,7 +23,8 @@ void WaitingCommands::LoadOnce() {
     if (SetDelimitedData(command, line) && command.UTCAlertDateAndTime) {
       commands_.Add(command, DelimitedData(command));
     } else {
-      LogEvent(host_, std::string(FileName) + " - A line that is no command was not kept: " + line);
+      LogEvent(host_,
+               std::string(WaitingCommandsFile) + " - A line that is no command was not kept: " + line);
     }
   }
 }
@@ -46,7 +47,8 @@ void WaitingCommands::DropOld() {
   }
   for (const auto& data : old) {
     commands_.Remove(data);
-    LogEvent(host_, std::string(FileName) + " - A command that is a day old was not kept: " + data);
+    LogEvent(host_,
+             std::string(WaitingCommandsFile) + " - A command that is a day old was not kept: " + data);
   }
 }
 

@@ -21,11 +21,14 @@ inline constexpr std::string_view AlertsArchiveStem = "SOTAAlerts_";
 inline constexpr std::string_view AlertsAfterSelfSpotsStem = "SOTAAlertsAfterSelfSpots_";
 inline constexpr std::string_view AlertModificationsFile = "SOTAAlertModifications.txt";
 inline constexpr std::string_view AlertDurationOverridesFile = "SOTAAlertDurationOverrides.ini";
+inline constexpr std::string_view WaitingCommandsFile = "SOTAAlertCommandsWaiting.txt";
+inline constexpr std::string_view UndatedCommandsFile = "SOTAAlertCommandsUndated.txt";
 
 // Spots as they came and as they were sent.
 inline constexpr std::string_view FeedCopyFile = "SotawatchSpotsRSS.txt";
 inline constexpr std::string_view RawSpotsFile = "RawSpots.txt";
 inline constexpr std::string_view GatewaySpotLogFile = "GatewaySpotLog.txt";
+inline constexpr std::string_view GatewayPostedSpotsFile = "GatewayPostedSpots.txt";
 inline constexpr std::string_view GatewayServerResponseLogFile = "GatewayServerResponseLog.txt";
 
 }  // namespace brelwin

@@ -6,6 +6,7 @@
 
 #include "base/text.h"
 #include "core/event_log.h"
+#include "core/file_names.h"
 #include "core/trap.h"
 #include "gateway/duplicate_search.h"
 #include "radio/dates.h"
@@ -14,7 +15,6 @@
 namespace brelwin {
 namespace {
 
-constexpr std::string_view FileName = "GatewayPostedSpots.txt";
 constexpr std::string_view Delimiter = "|";
 constexpr std::int64_t RememberedMinutes = 24 * 60;
 constexpr std::int64_t NearInHertz = 1000;
@@ -27,7 +27,7 @@ std::string LettersOf(std::string_view comment) {
 
 }  // namespace
 
-PostedSpots::PostedSpots(Host& host) : host_(host), file_(host, FileName) {}
+PostedSpots::PostedSpots(Host& host) : host_(host), file_(host, GatewayPostedSpotsFile) {}
 
 void PostedSpots::LoadOnce() {
   if (std::exchange(isLoaded_, true)) return;
@@ -38,7 +38,8 @@ void PostedSpots::LoadOnce() {
       posts_.push_back(
           {*time, std::string(fields[1]), ToSingle(ToDouble(fields[2])), std::string(fields[3])});
     } else {
-      LogEvent(host_, std::string(FileName) + " - A line that is no post was not kept: " + line);
+      LogEvent(host_,
+               std::string(GatewayPostedSpotsFile) + " - A line that is no post was not kept: " + line);
     }
   }
 }
