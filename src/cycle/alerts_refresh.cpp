@@ -6,6 +6,7 @@
 #include "alerts/alerts_page.h"
 #include "alerts/alerts_report.h"
 #include "core/data_files.h"
+#include "core/file_names.h"
 #include "core/status_codes.h"
 #include "cycle/spots_source.h"
 #include "radio/dates.h"

@@ -18,7 +18,7 @@ void Complain(MainWindow& window, std::string_view text) {
   window.World.Messages.ShowMessage(text, "Settings", MessageIcon::Exclamation);
 }
 
-std::int32_t NumberIn(const MainWindow& window, const TextBox& box) {
+std::int32_t NumberIn(const TextBox& box) {
   return WholeNumber(box.Text.Get());
 }
 
@@ -34,7 +34,7 @@ void ConnectWhenWanted(MainWindow& window) {
 
 void txtSecondsBetweenChecks_LostFocus(MainWindow& window) {
   auto& box = window.Controls.Spots.txtSecondsBetweenChecks;
-  const auto seconds = NumberIn(window, box);
+  const auto seconds = NumberIn(box);
   if (seconds < 3 || seconds > 60) {
     Complain(window, "The Seconds Between Checks for New Spots must be between 3 and 60");
     box.Text = std::to_string(window.CheckInterval / 1000);
@@ -47,12 +47,12 @@ void txtSecondsBetweenChecks_LostFocus(MainWindow& window) {
 }
 
 void txtDuplicateSpotFilteringPeriod_LostFocus(MainWindow& window) {
-  if (NumberIn(window, window.Controls.RBN.txtDuplicateSpotFilteringPeriod) >= 1) return;
+  if (NumberIn(window.Controls.RBN.txtDuplicateSpotFilteringPeriod) >= 1) return;
   Complain(window, "The Duplicate Spot Filtering Period (minutes) must be at least 1 minute.");
 }
 
 void txtMaximumSpotsInList_LostFocus(MainWindow& window) {
-  const auto maximum = NumberIn(window, window.Controls.Spots.txtMaximumSpotsInList);
+  const auto maximum = NumberIn(window.Controls.Spots.txtMaximumSpotsInList);
   if (maximum <= 0 || static_cast<std::size_t>(maximum) >= window.SpotList.Count()) return;
   TrimSpotList(window);
   DisplaySpotList(window, window.SpotList);

@@ -163,7 +163,7 @@ std::int32_t SpotIntake::GetSotawatchSpots(SpotSource source, const URLTemplates
   const auto code = LogErrors(state.World, "GetSotawatchSpots", StatusNothingDone, [&] {
     SpotCollection read;
     const auto result = state.ReadFeed(source, addresses, twitterSinceID, knownActivators, read);
-    if (state.World.ShuttingDown) return NothingDone;
+    if (state.World.ShuttingDown) return StatusNothingDone;
     state.NoteCondition(source, result);
     state.LogSkippedItems(result);
     errorText = result.ErrorText;
