@@ -14,7 +14,7 @@ import sys
 import time
 
 HERE = pathlib.Path(__file__).resolve().parent
-sys.path[:0] = [str(HERE), str(HERE.parent / 'tests/support')]
+sys.path[:0] = [str(HERE), str(HERE.parent / 'testing')]
 
 from account import __main__ as account  # noqa: E402
 from account.items import BAD, Fate  # noqa: E402

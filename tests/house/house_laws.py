@@ -16,7 +16,7 @@ import cpp_text
 NOT_OURS = {'.git', 'build', '__pycache__'}
 SKINS = {'qt', 'console'}
 CODE_SUFFIXES = {'.h', '.cpp'}
-CODE_FOLDERS = ('src', 'practice', 'rehearsal', 'tests', 'benchmarks', 'fuzz')
+CODE_FOLDERS = ('src', 'practice', 'rehearsal', 'testing', 'tests', 'benchmarks', 'fuzz')
 TEXT_SUFFIXES = CODE_SUFFIXES | {'.py', '.md', '.txt', '.cmake', '.sh', '.json', '.in', '.yml', ''}
 
 Tree = dict[str, str]  # path from the root, with slashes: the file's text
