@@ -9,7 +9,6 @@
 #include "cycle/sotawatch_spots.h"
 #include "cycle/source_status.h"
 #include "cycle/start_up.h"
-#include "radio/dates.h"
 #include "radio/numbers.h"
 #include "ui/filter_from_screen.h"
 
@@ -82,10 +81,6 @@ void tmrCheckSpots_Timer(MainWindow& window) {
   } else {
     Check(window);
   }
-}
-
-void ShowUTCTime(MainWindow& window) {
-  window.Controls.Spots.lblUTCTime.Caption = "Current Time: " + ClockText(UTCNow(window.World.Time)) + " UTC";
 }
 
 }  // namespace brelwin

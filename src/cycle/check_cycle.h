@@ -14,7 +14,4 @@ void CheckForSpots(MainWindow& window);
 // is dropped.
 void tmrCheckSpots_Timer(MainWindow& window);
 
-// Sets the label of the present UTC time.
-void ShowUTCTime(MainWindow& window);
-
 }  // namespace brelwin

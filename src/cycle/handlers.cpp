@@ -203,6 +203,7 @@ void ConnectGateway(MainWindow& window) {
 }  // namespace
 
 void ConnectHandlers(MainWindow& window) {
+  window.OnTick = [&window] { Enter(window, [&window] { tmrCheckSpots_Timer(window); }); };
   ConnectWork(window);
   ConnectSettings(window);
   ConnectViewers(window);

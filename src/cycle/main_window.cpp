@@ -4,8 +4,6 @@
 
 #include "core/data_files.h"
 #include "core/file_names.h"
-#include "cycle/check_cycle.h"
-#include "cycle/entry.h"
 
 namespace brelwin {
 
@@ -26,8 +24,7 @@ MainWindow::MainWindow(Host& host)
       AlertsService(host, ChanceOf(host), DuringTransfer::OthersMayStart),
       Commands(host, CommandMemory(host, InProgramFolder(host, SettingsIniFile),
                                    [this] { return SettingsFile.PrepareFile(); })),
-      TickDriver(host.Time, host.Events, Controls.tmrCheckSpots,
-                 [this] { Enter(*this, [this] { tmrCheckSpots_Timer(*this); }); }) {
+      TickDriver(host.Time, host.Events, Controls.tmrCheckSpots, [this] { OnTick(); }) {
   // Shown only while they are true.
   Controls.Spots.picDownload.Visible = false;
   Controls.Spots.lblCheckingForSpots.Visible = false;

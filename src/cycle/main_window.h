@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <vector>
@@ -103,6 +104,7 @@ struct MainWindow {
   std::optional<Instant> LastAlertsArchiveTime;
   std::optional<Instant> LastReadingForCommands;  // of the alerts page, whether it succeeded or not
 
+  std::function<void()> OnTick;  // of the check timer
   int EntryDepth = 0;     // how many entries into the program (ticks, clicks, start-up) are on the stack
   bool Unloaded = false;  // Form_Unload has begun
   CheckTimerDriver TickDriver;

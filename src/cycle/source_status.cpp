@@ -122,4 +122,8 @@ void ShowStreamStage(MainWindow& window) {
   ShowSourceStatus(window);
 }
 
+void ShowUTCTime(MainWindow& window) {
+  window.Controls.Spots.lblUTCTime.Caption = "Current Time: " + ClockText(UTCNow(window.World.Time)) + " UTC";
+}
+
 }  // namespace brelwin

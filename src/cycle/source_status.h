@@ -18,4 +18,7 @@ void ShowCaption(MainWindow& window);
 // Says what the stream has begun to do, and shows the status line anew.
 void ShowStreamStage(MainWindow& window);
 
+// Sets the label of the present UTC time.
+void ShowUTCTime(MainWindow& window);
+
 }  // namespace brelwin

@@ -9,7 +9,6 @@
 #include "core/trap.h"
 #include "core/version.h"
 #include "cycle/captions.h"
-#include "cycle/check_cycle.h"
 #include "cycle/command_line.h"
 #include "cycle/settings_handlers.h"
 #include "cycle/sotawatch_spots.h"

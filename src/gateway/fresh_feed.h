@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "gateway/duplicate_search.h"
-#include "gateway/gateway_processing.h"
+#include "gateway/gateway.h"
 
 namespace brelwin {
 

@@ -2,8 +2,8 @@
 // excluded, and whether the spot is too old to be sent.
 #pragma once
 
+#include "gateway/gateway.h"
 #include "gateway/gateway_gates.h"
-#include "gateway/gateway_processing.h"
 
 namespace brelwin {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
+#include "gateway/gateway.h"
 #include "gateway/gateway_facts.h"
-#include "gateway/gateway_processing.h"
 #include "gateway/gateway_sender.h"
 #include "gateway/submission_status.h"
 

@@ -1,7 +1,7 @@
 // The button that tries the Sotawatch login out.
 #pragma once
 
-#include "gateway/gateway_processing.h"
+#include "gateway/gateway.h"
 
 namespace brelwin {
 

@@ -73,21 +73,25 @@ def upward_includes(tree: Tree) -> Iterator[str]:
                 yield f'{path}:{line}: includes {target}, {up} floor(s) up'
 
 
-def include_cycles(tree: Tree) -> Iterator[str]:
-    edges = {path: [target for _, target in own_includes(path, text, tree)]
-             for path, text in code_of(tree, 'src')}
+def unit_circles(tree: Tree) -> Iterator[str]:
+    """A header and its source are one unit."""
+    edges: dict[str, set[str]] = {}
+    for path, text in code_of(tree, 'src'):
+        unit = path.rsplit('.', 1)[0]
+        targets = {target.rsplit('.', 1)[0] for _, target in own_includes(path, text, tree)}
+        edges.setdefault(unit, set()).update(targets - {unit})
     done: set[str] = set()
 
-    def walk(path: str, trail: list[str]) -> Iterator[str]:
-        if path in trail:
-            yield ' -> '.join(trail[trail.index(path):] + [path])
-        elif path not in done:
-            for target in edges.get(path, []):
-                yield from walk(target, trail + [path])
-            done.add(path)
+    def walk(unit: str, trail: list[str]) -> Iterator[str]:
+        if unit in trail:
+            yield ' -> '.join(trail[trail.index(unit):] + [unit])
+        elif unit not in done:
+            for target in sorted(edges.get(unit, ())):
+                yield from walk(target, trail + [unit])
+            done.add(unit)
 
-    for path in sorted(edges):
-        yield from walk(path, [])
+    for unit in sorted(edges):
+        yield from walk(unit, [])
 
 
 def qt_in_the_core(tree: Tree) -> Iterator[str]:
@@ -182,9 +186,9 @@ LAWS = [
     Law('no upward include',
         'A room rests on the rooms below it. An include upward ties it to everything above, and it can no '
         'longer be read, tested or changed alone.', upward_includes),
-    Law('no include cycle',
-        'Files that include each other in a circle are one file in pieces: none can be understood first.',
-        include_cycles),
+    Law('no circle of units',
+        'A header with its source is one unit; units that use each other in a circle can only be understood, '
+        'tested and changed together.', unit_circles),
     Law('no Qt in the core',
         'What the program knows and decides must run without a window: in tests, in the console, '
         'without Qt.', qt_in_the_core),

@@ -1,0 +1,43 @@
+// What the gateway works with: the screen, the settings, the lists, and what it keeps of its own.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "controls/gateway_tab.h"
+#include "controls/rbn_tab.h"
+#include "gateway/gateway_journal.h"
+#include "gateway/posted_spots.h"
+#include "gateway/spotlite_transfer.h"
+#include "platform/host.h"
+#include "platform/stall_watch.h"
+#include "settings/configuration.h"
+#include "spots/service_client.h"
+#include "spots/spot.h"
+
+namespace brelwin {
+
+// Lives as long as the program. The last five are its own.
+struct Gateway {
+  Host& World;
+  GatewayTab& Tab;
+  RBNTab& RBN;
+  const Configuration& Settings;
+  const SpotCollection* RecentSotawatchSpots;    // newest first; may be null
+  const CallsignCollection& ExcludedActivators;  // filled by ExcludeActivator
+  const CallsignCollection& TrustedSpotters;
+  CallsignCollection& KnownActivators;
+  StallWatch& Stalls;
+
+  // Where the spots come from when that box is ticked; null for one that is never asked.
+  const CheckBox* ServiceBox = nullptr;
+  ServiceClient* Service = nullptr;
+
+  SpotliteTransfer Transfer{World};
+  KeyedCollection<Instant> SentSpotsByStation{};  // when a spot of the base callsign was last sent
+  GatewayJournal Journal{};
+  PostedSpots Posted{World};
+  std::vector<std::string> TooOld{};  // keys of the latest pass's spots from before the program stood still
+};
+
+}  // namespace brelwin
