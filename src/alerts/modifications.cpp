@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t CommandLength = 3;
 constexpr std::size_t PrefixLength = 5;  // the command and the delimiter
-constexpr std::int64_t DeletionLifeInMinutes = 24 * 60;
+constexpr std::int64_t DeletionLifeInMinutes = std::int64_t{24} * 60;
 
 std::string PathOrDefault(const Host& host, std::string_view path) {
   return path.empty() ? InProgramFolder(host, AlertModificationsFile) : std::string(path);

@@ -10,7 +10,7 @@
 namespace brelwin {
 namespace {
 
-constexpr std::int64_t LifeInMinutes = 24 * 60;
+constexpr std::int64_t LifeInMinutes = std::int64_t{24} * 60;
 
 }  // namespace
 

@@ -16,7 +16,7 @@ namespace brelwin {
 namespace {
 
 constexpr std::string_view Delimiter = "|";
-constexpr std::int64_t RememberedMinutes = 24 * 60;
+constexpr std::int64_t RememberedMinutes = std::int64_t{24} * 60;
 constexpr std::int64_t NearInHertz = 1000;
 
 std::string LettersOf(std::string_view comment) {
