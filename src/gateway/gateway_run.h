@@ -10,6 +10,7 @@
 #include "gateway/gateway.h"
 #include "gateway/gateway_facts.h"
 #include "gateway/gateway_sender.h"
+#include "gateway/gateway_values.h"
 #include "gateway/submission_status.h"
 
 namespace brelwin {
