@@ -95,7 +95,7 @@ std::string DelimitedField(std::string_view text) {
 
 std::string DelimitedData(const SOTAAlert& alert) {
   auto fields = FieldsOf(alert);
-  const auto line = Joined(fields);
+  auto line = Joined(fields);
   if (Split(line, DataDelimiter()).size() == FieldCount) return line;
   MendFacingBars(fields);
   return Joined(fields);
