@@ -140,6 +140,27 @@ TEST_F(ServiceIntakeStory, LeavesAServiceAloneThatWantsItOrIsGone) {
   EXPECT_TRUE(Contains(log, "Sotawatch feed gone") && Contains(log, "Sotawatch feed back")) << log;
 }
 
+TEST_F(ServiceIntakeStory, LosesNothingInAReloadThatBreaksOffAndShowsAgainWhatComesBack) {
+  const auto a = Row(1, "G4AAA", "11:57:00", "7.032");
+  const auto b = Row(2, "G4BBB", "11:58:00", "7.032");
+  Serve("spots/epoch", "e1");
+  Serve("spots/-24/all/all", List({a}));
+  EXPECT_EQ(Take(), "G4AAA ");
+  intake_.Forget();
+  Serve("spots/epoch", "e2");
+  Serve("spots/100/all/all", "[" + b + "," + a.substr(0, 40));
+  EXPECT_EQ(TakeAfter(60s), "");
+  Serve("spots/-24/all/all", List({b, a}));
+  EXPECT_EQ(TakeAfter(600s), "G4BBB ");
+  intake_.TakeChanges();
+  Serve("spots/-24/all/all", List({a}));
+  TakeAfter(300s);
+  EXPECT_EQ(intake_.TakeChanges().Deleted.size(), 1U);
+  Serve("spots/epoch", "e3");
+  Serve("spots/100/all/all", List({b, a}));
+  EXPECT_EQ(TakeAfter(60s), "G4BBB ");
+}
+
 TEST_F(ServiceIntakeStory, AChangeOfTheSourceBringsNoSpotTwice) {
   const auto item = [](const std::string& station, const std::string& clockTime) {
     return test::FeedItemText(station + " on G/LD-001 @ 7.032 CW", test::PubDate(clockTime),
@@ -178,7 +199,7 @@ TEST_F(ServiceAlertsStory, RowsBecomeTheAlertsThatThePageWouldGive) {
            R"(","associationCode":"G","summitCode":"LD-001",)" + rest + "}";
   };
   Serve("alerts/epoch", "first");
-  Serve("alerts/72/10000/all/all",
+  Serve("alerts/8760/10000/all/all",
         List({row("14:00:00Z", "G4ABC/P", R"("comments":"CW +/- 30 min, S2S, S+2","activatorName":"Tom",
                    "posterCallsign":"M0XYZ","frequency":"7-cw","summitDetails":"Scafell, 978m, 10 points")"),
               row("13:30:30", "M0AAA and M0BBB", R"("comments":"mins +/-15; S2S wanted")"), "{]",
@@ -198,14 +219,14 @@ TEST_F(ServiceAlertsStory, RowsBecomeTheAlertsThatThePageWouldGive) {
   for (const std::string list : {"[", "[]", "<html>", R"([{"comments":"DEPRECATED"}])"}) {
     host_.Queue.RunFor(600s);
     Serve("alerts/epoch", "a" + std::to_string(list.size()));
-    Serve("alerts/72/10000/all/all", list);
+    Serve("alerts/8760/10000/all/all", list);
     EXPECT_EQ(Refresh(), 0) << list;
     EXPECT_EQ(alerts_.Count(), 3U) << list;
   }
   EXPECT_TRUE(announced_.IsGone());
   host_.Queue.RunFor(600s);
   Serve("alerts/epoch", "a9");
-  Serve("alerts/72/10000/all/all",
+  Serve("alerts/8760/10000/all/all",
         List({row("13:30:30", "M0AAA", R"("comments":"mins +/-15; S2S wanted")")}));
   EXPECT_EQ(Refresh(), -1);
   EXPECT_TRUE(alerts_.Contains("2026-11-24 13:30:00_M0AAA_G/LD-001_mins+/-15;"));

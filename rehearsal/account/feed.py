@@ -29,6 +29,7 @@ class Spot:
     spotter_base: str
     is_self_spot: bool
     is_derived: bool = False
+    is_qrt: bool = False  # a state, not a frequency
 
 
 def decoded(text: str) -> str:

@@ -30,7 +30,7 @@ def by_current_spots(heard: Heard, current: list[TimedSpot], now: int, settings:
     for held in current:
         if held.is_too_old(now, settings.dupe_minutes):
             return ''
-        if held.spot.base != heard.base:
+        if held.spot.base != heard.base or held.spot.is_qrt:
             continue
         if not held.spot.is_derived and held.spot.key == heard.key:
             return 'a duplicate among the current spots'
@@ -58,7 +58,7 @@ def by_fresh_spots(heard: Heard, fresh: dict[str, feed.Spot], read_at: int, now:
     for spot in fresh.values():
         if TimedSpot(spot, read_at).is_too_old(now, settings.dupe_minutes):
             return ''
-        if spot.base != heard.base:
+        if spot.base != heard.base or spot.is_qrt:
             continue
         if spot.band != heard.band:
             return ''

@@ -14,6 +14,7 @@ from account.stream import Heard, Parser, form_body
 
 MOST_CURRENT_SPOTS = 200
 FEED, ALERTS = '/RssFeed', '/alerts.php'
+NOT_ASKED = ''  # a final check that the service does not want
 AT_ONCE = 1000  # milliseconds in which a page follows that the same step asks for
 DAY = 86_400_000
 
@@ -249,6 +250,8 @@ class Replay:
         refusal = self.bounds.refusal(spot, now) or gates.by_latest_word(spot, words, self.settings)
         if refusal:
             return refusal
+        if page.path == NOT_ASKED:
+            return 'there are no spots: the service wants to be left alone'
         fresh: dict[str, feed.Spot] = {}
         for found in recent:
             fresh.setdefault(found.key, found)
@@ -320,7 +323,7 @@ class Replay:
     def _page_of_final_check(self, now: int) -> ledger.Page | None:
         moment = now + self.settings.delay * 1000
         if any(begin <= moment < end for begin, end in self.refusals):
-            return ledger.Page(moment, moment, FEED, 0, True, '')  # it is not to be asked
+            return ledger.Page(moment, moment, NOT_ASKED, 0, True, '')
         return self._next_page() if self._final_check_follows(now) else None
 
     def _miss_final_check(self, spot: Heard, body: str | None, now: int) -> int:

@@ -70,6 +70,7 @@ def _row_of(row: dict) -> Row | None:
         frequency = mode = ''
     title = f'{text_of(row, "activatorCallsign")} on {summit_of(row)} @ {frequency} {mode}'
     spots = feed.spots_of(title, text_of(row, 'comments'), text_of(row, 'callsign'), seconds_of(row, 'timeStamp'))
+    spots = [dataclasses.replace(spot, is_qrt=kind == 'QRT') for spot in spots]
     return Row(row['id'] if isinstance(row.get('id'), str) else '', kind, spots) if spots else None
 
 

@@ -10,6 +10,7 @@
 #include "core/file_names.h"
 #include "core/ini_utilities.h"
 #include "radio/dates.h"
+#include "radio/numbers.h"
 #include "spots/spot_collections.h"
 
 namespace brelwin {
@@ -18,8 +19,8 @@ namespace {
 constexpr std::string_view Section = "General";
 constexpr std::string_view Key = "LastAlertCommand";
 constexpr std::size_t TimeLength = 19;
-constexpr std::size_t LongestStoredID = 100;  // with the time, less than a value can hold
-constexpr std::size_t MostRemembered = 10000;
+constexpr std::size_t LongestStoredID = 100;   // with the time, less than a value can hold
+constexpr std::size_t MostRemembered = 20000;  // two of each command
 constexpr std::size_t MostUndated = 1000;
 constexpr std::size_t LongestUndated = 500;  // of a line, in characters
 constexpr std::int64_t MinutesPerDay = 1440;
@@ -33,6 +34,12 @@ std::string StoredID(std::string_view id) {
 DateTime Believable(DateTime time, const Clock& clock) {
   const auto now = UTCNow(clock);
   return time < AddMinutes(now, MinutesPerDay) ? time : now;
+}
+
+// The same spot has another ID in another feed.
+std::string DatedIdentity(const Spot& command) {
+  return CompactText(*command.UTCDateTime) + "|" + command.stationBaseCallsign + "|" +
+         command.SpotterBaseCallsign + "|" + RoundedToThreeDecimalsText(command.FrequencyInMhz);
 }
 
 // The text of a spot without a time, as a line.
@@ -75,7 +82,7 @@ bool CommandMemory::IsNew(const Spot& command) {
 }
 
 bool CommandMemory::IsNewByTime(const Spot& command) {
-  if (ofThisRun_.Contains(command.ID)) return false;
+  if (ofThisRun_.Contains(command.ID) || ofThisRun_.Contains(DatedIdentity(command))) return false;
   if (!ofEarlierRuns_) return true;
   if (StoredID(command.ID) == ofEarlierRuns_->ID) {
     hasPassedNewest_ = true;
@@ -96,6 +103,7 @@ void CommandMemory::Remember(const Spot& command) {
 
 void CommandMemory::RememberByTime(const Spot& command) {
   ofThisRun_.AddInFront(true, command.ID);
+  ofThisRun_.AddInFront(true, DatedIdentity(command));
   ofThisRun_.Trim(MostRemembered);
   const auto time = Believable(*command.UTCDateTime, host_.Time);
   if (newest_ && time < newest_->Time) return;

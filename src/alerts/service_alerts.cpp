@@ -1,6 +1,7 @@
 #include "alerts/service_alerts.h"
 
 #include <algorithm>
+#include <chrono>
 #include <utility>
 
 #include "alerts/service_alert_rows.h"
@@ -13,13 +14,14 @@ namespace brelwin {
 namespace {
 
 constexpr std::int32_t MostHours = 24 * 365;
+constexpr std::chrono::minutes LongestLife{30};  // of a list whose epoch stands
 constexpr std::string_view Procedure = "GetAlertsFromJSONService";
 constexpr std::string_view EpochPath = "alerts/epoch";
 
-// So many hours ahead, and more rows than there are.
-std::string ListPath(const AlertsPageRequest& request) {
-  const auto hours = request.MaximumHoursAhead > 0 ? request.MaximumHoursAhead : MostHours;
-  return "alerts/" + std::to_string(hours) + "/10000/all/all";
+// All that are announced, and more rows than there are: what is too far ahead today is not tomorrow, and a
+// list of few hours may well be empty.
+std::string ListPath() {
+  return "alerts/" + std::to_string(MostHours) + "/10000/all/all";
 }
 
 // Empty when the list can be used.
@@ -42,7 +44,7 @@ std::int32_t ServiceAlerts::Refresh(const AlertsPageRequest& request, AlertColle
 ServiceAlerts::Outcome ServiceAlerts::Ask(const AlertsPageRequest& request, AlertCollection& alerts,
                                           CallsignCollection& knownActivators) {
   const auto answer = client_.Ask(ServiceAddress(request.Url, EpochPath),
-                                  ServiceAddress(request.Url, ListPath(request)), list_.empty());
+                                  ServiceAddress(request.Url, ListPath()), IsListOld());
   if (answer.Outcome == ServiceOutcome::NotDue || host_.ShuttingDown) return last_;
   auto wrong = answer.ErrorText;
   bool isGone = answer.Outcome == ServiceOutcome::Gone;
@@ -54,7 +56,7 @@ ServiceAlerts::Outcome ServiceAlerts::Ask(const AlertsPageRequest& request, Aler
     Decide(answer.Body, wrong.empty());
   }
   const auto service = "the JSON service at " + HostOfAddress(request.Url);
-  NoteGone(isGone, service + (isGone ? ": " + wrong : ""));
+  NoteGone(isGone || (isGone_ && !wrong.empty()), service + (isGone ? ": " + wrong : ""));
   if (wrong.empty()) return {StatusDone, {}};
   return {answer.WasReached ? StatusNothingDone : StatusNoConnection, service + ": " + wrong};
 }
@@ -76,9 +78,15 @@ ServiceAlertsSummary ServiceAlerts::Take(const std::string& list, const AlertsPa
   return summary;
 }
 
+// A deletion need not change the epoch.
+bool ServiceAlerts::IsListOld() const {
+  return list_.empty() || host_.Time.Now() - listedAt_ >= LongestLife;
+}
+
 void ServiceAlerts::Decide(const std::string& list, bool isUsed) {
   if (!isUsed) return client_.Reject();
   list_ = list;
+  listedAt_ = host_.Time.Now();
   client_.Accept();
 }
 

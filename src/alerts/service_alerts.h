@@ -35,12 +35,14 @@ class ServiceAlerts {
   Outcome Ask(const AlertsPageRequest& request, AlertCollection& alerts, CallsignCollection& knownActivators);
   ServiceAlertsSummary Take(const std::string& list, const AlertsPageRequest& request,
                             AlertCollection& alerts, CallsignCollection& knownActivators);
+  bool IsListOld() const;
   void Decide(const std::string& list, bool isUsed);
   void NoteGone(bool isGone, const std::string& words);
 
   Host& host_;
   ServiceClient& client_;
   std::string list_;  // that was last accepted
+  Instant listedAt_;
   std::vector<std::string> toldBroken_;
   Outcome last_;
   bool isGone_ = false;

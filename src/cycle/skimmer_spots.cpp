@@ -8,6 +8,7 @@
 #include "cycle/spot_list_display.h"
 #include "cycle/spot_outputs.h"
 #include "cycle/streams.h"
+#include "radio/mode.h"
 #include "rbn/open_connection.h"
 #include "rbn/stream.h"
 #include "ui/alerting.h"
@@ -22,13 +23,29 @@ void SendToSotawatch(MainWindow& window, const SpotCollection& heard, Instant he
   PerformGatewayProcessing(window.SpotGateway, heard, heardSince, values, message);
 }
 
+// The form has no words for what a second stream may bring beside the modes of the first.
+SpotCollection InModesOfTheForm(MainWindow& window, const SpotCollection& heard) {
+  SpotCollection inModes;
+  for (const auto& [key, spot] : heard) {
+    if (ModeWord(spot->ModeString) != "other") {
+      inModes.Add(spot, key);
+    } else if (spot->IsMatchedToAlert) {
+      LogEvent(window.World, "TakeSkimmerSpots - The spot of " + spot->Station + " in " + spot->ModeString +
+                                 " is not for Sotawatch, whose form has no such mode.");
+    }
+  }
+  return inModes;
+}
+
 bool HasStalledSince(MainWindow& window, Instant moment) {
   return window.Stalls.HasStalledSince(moment, window.World.Time.Now());
 }
 
 // What was refused as too old is sent when it is heard again.
-void HandleNewSpots(MainWindow& window, SpotCollection& heard, SpotFilter& filter, Instant heardSince) {
-  SendToSotawatch(window, heard, heardSince);
+void HandleNewSpots(MainWindow& window, const RBNConnection& stream, SpotCollection& heard,
+                    SpotFilter& filter, Instant heardSince) {
+  const bool isFirst = &stream == &window.RBN;
+  SendToSotawatch(window, isFirst ? heard : InModesOfTheForm(window, heard), heardSince);
   for (const auto& key : window.SpotGateway.TooOld) window.RBNSpots.Forget(key);
   FilterAndLog(window, filter, heard);
   heard.Reverse();  // spots come in the order of their lines; the list has the newest on top
@@ -58,7 +75,7 @@ void TakeSpotsOf(MainWindow& window, RBNConnection& stream, SpotFilter& filter) 
   ShowUnmatchedStations(window, unmatched, filter);
   const bool hasStalled = stream.Connected && HasStalledSince(window, stream.ConnectedAt);
   if (hasStalled) CloseStalledConnection(window, stream);
-  if (hasNewSpots) HandleNewSpots(window, heard, filter, heardSince);
+  if (hasNewSpots) HandleNewSpots(window, stream, heard, filter, heardSince);
   if ((foundNoConnection || hasStalled) && !stream.Connected) ConnectToRBN(stream);
 }
 

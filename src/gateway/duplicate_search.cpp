@@ -23,6 +23,11 @@ bool IsSameStation(const Spot& one, const Spot& other) {
   return one.stationBaseCallsign == other.stationBaseCallsign;
 }
 
+// Who left the air says nothing of frequencies.
+bool IsSilent(const Spot& held) {
+  return held.Kind == SpotKind::Gone;
+}
+
 bool IsSameBand(const Spot& one, const Spot& other) {
   return one.BandInMhz == other.BandInMhz;
 }
@@ -31,14 +36,14 @@ bool IsSameBand(const Spot& one, const Spot& other) {
 DupeFinding CompareWithCurrent(const Spot& held, const Spot& spot, DupeAge age) {
   if (held.IsRBNSpot) return DupeFinding::NoneFound;
   if (IsTooOld(held, age)) return DupeFinding::TooOld;
-  if (!IsSameStation(held, spot)) return DupeFinding::NoneFound;
+  if (!IsSameStation(held, spot) || IsSilent(held)) return DupeFinding::NoneFound;
   if (held.SpotKey == spot.SpotKey) return DupeFinding::SameKey;
   return IsSameBand(held, spot) ? DupeFinding::NoneFound : DupeFinding::OtherBand;
 }
 
 DupeFinding CompareWithFeed(const Spot& held, const Spot& spot, DupeAge age) {
   if (IsTooOld(held, age)) return DupeFinding::TooOld;
-  if (!IsSameStation(held, spot)) return DupeFinding::NoneFound;
+  if (!IsSameStation(held, spot) || IsSilent(held)) return DupeFinding::NoneFound;
   if (!IsSameBand(held, spot)) return DupeFinding::OtherBand;
   const bool isNear = DistanceInHertz(held.FrequencyInMhz, spot.FrequencyInMhz) < NearInHertz;
   return isNear ? DupeFinding::NearFrequency : DupeFinding::NoneFound;

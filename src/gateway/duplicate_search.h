@@ -11,6 +11,7 @@ namespace brelwin {
 enum class DupeFinding : std::uint8_t {
   NoneFound,
   NoCollection,   // there is nothing to look through
+  NotAsked,       // what there is to look through may not be asked for
   NoSpots,        // what there is to look through is empty
   TooOld,         // the rest is older than a duplicate can be
   OtherBand,      // the station has changed bands since

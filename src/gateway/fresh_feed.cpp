@@ -34,7 +34,9 @@ void ReadByRSS(Gateway& gateway, std::int32_t maximumAgeInMinutes, FreshFeed& fe
 void ReadByService(Gateway& gateway, std::int32_t maximumAgeInMinutes, FreshFeed& feed) {
   const auto& addresses = gateway.Settings.Addresses;
   const auto obstacle = ObstacleOfService(addresses.SotawatchAPI, addresses.SotawatchAPITermsConfirmed);
-  if (obstacle != ServiceObstacle::None) return;
+  feed.MayBeAsked =
+      obstacle == ServiceObstacle::None && gateway.Service->Schedule().MayAskBeside(gateway.World.Time.Now());
+  if (!feed.MayBeAsked) return;
   feed.All = ReadServiceBeside(gateway.World, *gateway.Service, addresses.SotawatchAPI, maximumAgeInMinutes,
                                gateway.KnownActivators);
   for (const auto& spot : feed.All)
@@ -54,6 +56,7 @@ FreshFeed ReadFreshFeed(Gateway& gateway, std::int32_t maximumAgeInMinutes) {
 }
 
 DupeSearch SearchFeed(const FreshFeed& feed, const Spot& spot, DupeAge age) {
+  if (!feed.MayBeAsked) return {DupeFinding::NotAsked, nullptr};
   const auto speaks = [&](const SpotPointer& held) { return SpeaksForStation(*held, spot); };
   const auto optOut = std::ranges::find_if(
       feed.All, [&](const auto& held) { return HoldsOptOutWord(held->Comment) && speaks(held); });

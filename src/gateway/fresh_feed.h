@@ -12,6 +12,7 @@ namespace brelwin {
 struct FreshFeed {
   SpotCollection ByKey;          // the newest of each station and frequency, newest first
   std::vector<SpotPointer> All;  // but this gateway's own posts, newest first
+  bool MayBeAsked = true;        // else the service wants to be left alone, or its terms are not confirmed
 };
 
 // Reads the source in use, waiting for it; as far back as duplicates count. Empty when it cannot be read.

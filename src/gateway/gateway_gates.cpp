@@ -32,6 +32,7 @@ std::optional<GatewayVerdict> DecideByCurrentSpots(const GatewayFacts& facts) {
 // An empty feed alone is no reason to hold a spot back: the first check has seen the spots that are held.
 std::optional<GatewayVerdict> DecideByFeed(const GatewayFacts& facts) {
   if (!facts.InFeed) return GatewayVerdict{GatewayDecision::LookAtFeed, GatewayReason::None};
+  if (*facts.InFeed == DupeFinding::NotAsked) return Abort(GatewayReason::FeedNotAsked);
   if (*facts.InFeed == DupeFinding::OptedOut) return Refuse(GatewayReason::OptedOut);
   if (*facts.InFeed == DupeFinding::NoSpots && *facts.InCurrentSpots == DupeFinding::NoSpots)
     return Abort(GatewayReason::NoSpotsAnywhere);

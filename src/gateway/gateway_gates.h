@@ -41,6 +41,7 @@ enum class GatewayReason : std::uint8_t {
   NoCurrentSpots,     // there is no collection of them
   DuplicateInCurrentSpots,
   OptedOut,
+  FeedNotAsked,     // the service wants to be left alone, or its terms are not confirmed
   NoSpotsAnywhere,  // neither held nor in the feed: duplicates cannot be told
   DuplicateInFeed,
   NearFrequencyInFeed,

@@ -19,7 +19,7 @@ struct RefusalReport {
 };
 
 // The refusals that are reported alike: the spot alone in the gateway's log, and a line in the event log.
-constexpr std::array<RefusalReport, 10> RefusalReports{{
+constexpr std::array<RefusalReport, 11> RefusalReports{{
     {GatewayReason::StoodStill,
      " - - - The following spot not submitted because the program stood still after it was heard - - -",
      "Spot not submitted because the program stood still after it may have been heard."},
@@ -44,6 +44,9 @@ constexpr std::array<RefusalReport, 10> RefusalReports{{
     {GatewayReason::ExcludedActivator,
      " - - - The following spot not submitted because activator is excluded from spotting - - -",
      "Activator is an excluded activator:"},
+    {GatewayReason::FeedNotAsked,
+     " - - - The following spot not submitted because Sotawatch may not be asked for duplicates now - - -",
+     "Sotawatch may not be asked for duplicates now. Gateway processing aborted."},
     {GatewayReason::NoSpotsAnywhere,
      " - - - The following spot not submitted because NO Sotawatch spots are available for dupe checking - - "
      "-",
@@ -158,6 +161,8 @@ std::string RefusalInWords(GatewayReason reason, const GatewayFacts& facts, cons
     case GatewayReason::OptedOut:
       return "not sent: the activator opted out with NOTARNLINK/RBNN" + OtherInWords(search);
     case GatewayReason::OtherStation: return "not sent: only spots of your own callsign are sent";
+    case GatewayReason::FeedNotAsked:
+      return "not sent: Sotawatch may not be asked for duplicates now, this check sent nothing more";
     case GatewayReason::NoCurrentSpots:
     case GatewayReason::NoSpotsAnywhere:
       return "not sent: there are no Sotawatch spots to compare with, this check sent nothing more";

@@ -16,6 +16,9 @@ class DeliveredSpots {
   // either way, and one that is met again is remembered as long anew.
   bool Note(std::string_view identity, Instant now);
 
+  // What is delivered under the identity from now on is new.
+  void Forget(std::string_view identity) { lastMet_.Remove(identity); }
+
   // Whether the identity is remembered.
   bool Knows(std::string_view identity) const { return lastMet_.Contains(identity); }
 

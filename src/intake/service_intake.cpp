@@ -71,7 +71,8 @@ void ServiceIntake::Forget() {
   listing_.Clear();
   client_.Forget();
   changes_ = {};
-  last_.End = FeedEnd::NotOpened;
+  last_ = {};
+  last_.StatusText = last_.ErrorText = "The JSON service has not been asked yet";
 }
 
 FeedReadResult ServiceIntake::Ask(std::string_view root, CallsignCollection& knownActivators,

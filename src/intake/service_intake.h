@@ -29,6 +29,7 @@ class ServiceIntake {
                       SpotCollection& spots);
 
   // The changes since they were last taken.
+  const SpotChanges& Changes() const { return changes_; }
   SpotChanges TakeChanges() { return std::exchange(changes_, {}); }
 
   // Forgets what is listed; the next reading asks for the whole list.

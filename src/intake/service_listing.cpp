@@ -22,6 +22,15 @@ bool IsNearlyADayOld(const MadeSpots& made, DateTime utcNow) {
   return time && MinutesBetween(*time, utcNow) >= NearlyADay;
 }
 
+bool IsTest(const MadeSpots& made) {
+  return made.First->Kind == SpotKind::Test;
+}
+
+void NoteDeleted(const MadeSpots& held, ListingChanges& changes) {
+  changes.Deleted.push_back(held.First);
+  if (held.Second != nullptr) changes.Deleted.push_back(held.Second);
+}
+
 void NoteEdit(const SpotPointer& before, const SpotPointer& after, ListingChanges& changes) {
   if (after == nullptr) {
     if (before != nullptr) changes.Deleted.push_back(before);
@@ -36,6 +45,11 @@ void NoteEdit(const SpotPointer& before, const SpotPointer& after, ListingChange
 // What is held of a row from now on.
 MadeSpots Compare(const MadeSpots& held, MadeSpots&& listed, ListingChanges& changes) {
   if (SaysTheSame(*held.First, *listed.First)) return held;
+  if (IsTest(held) != IsTest(listed)) {
+    NoteDeleted(held, changes);
+    changes.Added.push_back(listed);
+    return std::move(listed);
+  }
   NoteEdit(held.First, listed.First, changes);
   if (listed.Second != nullptr) listed.Second->SpotKey = listed.First->ID;
   NoteEdit(held.Second, listed.Second, changes);
@@ -76,8 +90,7 @@ void ServiceListing::TakeMissing(const Held& before, const ListedRows& rows, Dat
     if (mayBeUnread && !wasMissing.Contains(id)) {
       missing_.Add(held, id);
     } else {
-      changes.Deleted.push_back(held.First);
-      if (held.Second != nullptr) changes.Deleted.push_back(held.Second);
+      NoteDeleted(held, changes);
     }
   }
   for (const auto& [id, held] : missing_) held_.Add(held, id);

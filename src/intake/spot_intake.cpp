@@ -26,6 +26,10 @@ std::int32_t CodeOf(FeedEnd end) {
   return IsFailure(end) ? StatusNothingDone : StatusDone;
 }
 
+std::string OfService(const Spot& spot) {
+  return "service ID\n" + spot.ID;
+}
+
 std::string SkippedText(const SkippedItem& item) {
   return item.IsBroken ? "A broken row was skipped: " : "An item without a station was skipped: ";
 }
@@ -120,7 +124,7 @@ bool SpotIntake::State::IsNew(SpotSource source, Spot& spot) {
     return isNew && !Remembered.Delivered.Knows(ofService);
   }
   const bool isDelivered = Remembered.Delivered.Knows(identity);
-  const bool isNew = Remembered.Delivered.Note("service ID\n" + spot.ID, now);
+  const bool isNew = Remembered.Delivered.Note(OfService(spot), now);
   Remembered.Delivered.Note(ofService, now);
   if (isDelivered && spot.UTCDateTime) spot.ID = identity;
   return isNew && !isDelivered;
@@ -130,6 +134,7 @@ void SpotIntake::State::Deliver(SpotSource source, const SpotCollection& spots,
                                 const CallsignCollection& trustedSpotters, SpotCollection& newSpots) {
   const FetchMark mark(World);
   LongWork work(World);
+  for (const auto& deleted : Service.Changes().Deleted) Remembered.Delivered.Forget(OfService(*deleted));
   for (const auto& entry : spots) {
     if (!work.GoesOn()) return;
     auto& spot = *entry.Item;
@@ -168,7 +173,10 @@ std::int32_t SpotIntake::GetSotawatchSpots(SpotSource source, const URLTemplates
     state.LogSkippedItems(result);
     errorText = result.ErrorText;
     const auto readCode = CodeOf(result.End);
-    if (readCode != StatusDone && state.BeforeForget) return readCode;
+    if (readCode != StatusDone && state.BeforeForget) {
+      if (source == SpotSource::Service) state.Service.Forget();  // what it holds was not delivered
+      return readCode;
+    }
     state.Deliver(source, read, trustedSpotters, newSpots);
     if (readCode == StatusDone && !result.NewestID.empty())
       (source == SpotSource::RSS ? state.Remembered.NewestID : twitterSinceID) = result.NewestID;
@@ -184,7 +192,10 @@ void SpotIntake::Forget() {
 }
 
 SpotChanges SpotIntake::TakeChanges() {
-  return state_->Service.TakeChanges();
+  auto changes = state_->Service.TakeChanges();
+  for (const auto& edit : changes.Edited)
+    state_->Remembered.Delivered.Note("service\n" + DeliveryIdentity(*edit.After), state_->World.Time.Now());
+  return changes;
 }
 
 bool SpotIntake::IsFeedGone() const {

@@ -106,7 +106,9 @@ std::optional<DateTime> ServiceRow::Time(std::string_view name) const {
 bool ServiceRow::IsSentinel() const {
   const auto isSentinel = [](const Member& member) { return member.IsText && member.Text == SentinelWord; };
   const auto isOther = [&](const Member& member) {
-    return member.IsText && !member.Text.empty() && !isSentinel(member) && !IsDateNotNumber(member.Text);
+    const bool saysNothing = member.Name == "epoch" || member.Name == "type";
+    return !saysNothing && member.IsText && !member.Text.empty() && !isSentinel(member) &&
+           !IsDateNotNumber(member.Text);
   };
   return std::ranges::any_of(members_, isSentinel) && std::ranges::none_of(members_, isOther);
 }

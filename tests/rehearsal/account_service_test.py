@@ -75,10 +75,11 @@ class Service(unittest.TestCase):
         story = Story().hear(15).write('check', 20)
         self.assertEqual(self.judge(self.final(story).post(30.1)), [POSTED])
 
-    def test_nothing_is_asked_while_the_service_wants_to_be_left_alone(self) -> None:
+    def test_nothing_is_sent_while_the_service_wants_to_be_left_alone(self) -> None:
         story = Story().hear(15).write('check', 20).page('/api/spots/epoch', 20, '', 429)
         story.lines[-1]['retry_after'] = '60'
-        self.assertEqual(self.judge(story.post(30)), [POSTED])
+        left_alone = 'there are no spots: the service wants to be left alone'
+        self.assertEqual(self.judge(story), [('refused', left_alone)])
 
     def test_a_list_that_broke_off_has_the_rows_before_that(self) -> None:
         body = json.dumps([row(1), [], row(2)])
