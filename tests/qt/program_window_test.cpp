@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAccessible>
 #include <QAction>
 #include <QApplication>
 #include <QCheckBox>
@@ -9,6 +10,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTest>
 #include <set>
@@ -100,6 +102,16 @@ TEST_F(ProgramWindowTest, EveryTextBoxHasACaptionAndATip) {
   for (const auto* edit : window_.findChildren<QLineEdit*>()) {
     EXPECT_TRUE(captioned.contains(edit)) << edit->objectName().toStdString();
     EXPECT_FALSE(edit->toolTip().isEmpty()) << edit->objectName().toStdString();
+  }
+}
+
+TEST_F(ProgramWindowTest, AScreenReaderHearsANameForWhateverTakesTheFocus) {
+  for (auto* widget : window_.findChildren<QWidget*>()) {
+    const bool isTabs = widget->focusProxy() != nullptr || qobject_cast<QTabBar*>(widget) != nullptr;
+    if (!(widget->focusPolicy() & Qt::TabFocus) || isTabs) continue;
+    const auto* told = QAccessible::queryAccessibleInterface(widget);
+    EXPECT_FALSE(told->text(QAccessible::Name).isEmpty())
+        << widget->metaObject()->className() << " " << widget->objectName().toStdString();
   }
 }
 

@@ -19,6 +19,7 @@ QGroupBox* MakeWebsites(FilesTab& controls) {
   auto* frame = MakeFrame("", "Websites");
   auto* list = new QListWidget;
   list->setObjectName("lstWebsites");
+  list->setAccessibleName("Websites");
   list->setToolTip("A double click opens the website in the browser");
   auto* open = MakeButton("cmdOpenWebsite", "&Open website", "Open the chosen website in the browser");
   QObject::connect(open, &QPushButton::clicked, list,

@@ -82,6 +82,7 @@ QLayout* MakeViewers() {
 QListWidget* MakeJournal() {
   auto* journal = new QListWidget;
   journal->setObjectName("lstGatewayJournal");
+  journal->setAccessibleName("Journal");
   journal->setToolTip("What was sent and what was refused, newest first");
   journal->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
   journal->setAlternatingRowColors(true);

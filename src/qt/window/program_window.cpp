@@ -1,8 +1,10 @@
 #include "qt/window/program_window.h"
 
+#include <QAccessible>
 #include <QApplication>
 #include <QCloseEvent>
 #include <QScreen>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QTimer>
 #include <QVBoxLayout>
@@ -28,6 +30,19 @@ constexpr QSize WantedSize{1320, 740};
 WindowState StateOf(Qt::WindowStates states) {
   if (states.testFlag(Qt::WindowMinimized)) return WindowState::Minimised;
   return states.testFlag(Qt::WindowMaximized) ? WindowState::Maximised : WindowState::Normal;
+}
+
+// The focus stays in the page, and a screen reader would only hear of what has it there: it is led over the
+// tab.
+void TellTab(QTabBar& tabs) {
+  if (tabs.hasFocus()) return;  // then the tabs tell it themselves
+  QAccessibleEvent tab(&tabs, QAccessible::Focus);
+  tab.setChild(tabs.currentIndex());
+  QAccessible::updateAccessibility(&tab);
+  if (auto* focused = QApplication::focusWidget()) {
+    QAccessibleEvent back(focused, QAccessible::Focus);
+    QAccessible::updateAccessibility(&back);
+  }
 }
 
 }  // namespace
@@ -67,8 +82,10 @@ void ProgramWindow::AddLater(const char* title, const ControlList& controls,
   auto* column = new QVBoxLayout(page);
   column->setContentsMargins({});
   tabs_->addTab(page, title);
-  waiting_.push_back([this, column, &controls, makePage = std::move(makePage)] {
-    column->addWidget(makePage());
+  waiting_.push_back([this, column, title, &controls, makePage = std::move(makePage)] {
+    auto* content = makePage();
+    content->setAccessibleName(title);  // one that scrolls takes the focus
+    column->addWidget(content);
     bindings_.Add(controls);
   });
 }
@@ -95,6 +112,7 @@ void ProgramWindow::FollowForm() {
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
     MakeWhatWaits();
     screen_.Window.CurrentTab = tab;
+    TellTab(*tabs_->tabBar());
   });
 }
 
