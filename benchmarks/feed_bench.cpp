@@ -5,7 +5,7 @@
 
 #include "base/encoding.h"
 #include "made_spots.h"
-#include "spots/rss_feed_text.h"
+#include "spots/rss_feed.h"
 
 namespace brelwin::benchmarks {
 namespace {

@@ -7,7 +7,7 @@
 #include "gateway_story.h"
 #include "platform/system_files.h"
 #include "rbn/spot_parser.h"
-#include "spots/rss_feed_reader.h"
+#include "spots/rss_feed.h"
 #include "temporary_folder.h"
 
 namespace brelwin::benchmarks {

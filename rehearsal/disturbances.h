@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "controls/gateway_tab.h"
+#include "controls/screen.h"
 #include "ledger.h"
 #include "platform/event_queue.h"
 #include "random.h"

@@ -8,10 +8,10 @@
 
 #include "base/encoding.h"
 #include "base/text.h"
-#include "spots/feed_text.h"
-#include "spots/rss_feed_text.h"
-#include "spots/service_feed_text.h"
-#include "spots/twitter_feed_reader.h"
+#include "spots/feed_scanner.h"
+#include "spots/rss_feed.h"
+#include "spots/service_feed.h"
+#include "spots/twitter_feed.h"
 
 namespace brelwin::test {
 

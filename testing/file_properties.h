@@ -8,7 +8,7 @@
 
 #include "base/encoding.h"
 #include "base/text.h"
-#include "platform/profile_text.h"
+#include "platform/profile.h"
 #include "settings/settings.h"
 #include "settings/settings_table.h"
 #include "test_host.h"

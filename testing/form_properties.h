@@ -5,7 +5,6 @@
 #include <string_view>
 
 #include "base/encoding.h"
-#include "gateway/spotlite_answer.h"
 #include "gateway/spotlite_form.h"
 #include "gateway/spotlite_submission.h"
 #include "gateway_story.h"

@@ -1,7 +1,6 @@
 // Which alerts a spot belongs to, and why.
 #include <gtest/gtest.h>
 
-#include "alerts/match_explanation.h"
 #include "alerts/matching.h"
 #include "base/text.h"
 #include "radio/dates.h"

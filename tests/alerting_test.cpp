@@ -5,8 +5,6 @@
 
 #include "spot_builder.h"
 #include "test_host.h"
-#include "ui/sound_buttons.h"
-#include "ui/sound_choice.h"
 #include "ui/sound_decision.h"
 
 namespace brelwin {

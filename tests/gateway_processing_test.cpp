@@ -5,7 +5,7 @@
 
 #include <algorithm>
 
-#include "gateway/exclusion.h"
+#include "gateway/gateway_gates.h"
 #include "gateway_story.h"
 #include "spots/spot_text.h"
 

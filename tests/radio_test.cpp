@@ -8,7 +8,7 @@
 #include "radio/dates.h"
 #include "radio/frequency.h"
 #include "radio/numbers.h"
-#include "radio/url_encode.h"
+#include "radio/web_address.h"
 #include "radio_properties.h"
 #include "random_text.h"
 #include "test_world.h"

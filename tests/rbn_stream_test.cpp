@@ -4,7 +4,6 @@
 #include "rbn/open_connection.h"
 #include "rbn/socket_events.h"
 #include "rbn/stream.h"
-#include "rbn/stream_watchdog.h"
 #include "test_host.h"
 
 namespace brelwin {

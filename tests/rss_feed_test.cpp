@@ -4,7 +4,7 @@
 #include "feed_properties.h"
 #include "feed_text.h"
 #include "random_text.h"
-#include "spots/rss_feed_reader.h"
+#include "spots/rss_feed.h"
 #include "spots/spot_title.h"
 #include "test_host.h"
 

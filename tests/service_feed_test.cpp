@@ -2,11 +2,11 @@
 #include <gtest/gtest.h>
 
 #include "feed_properties.h"
-#include "intake/service_listing.h"
+#include "intake/service_intake.h"
 #include "radio/dates.h"
 #include "random_text.h"
-#include "spots/service_feed_text.h"
-#include "spots/service_schedule.h"
+#include "spots/service_client.h"
+#include "spots/service_feed.h"
 #include "spots/service_terms.h"
 
 namespace brelwin {

@@ -9,9 +9,9 @@
 #include "core/scrambling.h"
 #include "faulty_files.h"
 #include "file_properties.h"
-#include "platform/profile_text.h"
-#include "settings/box_warnings.h"
+#include "platform/profile.h"
 #include "settings/settings.h"
+#include "settings/settings_notices.h"
 #include "settings/settings_table.h"
 #include "test_host.h"
 

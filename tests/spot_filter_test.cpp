@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "controls/logs_tab.h"
+#include "controls/screen.h"
 #include "spot_builder.h"
 #include "test_host.h"
 #include "ui/spot_filtering.h"

@@ -4,7 +4,6 @@
 #include <random>
 
 #include "form_properties.h"
-#include "gateway/spotlite_answer.h"
 #include "gateway/spotlite_form.h"
 #include "gateway/submission_status.h"
 

@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "gateway/login_test.h"
+#include "gateway/tab_rules.h"
 #include "gateway_story.h"
 
 namespace brelwin {

@@ -4,8 +4,7 @@
 #include "base/text.h"
 #include "feed_properties.h"
 #include "random_text.h"
-#include "spots/twitter_answer.h"
-#include "spots/twitter_feed_reader.h"
+#include "spots/twitter_feed.h"
 #include "test_host.h"
 
 namespace brelwin {

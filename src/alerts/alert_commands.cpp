@@ -10,8 +10,8 @@
 #include "alerts/alerts_report.h"
 #include "alerts/matching.h"
 #include "alerts/modifications.h"
-#include "alerts/spot_alert.h"
-#include "alerts/withdrawal.h"
+#include "alerts/page_markup.h"
+#include "alerts/sota_alert.h"
 #include "base/text.h"
 #include "core/data_files.h"
 #include "core/file_names.h"
@@ -20,6 +20,37 @@
 #include "radio/dates.h"
 
 namespace brelwin {
+
+namespace {
+
+std::string OneLine(const std::string& text) {
+  const auto line = WithBlanks(text);
+  return std::string(Trim(line));
+}
+
+}  // namespace
+
+SOTAAlert AlertOfSpot(const Spot& spot, const Clock& clock) {
+  SOTAAlert alert;
+  SetAlertDateAndTime(alert, spot.UTCDateTime.value_or(UTCNow(clock)));
+  alert.UTCAlertTimeStr = ClockText(*alert.UTCAlertDateAndTime);
+  alert.IsSelfSpotAlert = true;
+  alert.Comment = OneLine(spot.Comment);
+  alert.FrequencyModes = OneLine(spot.FrequencyString + " " + spot.ModeString);
+  alert.OperatorName = OneLine(spot.OperatorName);
+  alert.Spotter = OneLine(spot.Spotter);
+  alert.Station = OneLine(spot.Station);
+  alert.stationBaseCallsign = OneLine(spot.stationBaseCallsign);
+  alert.SummitDesignator = OneLine(spot.SummitDesignator);
+  alert.SummitName = OneLine(spot.SummitName);
+  alert.SummitElevationInMeters = spot.SummitElevationInMeters;
+  alert.SummitElevationInFeet = spot.SummitElevationInFeet;
+  alert.SummitPoints = spot.SummitPoints;
+  alert.SummitDescription = OneLine(spot.SummitDescription);
+  alert.AlertKey = alert.ID = SpotAlertKey(alert);
+  return alert;
+}
+
 namespace {
 
 constexpr std::string_view Procedure = "GetSotawatchSpots";

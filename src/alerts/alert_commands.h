@@ -1,17 +1,22 @@
-// Alert commands: an activator's spot of himself, or a trusted spotter's spot of him, replaces his announced
-// alerts by one for the time of the spot, or, with an opt-out word in its comment, removes them.
+// Alert commands: an activator's spot of himself, or a trusted spotter's spot of him, replaces his
+// announced alerts by one for the time of the spot, or, with an opt-out word in its comment, removes them.
 #pragma once
 
 #include <functional>
 
 #include "alerts/alert_collection.h"
 #include "alerts/command_memory.h"
-#include "alerts/waiting_commands.h"
+#include "alerts/sota_alert.h"
+#include "platform/clock.h"
 #include "platform/host.h"
 #include "spots/spot.h"
 #include "spots/spot_filter.h"
 
 namespace brelwin {
+
+// For the time of the spot, or the present one for a spot without a time; without a window of its own. Its
+// texts are single lines.
+SOTAAlert AlertOfSpot(const Spot& spot, const Clock& clock);
 
 // What commands act on.
 struct AlertCommandScene {

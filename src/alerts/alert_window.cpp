@@ -8,7 +8,7 @@
 #include "base/text.h"
 #include "core/data_files.h"
 #include "core/file_names.h"
-#include "platform/profile_text.h"
+#include "platform/profile.h"
 #include "radio/numbers.h"
 
 namespace brelwin {

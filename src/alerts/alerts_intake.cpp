@@ -1,9 +1,8 @@
 #include "alerts/alerts_intake.h"
 
-#include "alerts/alert_key.h"
 #include "alerts/alert_window.h"
 #include "alerts/modifications.h"
-#include "alerts/withdrawal.h"
+#include "alerts/sota_alert.h"
 #include "core/event_log.h"
 #include "radio/callsign.h"
 #include "radio/dates.h"

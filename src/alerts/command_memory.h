@@ -1,12 +1,17 @@
-// Which alert commands have been acted on. A command is acted on once, also when the feed delivers it again
-// or the program is started anew. The newest one is known by its time; those whose spots have no time are
-// known by their texts, one a line of "SOTAAlertCommandsUndated.txt".
+// Which alert commands have been acted on, once each, also when the feed delivers them again or the program
+// is started anew, and which wait for the alerts they are about, in the order of their spots. The newest
+// one acted on is known by its time; those whose spots have no time are known by their texts, one a line of
+// "SOTAAlertCommandsUndated.txt"; the waiting ones are the lines of "SOTAAlertCommandsWaiting.txt", each
+// the delimited data of the alert that its spot makes.
 #pragma once
 
 #include <functional>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "alerts/sota_alert.h"
+#include "base/keyed_collection.h"
 #include "core/line_file.h"
 #include "platform/host.h"
 #include "spots/spot.h"
@@ -56,6 +61,33 @@ class CommandMemory {
   LineFile undatedFile_;
   bool isUndatedSaved_ = true;
   KeyedCollection<bool> undated_;  // keyed by lines of the file, the newest first
+};
+
+class WaitingCommands {
+ public:
+  explicit WaitingCommands(Host& host);
+
+  bool Empty();
+
+  // Adds the command at the end, unless the same one waits already.
+  void Add(const SOTAAlert& command);
+
+  // All of them, which do not wait any longer, but for those that are a day old: the alerts around their time
+  // are over, and the log says that they were not kept.
+  std::vector<SOTAAlert> TakeAll();
+
+  // Makes the file say what waits, without those that are a day old. True when it does.
+  bool Save();
+
+ private:
+  void LoadOnce();
+  void DropOld();
+
+  Host& host_;
+  LineFile file_;
+  bool isLoaded_ = false;
+  bool isSaved_ = true;
+  KeyedCollection<SOTAAlert> commands_;  // by their delimited data
 };
 
 }  // namespace brelwin

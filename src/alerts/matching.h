@@ -1,5 +1,5 @@
-// Whether a spot belongs to an announced activation: the base callsigns are equal and the spot's time lies in
-// the alert's window.
+// Whether a spot belongs to an announced activation: the base callsigns are equal and the spot's time lies
+// in the alert's window. In words for the user, why or why not.
 #pragma once
 
 #include <cstdint>
@@ -54,5 +54,24 @@ AlertMatches MatchAlerts(std::string_view baseCallsign, DateTime utc, bool defau
 // does. Empty for a match that holds anyway, and for no match.
 std::string ReferenceThatMatches(const SOTAAlert& alert, DateTime utc, std::int32_t otherwiseBefore,
                                  const SpotFilter& filter);
+
+enum class MatchVerdict : std::uint8_t {
+  Matched,        // the spot lies in the alert's window
+  OutsideWindow,  // the station has alerts, all at another time
+  Withdrawn,      // the alert it would match was cancelled, opted out or removed
+  OtherStation    // no alert is the station's
+};
+
+struct MatchExplanation {
+  MatchVerdict Verdict = MatchVerdict::OtherStation;
+  AlertPointer Alert;               // the alert that decided; null for OtherStation
+  AlertWindow Window;               // its window, in minutes
+  std::int64_t MinutesOutside = 0;  // of that window; 0 for a match and for an alert without a time
+  std::string Text;                 // one sentence
+};
+
+// Explains a spot of the station that was heard at `utc`. It decides exactly as the matching does.
+MatchExplanation ExplainMatch(std::string_view baseCallsign, DateTime utc, const AlertCollection& alerts,
+                              const SpotFilter& filter);
 
 }  // namespace brelwin

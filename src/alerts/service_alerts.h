@@ -1,16 +1,30 @@
-// The announcements of the JSON service, taken into the alerts of the program in the same way as those of the
-// alerts page.
+// The announcements of the JSON service: read from its rows, and taken into the alerts of the program in
+// the same way as those of the page.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "alerts/alerts_intake.h"
-#include "alerts/service_alert_rows.h"
+#include "alerts/alerts_page_reader.h"
 #include "spots/service_client.h"
 
 namespace brelwin {
+
+struct ServiceAlertsSummary {
+  AlertsPageSummary Found;          // HasDays: whether it is whole and holds a row that can be read
+  bool IsWhole = false;             // whether it is a list that ends
+  bool SaysGone = false;            // whether it holds a row by which the service says that it is given up
+  std::vector<std::string> Broken;  // beginnings of the first few rows that could not be read
+};
+
+// Reads a list, hostile or cut as it may be, and hands over its activations in the order of their times, as
+// the alerts page has them, with the same bound of how far ahead they are.
+ServiceAlertsSummary ReadServiceAlerts(std::string_view answer, const PageReadRequest& request,
+                                       const ActivationTaker& take);
 
 class ServiceAlerts {
  public:

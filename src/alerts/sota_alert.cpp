@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <array>
 #include <limits>
+#include <string>
 
+#include "base/encoding.h"
 #include "base/text.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
 
 namespace brelwin {
+
 namespace {
 
 constexpr std::size_t FieldCount = 13;
@@ -118,6 +121,49 @@ bool SetDelimitedData(SOTAAlert& alert, std::string_view line) {
   if (fields.size() > 11) alert.IsSelfSpotAlert = Truncated(fields[11]) != 0;
   if (complete) alert.ID = alert.AlertKey = fields[12];
   return complete;
+}
+
+namespace {
+
+constexpr std::size_t CommentLength = 10;
+
+std::string PageKey(const SOTAAlert& alert, std::string_view lastPart) {
+  const auto& time = alert.UTCAlertDateAndTime;
+  std::string key = time ? DateTimeText(*time) : std::string();
+  key.append("_").append(alert.stationBaseCallsign).append("_").append(alert.SummitDesignator);
+  key.append("_").append(lastPart);
+  return DelimitedField(key);
+}
+
+}  // namespace
+
+std::string CustomWindowKey(const SOTAAlert& alert) {
+  return PageKey(alert, "!CUSTOM_WINDOW!");
+}
+
+std::string CommentKey(const SOTAAlert& alert) {
+  auto letters = alert.Comment;
+  std::erase(letters, ' ');
+  return PageKey(alert, FirstCharacters(letters, CommentLength));
+}
+
+std::string SpotAlertKey(const SOTAAlert& alert) {
+  const auto& time = alert.UTCAlertDateAndTime;
+  std::string key = "!SPOT_ALERT!_";
+  key.append(time ? CompactMinutesText(*time) : std::string());
+  key.append("_").append(alert.stationBaseCallsign).append("_").append(alert.SummitDesignator);
+  return DelimitedField(key);
+}
+
+bool HoldsCancellation(std::string_view comment) {
+  const auto upper = UpperCase(comment);
+  return Contains(upper, "CANCELLED") || Contains(upper, "CANCELED");
+}
+
+bool HoldsOptOutWord(std::string_view comment) {
+  auto upper = UpperCase(comment);
+  std::erase(upper, ' ');
+  return Contains(upper, "RBNN") || Contains(upper, "NOTARNLINK");
 }
 
 }  // namespace brelwin

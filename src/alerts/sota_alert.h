@@ -1,5 +1,6 @@
 // One announced activation: a station, a summit, a time and the window around it in which a spot counts as
-// this activation. Alerts travel through the modifications file as one line of delimited data.
+// this activation; the keys by which it is known from one reading of the page to the next, and the words by
+// which it is withdrawn. Alerts travel through the modifications file as one line of delimited data.
 #pragma once
 
 #include <cstdint>
@@ -67,5 +68,21 @@ void SetAlertDate(SOTAAlert& alert, std::optional<DateTime> date);
 
 // Sets all date and time fields but the time's text.
 void SetAlertDateAndTime(SOTAAlert& alert, DateTime time);
+
+// Time, base callsign and summit of an alert with a window of its own.
+std::string CustomWindowKey(const SOTAAlert& alert);
+
+// The same with the first 10 characters of the comment, blanks left out: an activator who edits the beginning
+// of the comment makes a new alert.
+std::string CommentKey(const SOTAAlert& alert);
+
+// Of an alert that a spot made.
+std::string SpotAlertKey(const SOTAAlert& alert);
+
+// "CANCELLED" or "CANCELED", in any letter case.
+bool HoldsCancellation(std::string_view comment);
+
+// "RBNN" or "NOTARNLINK", in any letter case and with blanks anywhere.
+bool HoldsOptOutWord(std::string_view comment);
 
 }  // namespace brelwin

@@ -5,7 +5,6 @@
 
 #include "console/spot_printer.h"
 #include "console/stderr_dialogs.h"
-#include "qt/ports/application_start.h"
 #include "qt/ports/line_output.h"
 #include "qt/ports/program_run.h"
 #include "qt/ports/quit_signals.h"

@@ -6,7 +6,7 @@
 #include "base/text.h"
 #include "core/data_files.h"
 #include "core/trap.h"
-#include "platform/profile_text.h"
+#include "platform/profile.h"
 
 namespace brelwin {
 namespace {

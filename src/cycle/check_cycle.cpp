@@ -10,7 +10,7 @@
 #include "cycle/source_status.h"
 #include "cycle/start_up.h"
 #include "radio/numbers.h"
-#include "ui/filter_from_screen.h"
+#include "ui/spot_filtering.h"
 
 namespace brelwin {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "base/observable.h"
-#include "controls/form.h"
+#include "controls/screen.h"
 #include "platform/clock.h"
 #include "platform/event_queue.h"
 

@@ -16,12 +16,11 @@
 #include "cycle/spot_details.h"
 #include "cycle/spots_source.h"
 #include "cycle/streams.h"
-#include "gateway/login_test.h"
-#include "radio/url_encode.h"
+#include "gateway/tab_rules.h"
+#include "radio/web_address.h"
 #include "rbn/stream.h"
 #include "ui/alerting.h"
-#include "ui/filter_from_screen.h"
-#include "ui/sound_buttons.h"
+#include "ui/spot_filtering.h"
 
 namespace brelwin {
 namespace {

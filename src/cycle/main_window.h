@@ -22,9 +22,9 @@
 #include "platform/stall_watch.h"
 #include "rbn/connection.h"
 #include "rbn/recent_spots.h"
-#include "settings/box_warnings.h"
 #include "settings/configuration.h"
 #include "settings/settings.h"
+#include "settings/settings_notices.h"
 #include "spots/service_client.h"
 #include "spots/spot.h"
 

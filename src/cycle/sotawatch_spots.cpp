@@ -10,7 +10,7 @@
 #include "cycle/spots_source.h"
 #include "spots/spot_collections.h"
 #include "ui/alerting.h"
-#include "ui/filter_from_screen.h"
+#include "ui/spot_filtering.h"
 
 namespace brelwin {
 namespace {

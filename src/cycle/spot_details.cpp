@@ -1,8 +1,8 @@
 #include "cycle/spot_details.h"
 
-#include "alerts/match_explanation.h"
+#include "alerts/matching.h"
 #include "radio/dates.h"
-#include "ui/filter_from_screen.h"
+#include "ui/spot_filtering.h"
 
 namespace brelwin {
 namespace {

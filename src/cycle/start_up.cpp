@@ -16,7 +16,7 @@
 #include "cycle/spot_list_display.h"
 #include "cycle/spots_source.h"
 #include "cycle/streams.h"
-#include "gateway/exclusion.h"
+#include "gateway/gateway_gates.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
 #include "rbn/stream.h"

@@ -3,11 +3,11 @@
 #include <algorithm>
 
 #include "alerts/alert_commands.h"
-#include "alerts/withdrawal.h"
+#include "alerts/sota_alert.h"
 #include "radio/callsign.h"
 #include "radio/frequency.h"
-#include "spots/rss_feed_reader.h"
-#include "spots/service_feed_reader.h"
+#include "spots/rss_feed.h"
+#include "spots/service_feed.h"
 #include "spots/service_terms.h"
 #include "spots/spot_collections.h"
 

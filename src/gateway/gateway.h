@@ -4,11 +4,10 @@
 #include <string>
 #include <vector>
 
-#include "controls/gateway_tab.h"
-#include "controls/rbn_tab.h"
+#include "controls/screen.h"
 #include "gateway/gateway_journal.h"
+#include "gateway/http_control.h"
 #include "gateway/posted_spots.h"
-#include "gateway/spotlite_transfer.h"
 #include "platform/host.h"
 #include "platform/stall_watch.h"
 #include "settings/configuration.h"

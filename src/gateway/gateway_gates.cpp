@@ -1,6 +1,26 @@
 #include "gateway/gateway_gates.h"
 
+#include "gateway/gateway_settings.h"
+#include "gateway/rbn_spot_submission.h"
+#include "radio/callsign.h"
+
 namespace brelwin {
+
+void ExcludeActivator(CallsignCollection& excluded, std::string_view entry) {
+  excluded.Add(std::string(entry), GetBaseCallsign(entry));
+  const auto callsign = entry.substr(0, entry.find_first_of(" \t&,;"));
+  for (const auto& form : CallsignForms(callsign)) excluded.Add(std::string(entry), form);
+}
+
+std::string ExcludingEntry(const CallsignCollection& excluded, const Spot& spot) {
+  if (excluded.Empty()) return {};
+  if (const auto* entry = excluded.Find(spot.stationBaseCallsign)) return *entry;
+  for (const auto& form : CallsignForms(spot.Station)) {
+    if (const auto* entry = excluded.Find(form)) return *entry;
+  }
+  return {};
+}
+
 namespace {
 
 constexpr GatewayVerdict Refuse(GatewayReason reason) {
@@ -57,6 +77,26 @@ GatewayVerdict DecideGatewaySpot(const GatewayFacts& facts) {
     if (const auto verdict = gate(facts)) return *verdict;
   }
   return {GatewayDecision::Send, GatewayReason::None};
+}
+
+GatewayFacts FactsOfNow(const Gateway& gateway, const Spot& spot, const PassBeginning& beginning) {
+  const auto sender = SenderFromScreen(gateway.Tab, gateway.RBN);
+  GatewayFacts facts;
+  facts.IsGatewaySpot = IsGatewaySpot(spot);
+  facts.IsFromBeforeAStall = gateway.Stalls.HasStalledSince(beginning.HeardSince, gateway.World.Time.Now());
+  facts.IsSwitchedOn = sender.IsSwitchedOn();
+  facts.HasLogin = sender.HasLogin();
+  facts.ExcludedBy = ExcludingEntry(gateway.ExcludedActivators, spot);
+  facts.IsOwnStation = spot.stationBaseCallsign == sender.OwnBaseCallsign;
+  facts.SendsEveryone = sender.SendsEveryone;
+  facts.WasForEveryone = beginning.WasForEveryone;
+  facts.WindowReference = spot.WindowReference;
+  return facts;
+}
+
+bool MayGo(const Gateway& gateway, const Spot& spot, const PassBeginning& beginning) {
+  return DecideGatewaySpot(FactsOfNow(gateway, spot, beginning)).Decision ==
+         GatewayDecision::LookAtCurrentSpots;
 }
 
 }  // namespace brelwin

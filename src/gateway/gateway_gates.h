@@ -1,14 +1,24 @@
-// Whether a skimmer's spot is sent on to Sotawatch: the gates in their order, as one pure function. What has
-// not been looked at yet is asked for, so that waiting and fetching stay outside.
+// Whether a skimmer's spot is sent on to Sotawatch: the gates in their order, as one pure function, and the
+// facts that they ask for. What has not been looked at yet is asked for, so that waiting and fetching stay
+// outside. The user's list of excluded activators reaches them whatever they put around their callsign.
 #pragma once
 
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "gateway/duplicate_search.h"
+#include "gateway/gateway.h"
+#include "spots/spot.h"
 
 namespace brelwin {
+
+// Adds an entry of the list, as the user wrote it, under every callsign that it may stand for.
+void ExcludeActivator(CallsignCollection& excluded, std::string_view entry);
+
+// The entry that excludes the spot's station; empty when none does.
+std::string ExcludingEntry(const CallsignCollection& excluded, const Spot& spot);
 
 struct GatewayFacts {
   bool IsGatewaySpot = false;
@@ -60,5 +70,17 @@ GatewayVerdict DecideGatewaySpot(const GatewayFacts& facts);
 
 // Whether the station was sent less than the minimum ago.
 bool IsSentTooRecently(const GatewayFacts& facts);
+
+// What a pass of the gateway began with.
+struct PassBeginning {
+  bool WasForEveryone = false;
+  Instant HeardSince;  // when the connection was made on which its spots were heard
+};
+
+GatewayFacts FactsOfNow(const Gateway& gateway, const Spot& spot, const PassBeginning& beginning);
+
+// Whether the spot would be sent as far as these facts go. It changes with a click, so it is asked wherever
+// something was waited for.
+bool MayGo(const Gateway& gateway, const Spot& spot, const PassBeginning& beginning);
 
 }  // namespace brelwin

@@ -1,11 +1,39 @@
 #include "gateway/gateway_journal.h"
 
+#include <memory>
 #include <utility>
 
 #include "base/line_text.h"
+#include "core/data_files.h"
+#include "core/file_names.h"
 #include "radio/dates.h"
+#include "spots/spot_log.h"
 
 namespace brelwin {
+
+namespace {
+
+SpotPointer WithLogLines(const GatewayLogSpot& spot) {
+  auto copy = std::make_shared<Spot>(spot.TheSpot);
+  copy->LogLinePreceeding = spot.LogLinePreceeding;
+  copy->LogLineFollowing = spot.LogLineFollowing;
+  return copy;
+}
+
+}  // namespace
+
+std::string DashLine(std::size_t dashes) {
+  std::string line = " ";
+  for (std::size_t dash = 0; dash < dashes; ++dash) line.append("- ");
+  return line;
+}
+
+void WriteGatewayLogEntry(Host& host, std::initializer_list<GatewayLogSpot> spots) {
+  SpotCollection entry;
+  for (const auto& spot : spots) entry.Add(WithLogLines(spot), {});
+  WriteSpotsToLogFile(host, entry, InProgramFolder(host, GatewaySpotLogFile), TextLogFormat);
+}
+
 namespace {
 
 constexpr auto LongestAge = std::chrono::hours(12);

@@ -1,14 +1,35 @@
-// What the gateway decided in the last hours, in words: for the user to read on the Gateway tab.
+// What the gateway wrote down: the spot log in its file, and the journal of the last hours on the Gateway
+// tab.
 #pragma once
 
 #include <deque>
+#include <initializer_list>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/date_time.h"
 #include "platform/clock.h"
+#include "platform/host.h"
+#include "spots/spot.h"
 
 namespace brelwin {
+
+// " - - ... - ", with that many dashes.
+std::string DashLine(std::size_t dashes);
+
+inline constexpr std::size_t ShortSeparatorDashes = 26;
+inline constexpr std::size_t LongSeparatorDashes = 41;
+
+struct GatewayLogSpot {
+  const Spot& TheSpot;
+  std::string_view LogLinePreceeding;
+  std::string_view LogLineFollowing;
+};
+
+// Appends the entry to "GatewaySpotLog.txt". The spots themselves keep no trace of it: their log lines would
+// reach the user's own logs.
+void WriteGatewayLogEntry(Host& host, std::initializer_list<GatewayLogSpot> spots);
 
 struct GatewayJournalEntry {
   Instant When;

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "gateway/gateway.h"
-#include "gateway/gateway_values.h"
+#include "gateway/gateway_settings.h"
 
 namespace brelwin {
 

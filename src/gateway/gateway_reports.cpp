@@ -5,7 +5,7 @@
 
 #include "core/event_log.h"
 #include "core/wave_file.h"
-#include "gateway/gateway_log.h"
+#include "gateway/gateway_journal.h"
 #include "radio/numbers.h"
 #include "spots/spot_text.h"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 
 #include "gateway/gateway_gates.h"
-#include "gateway/gateway_values.h"
+#include "gateway/gateway_settings.h"
 #include "gateway/submission_status.h"
 #include "platform/host.h"
 

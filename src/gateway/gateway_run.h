@@ -8,9 +8,8 @@
 #include <vector>
 
 #include "gateway/gateway.h"
-#include "gateway/gateway_facts.h"
-#include "gateway/gateway_sender.h"
-#include "gateway/gateway_values.h"
+#include "gateway/gateway_gates.h"
+#include "gateway/gateway_settings.h"
 #include "gateway/submission_status.h"
 
 namespace brelwin {

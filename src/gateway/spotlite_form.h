@@ -1,4 +1,5 @@
-// The form by which a spot is posted: what it needs, what it cannot carry, and its body.
+// The form by which a spot is posted: what it needs, what it cannot carry, its body, and what the server's
+// page says about it.
 #pragma once
 
 #include <cstdint>
@@ -46,5 +47,10 @@ std::string SpotliteFormBody(const SpotliteForm& form);
 
 // Why a spot was not posted, in words; empty for None.
 std::string_view FormRefusalText(FormRefusal refusal);
+
+// Accepted when the page does not speak of failure and shows the callsign, frequency, mode and comment of the
+// form; unrecognised when one of them is missing; else the status of the failure that it names. Letter case
+// matters.
+std::int32_t ClassifySpotliteAnswer(std::string_view page, const SpotliteForm& form);
 
 }  // namespace brelwin

@@ -7,12 +7,11 @@
 #include "core/event_log.h"
 #include "core/file_names.h"
 #include "core/trap.h"
-#include "gateway/gateway_log.h"
-#include "gateway/spotlite_answer.h"
+#include "gateway/gateway_journal.h"
 #include "gateway/spotlite_form.h"
 #include "platform/wait.h"
 #include "radio/dates.h"
-#include "settings/built_in_addresses.h"
+#include "settings/configuration.h"
 
 namespace brelwin {
 namespace {

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string_view>
 
-#include "gateway/spotlite_transfer.h"
+#include "gateway/http_control.h"
 #include "gateway/submission_status.h"
 #include "platform/host.h"
 #include "settings/configuration.h"

@@ -1,4 +1,5 @@
-// The rules of the Gateway tab: who may switch the gateway on, and what the user is warned of in words.
+// The rules of the Gateway tab: who may switch the gateway on, what the user is warned of, and the button
+// that tries the Sotawatch login out.
 #pragma once
 
 #include <string>
@@ -6,8 +7,8 @@
 #include <vector>
 
 #include "base/observable.h"
-#include "controls/gateway_tab.h"
-#include "controls/rbn_tab.h"
+#include "controls/screen.h"
+#include "gateway/gateway.h"
 #include "platform/host.h"
 #include "settings/configuration.h"
 
@@ -47,5 +48,10 @@ class GatewayTabWords {
  private:
   std::vector<Watch> watches_;
 };
+
+// Posts a spot that the server refuses after it has checked the login, so nothing is ever spotted, waits for
+// the answer, yielding to the event queue, and tells the user in a message box. Refused in words while a
+// submission is under way.
+void cmdTestSotawatchLogin_Click(Gateway& gateway);
 
 }  // namespace brelwin

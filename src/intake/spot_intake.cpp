@@ -11,10 +11,10 @@
 #include "intake/delivered_spots.h"
 #include "platform/wait.h"
 #include "radio/frequency.h"
-#include "spots/rss_feed_reader.h"
+#include "spots/rss_feed.h"
 #include "spots/service_terms.h"
 #include "spots/spot_collections.h"
-#include "spots/twitter_feed_reader.h"
+#include "spots/twitter_feed.h"
 
 namespace brelwin {
 namespace {

@@ -7,8 +7,8 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/environment.h"
 #include "platform/system_error.h"
+#include "platform/system_information.h"
 
 namespace brelwin {
 namespace {

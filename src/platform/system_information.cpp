@@ -2,7 +2,15 @@
 
 #include <sys/utsname.h>
 
+#include <cstdlib>
+
 namespace brelwin {
+
+std::optional<std::string> EnvironmentVariable(const std::string& name) {
+  const char* value = std::getenv(name.c_str());
+  if (value == nullptr) return {};
+  return std::string(value);
+}
 
 SystemInformation ReadSystemInformation() {
   utsname names{};

@@ -1,9 +1,13 @@
-// On what system the program runs, for support.
+// On what system the program runs, and the environment variables it was started with.
 #pragma once
 
+#include <optional>
 #include <string>
 
 namespace brelwin {
+
+// The value of the variable; empty when it is not set. A variable set to nothing gives an empty text.
+std::optional<std::string> EnvironmentVariable(const std::string& name);
 
 struct SystemInformation {
   std::string Type;     // such as "Linux"

@@ -12,6 +12,14 @@
 
 namespace brelwin {
 
+// The three-letter name of a month, 1 to 12: "Nov".
+std::string_view ShortMonthName(int month);
+
+// The month, 1 to 12, of a name in any letter case; empty when it is none.
+std::optional<int> MonthOfName(std::string_view name);
+
+bool IsWeekdayName(std::string_view name);
+
 // Reads "2026-11-24 10:00[:00]" (also with "T" between), "24 Nov 2026 10:00:00", "24 November 2026",
 // "Nov 24 2026 10:00:00", "Tue, 24 Nov 2026 10:00:00", "10:00" and "10:00:00". A date alone is its midnight;
 // a time alone is that time on 30 December 1899. A time may be followed by a zone ("+0100", "-05:30", "UT",

@@ -1,7 +1,10 @@
-// The one connection to the Reverse Beacon Network, and in what stage it is.
+// The one connection to the Reverse Beacon Network, in what stage it is, and its sockets by index: one that
+// hangs is left for a fresh one.
 #pragma once
 
 #include <cstdint>
+#include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -9,12 +12,30 @@
 #include "base/observable.h"
 #include "controls/screen.h"
 #include "platform/host.h"
+#include "platform/socket_control.h"
 #include "rbn/line_buffer.h"
 #include "rbn/stream_status.h"
-#include "rbn/winsock_array.h"
 #include "settings/configuration.h"
 
 namespace brelwin {
+
+class WinsockArray {
+ public:
+  explicit WinsockArray(SocketControls& controls) : controls_(controls) {}
+
+  // A new, closed socket under the index.
+  SocketControl& Load(std::int32_t index) { return *(sockets_[index] = controls_.Create()); }
+
+  // Ends the socket and its connection.
+  void Unload(std::int32_t index) { sockets_.erase(index); }
+
+  // The loaded socket; std::out_of_range when there is none.
+  SocketControl& operator[](std::int32_t index) const { return *sockets_.at(index); }
+
+ private:
+  SocketControls& controls_;
+  std::map<std::int32_t, std::unique_ptr<SocketControl>> sockets_;
+};
 
 // What the connection sees of the screen.
 struct RBNControls {

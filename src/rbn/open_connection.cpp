@@ -7,7 +7,7 @@
 #include "core/trap.h"
 #include "platform/wait.h"
 #include "rbn/socket_events.h"
-#include "settings/built_in_addresses.h"
+#include "settings/configuration.h"
 
 namespace brelwin {
 namespace {

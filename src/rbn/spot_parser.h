@@ -7,12 +7,24 @@
 #include <vector>
 
 #include "alerts/alert_collection.h"
+#include "base/date_time.h"
 #include "platform/host.h"
 #include "rbn/recent_spots.h"
+#include "rbn/spot_line.h"
+#include "rbn/spot_rules.h"
 #include "spots/spot.h"
 #include "spots/spot_filter.h"
 
 namespace brelwin {
+
+// Where and when the line was received.
+struct LineReceipt {
+  std::int32_t RunningNumber = 0;  // of the handled lines of the block, from 1
+  std::size_t PieceNumber = 0;     // of the text between two line starts, from 1
+  DateTime LocalNow;
+};
+
+SpotPointer BuildRBNSpot(SpotLine& line, LineFacts& facts, const LineReceipt& receipt);
 
 // Adds the wanted spots of the block to `newSpots`, in the order of its lines, each under its ID, and
 // remembers them as recent ones. A block that does not begin with "DX de" is ignored whole. Spots of stations

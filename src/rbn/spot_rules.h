@@ -8,7 +8,6 @@
 #include "alerts/alert_collection.h"
 #include "rbn/recent_spots.h"
 #include "rbn/spot_line.h"
-#include "spots/filter_list.h"
 #include "spots/spot.h"
 #include "spots/spot_filter.h"
 

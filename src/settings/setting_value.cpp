@@ -7,7 +7,6 @@
 #include "core/ini_utilities.h"
 #include "core/scrambling.h"
 #include "platform/profile.h"
-#include "platform/profile_text.h"
 #include "radio/numbers.h"
 
 namespace brelwin {

@@ -7,9 +7,9 @@
 #include "base/text.h"
 #include "core/event_log.h"
 #include "core/trap.h"
-#include "platform/profile_text.h"
-#include "settings/file_notices.h"
+#include "platform/profile.h"
 #include "settings/setting_value.h"
+#include "settings/settings_notices.h"
 
 namespace brelwin {
 namespace {

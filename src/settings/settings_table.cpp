@@ -2,7 +2,7 @@
 
 #include "core/version.h"
 #include "platform/system_information.h"
-#include "settings/built_in_addresses.h"
+#include "settings/configuration.h"
 
 namespace brelwin {
 namespace {

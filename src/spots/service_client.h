@@ -1,19 +1,58 @@
-// Asks the JSON service for one of its lists: first for the list's epoch, a text that is another one whenever
-// the list is, and for the list itself only when there is something new in it.
+// Asks the JSON service for one of its lists: first for the list's epoch, a text that is another one
+// whenever the list is, and for the list itself only when there is something new in it. It asks once a
+// minute at most, less often while it fails, and not before the service itself wants to be asked again.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
+#include <functional>
 #include <map>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
-#include "core/page_fetch.h"
+#include "core/internet_transfer.h"
+#include "platform/clock.h"
 #include "platform/host.h"
-#include "spots/service_schedule.h"
 
 namespace brelwin {
+
+class ServiceSchedule {
+ public:
+  using Random = std::function<double()>;  // evenly spread, from 0 to below 1
+
+  explicit ServiceSchedule(Random random) : random_(std::move(random)) {}
+
+  // Whether the service may be asked; and from when on, empty while that is at once.
+  bool MayAsk(Instant now) const;
+  std::optional<Instant> NextAsk(Instant now) const;
+
+  // Whether a single question may be put beside the schedule. Only the service's own wish stands against it.
+  bool MayAskBeside(Instant now) const { return now >= refusedUntil_; }
+
+  // Whether it is time for the whole list, which tells what has been deleted.
+  bool IsWholeListDue(Instant now) const;
+
+  // A round of questions begins; it was answered as it should; it failed, and the service may have said how
+  // long it wants to be left alone.
+  void NoteAsked(Instant now);
+  void NoteSuccess() { failures_ = 0; }
+  void NoteFailure(Instant now, std::optional<std::chrono::seconds> retryAfter);
+
+  void NoteWholeList(Instant now) { wholeListAt_ = now; }
+
+  // The next round asks for the whole list.
+  void WantWholeList() { wholeListAt_.reset(); }
+
+ private:
+  Random random_;
+  Instant notBefore_ = Instant::min();
+  Instant refusedUntil_ = Instant::min();
+  std::optional<Instant> wholeListAt_;
+  int failures_ = 0;  // in a row
+};
 
 enum class ServiceOutcome : std::uint8_t {
   NotDue,     // nothing was asked

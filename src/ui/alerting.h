@@ -1,7 +1,7 @@
-// The alert: new spots play a sound, and may bring back a minimised window.
+// The alert: new spots play a sound, and may bring back a minimised window; two buttons try a sound out.
 #pragma once
 
-#include "controls/form.h"
+#include "controls/screen.h"
 #include "platform/host.h"
 #include "settings/configuration.h"
 #include "spots/spot_filter.h"
@@ -16,5 +16,9 @@ namespace brelwin {
 void AlertOnNewSpots(Host& host, const SpotCollection& newSpots, SpotFilter& filter,
                      const SpotCollection& spotList, const TestSettings* test, Form* window,
                      bool isFirstLoad);
+
+// Play the sounds that are named on the screen; what is wrong with them is shown in a message box.
+void cmdPlayAlertSound_Click(Host& host, const FiltersTab& filters);
+void cmdPlayGatewaySound_Click(Host& host, const GatewayTab& gateway);
 
 }  // namespace brelwin

@@ -1,12 +1,31 @@
-// Which new spots call for the alert sound: those that are news, down to the level that the user chose.
+// Which new spots call for the alert sound, down to the level that the user chose, and which file it plays:
+// one named after a station or a summit, where the user has put such files into the program's folder, or
+// else the common one.
 #pragma once
 
 #include <cstdint>
+#include <string>
+#include <string_view>
 #include <vector>
 
+#include "base/keyed_collection.h"
+#include "platform/host.h"
 #include "spots/spot.h"
 
 namespace brelwin {
+
+// What calls for the sound, newest first, keyed by itself.
+struct SoundCalls {
+  KeyedCollection<std::string> Callsigns;
+  KeyedCollection<std::string> SummitReferences;
+};
+
+// The first that exists of: "Q0ZZ.wav" when Q0ZZ is among the callsigns, the files of the callsigns
+// ("G4ABC.wav"), and those of the references and their beginnings (of W6/CT-001 "W6-CT-001.wav",
+// "W6-CT-00.wav" and so on down to "W.wav"); without any of them `alertSound`. The newest 200 calls are
+// looked at, and of a reference the first 32 characters. Callsigns come from outside: one that would lead out
+// of the folder names no file.
+std::string ChooseSoundFile(const Host& host, const SoundCalls& calls, std::string_view alertSound);
 
 inline constexpr std::int16_t NoSound = 0;
 inline constexpr std::int16_t SoundForEverySpot = 6;

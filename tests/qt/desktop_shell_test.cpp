@@ -1,4 +1,4 @@
-#include "qt/ports/desktop_shell.h"
+#include "qt/ports/desktop_host.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // Pages and forms over real connections: what goes out, what comes back, and what never happens twice.
-#include "qt/ports/qt_http_client.h"
+#include "qt/ports/qt_http_transfer.h"
 
 #include <gtest/gtest.h>
 

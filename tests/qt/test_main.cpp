@@ -4,7 +4,7 @@
 #include <QApplication>
 #include <memory>
 
-#include "qt/ports/application_start.h"
+#include "qt/ports/program_run.h"
 
 int main(int argumentCount, char** arguments) {
   ::testing::InitGoogleTest(&argumentCount, arguments);

@@ -1,14 +1,21 @@
-// What a reply of Qt's says: its status, its headers, and whether it is a whole answer.
+// What a reply of Qt's says: its status, its headers, and whether it is a whole answer. Qt tells of an
+// answer only when its head is complete, and of a compressed body only when something has come out of it;
+// the system counts every byte.
 #pragma once
 
 #include <QNetworkReply>
 #include <QUrl>
+#include <cstdint>
 #include <string>
 #include <vector>
 
 #include "platform/http.h"
 
 namespace brelwin {
+
+// How many bytes this process's open TCP connections to the port have received so far, of whatever they
+// carry; 0 where the system does not tell.
+std::uint64_t ReceivedBytes(std::uint16_t remotePort);
 
 // 0 when there is no answer.
 int StatusOf(const QNetworkReply& reply);

@@ -6,10 +6,9 @@
 #include "qt/ports/qt_http_reply.h"
 #include "qt/ports/qt_http_request.h"
 #include "qt/ports/qt_text.h"
-#include "qt/ports/received_bytes.h"
-#include "qt/ports/unrepeatable_body.h"
 
 namespace brelwin {
+
 namespace {
 
 // Taken in one go; a small compressed body may decompress to very many bytes, and the window is to stay
@@ -153,6 +152,10 @@ void QtHttpTransfer::DropClient() {
   }
   reply_.reset();
   client_.reset();
+}
+
+std::unique_ptr<HttpTransfer> QtHttpClient::Start(const HttpRequest& request) {
+  return std::make_unique<QtHttpTransfer>(request, proxies_);
 }
 
 }  // namespace brelwin

@@ -1,4 +1,5 @@
-// One request under way over Qt's HTTP client, from address to address until an answer is no redirect.
+// Pages and forms with Qt's HTTP client. Every request, and every redirect, has a client of its own:
+// nothing is kept from one to the next, neither connections that may have died meanwhile nor memory.
 #pragma once
 
 #include <QNetworkAccessManager>
@@ -53,6 +54,16 @@ class QtHttpTransfer final : public HttpTransfer {
   QTimer look_;
   std::unique_ptr<QNetworkAccessManager> client_;
   std::unique_ptr<QNetworkReply> reply_;
+};
+
+class QtHttpClient final : public HttpClient {
+ public:
+  explicit QtHttpClient(ProxySettings proxies) : proxies_(std::move(proxies)) {}
+
+  std::unique_ptr<HttpTransfer> Start(const HttpRequest& request) override;
+
+ private:
+  const ProxySettings proxies_;
 };
 
 }  // namespace brelwin

@@ -1,7 +1,7 @@
 // The Websites and files tab.
 #pragma once
 
-#include "controls/files_tab.h"
+#include "controls/screen.h"
 
 class QWidget;
 

@@ -1,7 +1,7 @@
 // The Filters and sounds tab: which spots are shown, and when and how the program is heard.
 #pragma once
 
-#include "controls/filters_tab.h"
+#include "controls/screen.h"
 
 class QWidget;
 

@@ -1,7 +1,7 @@
 // The Gateway tab: whose spots are sent to Sotawatch, as whom, and when not.
 #pragma once
 
-#include "controls/gateway_tab.h"
+#include "controls/screen.h"
 
 class QWidget;
 

@@ -1,7 +1,7 @@
 // The Logs tab: the two spot logs.
 #pragma once
 
-#include "controls/logs_tab.h"
+#include "controls/screen.h"
 
 class QWidget;
 

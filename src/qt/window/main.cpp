@@ -2,7 +2,6 @@
 #include <QApplication>
 #include <memory>
 
-#include "qt/ports/application_start.h"
 #include "qt/ports/program_run.h"
 #include "qt/ports/quit_signals.h"
 #include "qt/window/program_icon.h"

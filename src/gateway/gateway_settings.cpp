@@ -1,8 +1,9 @@
-#include "gateway/gateway_values.h"
+#include "gateway/gateway_settings.h"
 
 #include <algorithm>
 
 #include "base/text.h"
+#include "radio/callsign.h"
 #include "radio/numbers.h"
 
 namespace brelwin {
@@ -18,6 +19,18 @@ GatewayValues GatewayValuesFromScreen(const GatewayTab& tab) {
   values.PlaySoundOnSuccess = tab.chkGatewayPlaySoundSpotSentSuccessfully.Value;
   values.PlaySoundOnDupe = tab.chkGatewayPlaySoundSpotIsDupe.Value;
   return values;
+}
+
+GatewaySender SenderFromScreen(const GatewayTab& tab, const RBNTab& rbn) {
+  GatewaySender sender;
+  sender.HearsStream = rbn.chkReverseBeaconSpotsEnabled.Value;
+  sender.SendsEveryone = tab.chkRBNSendAllSpotsToSotawatch.Value;
+  sender.SendsMine = tab.chkRBNSendMySpotsToSotawatch.Value;
+  sender.Login = Trim(tab.txtSotawatchLogin.Text.Get());
+  sender.Password = Trim(tab.txtSotawatchPassword.Text.Get());
+  sender.OwnBaseCallsign = GetBaseCallsign(Trim(rbn.txtRBNCallsign.Text.Get()));
+  sender.CommentTemplate = Trim(tab.txtSpotCommentTemplate.Text.Get());
+  return sender;
 }
 
 }  // namespace brelwin

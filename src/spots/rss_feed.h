@@ -1,4 +1,4 @@
-// Turns the text of the Sotawatch spot feed in its RSS form into spots: no network, no files.
+// Sotawatch's spot feed in its RSS form: its text turned into spots, and the reader that fetches it.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/host.h"
 #include "spots/feed_result.h"
 #include "spots/spot_maker.h"
 
@@ -28,5 +29,12 @@ void ReadFeedText(
     std::string_view text, const RSSReadRequest& request, const ReadingMoment& moment,
     CallsignCollection& knownActivators, SpotCollection& spots, FeedReadResult& result,
     const std::function<bool()>& goesOn = [] { return true; });
+
+// Fetches the feed, keeps a copy of it as "SotawatchSpotsRSS.txt" and adds its spots, newest first, to the
+// collection. New activators are added to the known ones and to "SOTAActivators.txt". The end NotOpened: the
+// feed could not be reached; NoFeed: something was answered, but no feed; in both cases the collection is as
+// it was.
+FeedReadResult ReadSotawatchRSS(Host& host, const RSSReadRequest& request,
+                                CallsignCollection& knownActivators, SpotCollection& spots);
 
 }  // namespace brelwin

@@ -1,15 +1,34 @@
-// Reads the Sotawatch spots that are announced on Twitter, by a search.
+// The Sotawatch spots that are announced on Twitter: the tweets of a search's answer turned into spots, and
+// the reader that asks.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/host.h"
 #include "spots/feed_result.h"
 #include "spots/spot_maker.h"
 
 namespace brelwin {
+
+// The members of a result that matter, with escapes decoded; a missing one is empty.
+struct Tweet {
+  std::string ID;
+  std::string CreatedAt;
+  std::string Text;
+};
+
+struct TwitterAnswer {
+  bool HasResults = false;  // whether there was an array "results" at all
+  bool IsWhole = false;     // false for what is cut or is no JSON
+  std::vector<Tweet> Tweets;
+};
+
+// Reads the answer without ever holding more of it than its tweets, however deep or broad it is. Half a
+// surrogate pair, which cutting a text leaves behind, becomes U+FFFD.
+TwitterAnswer ReadTwitterAnswer(std::string_view json);
 
 struct TwitterReadRequest {
   std::string UrlTemplate;  // "ZZZZ" in it stands for SinceID
