@@ -83,4 +83,10 @@ struct ListBox : Control {
   std::function<void(std::size_t index)> DoubleClick;  // 0-based; called by the skin; may be empty
 };
 
+// What a skin keeps from run to run about itself; no widget holds it, and the program does not read it.
+struct KeptText {
+  std::string_view Name;
+  Observable<std::string> Text{};
+};
+
 }  // namespace brelwin

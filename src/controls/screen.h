@@ -19,6 +19,7 @@ struct Form {
   Observable<WindowState> State{WindowState::Normal};
   Observable<int> CurrentTab{0};  // of SSTab1; 0 is the Spots tab
   Observable<bool> Hourglass{false};
+  KeptText Place{"Place"};  // in the form of ui/window_place.h; empty: wherever the skin sees fit
   Signal Show;
   Signal SetFocus;
 };

@@ -30,6 +30,9 @@ void Put(CheckBox& box, std::string_view text) {
 void Put(OptionGroup& group, std::string_view text) {
   group.Value = OptionOf(group, text).value_or(0);
 }
+void Put(KeptText& kept, std::string_view text) {
+  kept.Text = std::string(text);
+}
 void Put(std::string& field, std::string_view text) {
   field = text;
 }
@@ -48,6 +51,9 @@ std::string Text(const CheckBox& box) {
 }
 std::string Text(const OptionGroup& group) {
   return std::to_string(group.Value.Get());
+}
+std::string Text(const KeptText& kept) {
+  return kept.Text;
 }
 std::string Text(const std::string& text) {
   return text;

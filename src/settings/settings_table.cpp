@@ -27,6 +27,9 @@ template <auto Member>
 auto& OnGateway(Screen& screen) {
   return screen.Gateway.*Member;
 }
+KeptText& WindowPlace(Screen& screen) {
+  return screen.Window.Place;
+}
 template <auto Member>
 auto& Field(Configuration& configuration) {
   return configuration.*Member;
@@ -56,6 +59,7 @@ std::string SystemVersion(const Host& /*host*/) {
 constexpr std::string_view General = "General";
 constexpr std::string_view RBN = "ReverseBeaconNetwork";
 constexpr std::string_view Gateway = "Gateway";
+constexpr std::string_view Window = "Window";
 constexpr std::string_view Templates = "URLTemplates";
 constexpr std::string_view Troubleshooting = "TroubleshootingInfo";
 
@@ -145,6 +149,7 @@ constexpr SettingRow Rows[] = {
     {General, "LogRawSpots", Field<&Configuration::LogRawSpots>, "", LoadedOnly},
     {General, "LogAlertsAfterSelfSpots", Field<&Configuration::LogAlertsAfterSelfSpots>, "", LoadedOnly},
     {Gateway, "RBNSendMySpotsToSotawatch", OnGateway<&GatewayTab::chkRBNSendMySpotsToSotawatch>, "0", SavedOnly},
+    {Window, "Place", WindowPlace},
     {Troubleshooting, "Path", ProgramFolder, "", SavedOnly},
     {Troubleshooting, "Version", Version, "", SavedOnly},
     {Troubleshooting, "GetOSType_OSType", SystemType, "", SavedOnly},

@@ -16,9 +16,10 @@ namespace brelwin {
 
 // Where a setting lives while the program runs: a control of the screen, a field of the configuration, or a
 // fact about this installation that is written for support.
-using SettingTarget = std::variant<TextBox& (*)(Screen&), CheckBox& (*)(Screen&), OptionGroup& (*)(Screen&),
-                                   std::string& (*)(Configuration&), std::int32_t& (*)(Configuration&),
-                                   bool& (*)(Configuration&), std::string (*)(const Host&)>;
+using SettingTarget =
+    std::variant<TextBox& (*)(Screen&), CheckBox& (*)(Screen&), OptionGroup& (*)(Screen&),
+                 KeptText& (*)(Screen&), std::string& (*)(Configuration&), std::int32_t& (*)(Configuration&),
+                 bool& (*)(Configuration&), std::string (*)(const Host&)>;
 
 enum class SettingUse : std::uint8_t {
   LoadedAndSaved,

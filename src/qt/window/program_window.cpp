@@ -27,6 +27,19 @@ namespace {
 // Room for all columns of the list.
 constexpr QSize WantedSize{1320, 740};
 
+constexpr int MillisecondsToSettle = 300;
+
+// Those of the screens that the desktop's own bars leave free; the main screen's first.
+std::vector<Rectangle> FreeScreens() {
+  std::vector<Rectangle> free;
+  for (const auto* screen : QGuiApplication::screens()) {
+    const auto area = screen->availableGeometry();
+    const bool isMain = screen == QGuiApplication::primaryScreen();
+    free.insert(isMain ? free.begin() : free.end(), {area.x(), area.y(), area.width(), area.height()});
+  }
+  return free;
+}
+
 WindowState StateOf(Qt::WindowStates states) {
   if (states.testFlag(Qt::WindowMinimized)) return WindowState::Minimised;
   return states.testFlag(Qt::WindowMaximized) ? WindowState::Maximised : WindowState::Normal;
@@ -63,6 +76,9 @@ ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit)
     ApplyHourglass();
   });
   FollowForm();
+  placeSettles_.setSingleShot(true);
+  placeSettles_.setInterval(MillisecondsToSettle);
+  connect(&placeSettles_, &QTimer::timeout, this, &ProgramWindow::KeepPlace);
 }
 
 void ProgramWindow::AddPages() {
@@ -116,14 +132,26 @@ void ProgramWindow::FollowForm() {
   });
 }
 
-// Inside what the desktop's own bars leave free.
+// Where it was, or else in the middle; inside what the desktop's own bars leave free.
 void ProgramWindow::ShowFitting() {
   const auto free = screen()->availableGeometry();
-  QRect place(QPoint(0, 0), WantedSize.boundedTo(free.size()));
-  place.moveCenter(free.center());
-  setGeometry(place);
+  QRect middle(QPoint(0, 0), WantedSize.boundedTo(free.size()));
+  middle.moveCenter(free.center());
+  const auto kept = ReadWindowPlace(screen_.Window.Place.Text.Get());
+  place_ = kept.value_or(WindowPlace{{middle.x(), middle.y(), middle.width(), middle.height()}});
+  place_.Bounds = FitOntoScreens(place_.Bounds, FreeScreens());
+  resize(place_.Bounds.Width, place_.Bounds.Height);
+  move(place_.Bounds.Left, place_.Bounds.Top);
+  if (place_.IsMaximised) setWindowState(Qt::WindowMaximized);
   show();
   tabs_->currentWidget()->setFocus();
+}
+
+void ProgramWindow::KeepPlace() {
+  if (!isVisible() || isMinimized()) return;
+  place_.IsMaximised = isMaximized();
+  if (!place_.IsMaximised) place_.Bounds = {x(), y(), width(), height()};
+  screen_.Window.Place.Text = WindowPlaceText(place_);
 }
 
 void ProgramWindow::ApplyState() {
@@ -150,6 +178,7 @@ void ProgramWindow::BringToView(QWidget& widget) {
 
 void ProgramWindow::closeEvent(QCloseEvent* event) {
   event->ignore();
+  KeepPlace();
   quit_();
 }
 
@@ -160,7 +189,19 @@ void ProgramWindow::paintEvent(QPaintEvent* event) {
 
 void ProgramWindow::changeEvent(QEvent* event) {
   QWidget::changeEvent(event);
-  if (event->type() == QEvent::WindowStateChange) screen_.Window.State = StateOf(windowState());
+  if (event->type() != QEvent::WindowStateChange) return;
+  screen_.Window.State = StateOf(windowState());
+  placeSettles_.start();
+}
+
+void ProgramWindow::moveEvent(QMoveEvent* event) {
+  QWidget::moveEvent(event);
+  placeSettles_.start();
+}
+
+void ProgramWindow::resizeEvent(QResizeEvent* event) {
+  QWidget::resizeEvent(event);
+  placeSettles_.start();
 }
 
 }  // namespace brelwin

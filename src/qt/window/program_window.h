@@ -1,12 +1,14 @@
 // The program's window: the tabs, the row under them, and what the program asks of the window itself.
 #pragma once
 
+#include <QTimer>
 #include <QWidget>
 #include <functional>
 #include <vector>
 
 #include "controls/screen.h"
 #include "qt/window/bind_controls.h"
+#include "ui/window_place.h"
 
 class QTabWidget;
 
@@ -26,6 +28,8 @@ class ProgramWindow final : public QWidget {
   void closeEvent(QCloseEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void changeEvent(QEvent* event) override;
+  void moveEvent(QMoveEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
 
  private:
   void AddPages();
@@ -33,6 +37,7 @@ class ProgramWindow final : public QWidget {
   void MakeWhatWaits();
   void FollowForm();
   void ShowFitting();
+  void KeepPlace();
   void ApplyState();
   void ApplyHourglass();
   void BringToView(QWidget& widget);
@@ -43,6 +48,8 @@ class ProgramWindow final : public QWidget {
   ControlBindings bindings_;
   std::vector<std::function<void()>> waiting_;  // for the first painting: it comes sooner without them
   std::vector<Watch> watches_;
+  WindowPlace place_;
+  QTimer placeSettles_;  // a window that is being maximised is large before it says so
 };
 
 }  // namespace brelwin
