@@ -1,6 +1,7 @@
 // The list of spots on the screen: the spots themselves, or a text where they would be.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <string>
@@ -18,6 +19,9 @@ using SpotRows = std::vector<std::shared_ptr<const Spot>>;
 // Spots, or lines of a text that are no spots: a countdown, a failure.
 using ListContents = std::variant<std::string, SpotRows>;
 
+// The lists of callsigns that the user keeps.
+enum class CallsignListName : std::uint8_t { Known, Excluded, Trusted };
+
 struct SpotListBox : Control {
   SpotListBox(ControlList& list, std::string_view name) : Control(name) { list.emplace_back(this); }
 
@@ -30,6 +34,11 @@ struct SpotListBox : Control {
 
   // Called by the skin with the spot of the line that the user double-clicked; may be empty.
   std::function<void(const Spot&)> DoubleClick;
+
+  // Called by the skin when the user wants the spot's station, or spotter, in a list; may be empty.
+  std::function<void(CallsignListName, const Spot&)> AddToList;
+
+  KeptText Zoom{"Zoom"};  // of the lines, in percent of the size that the system has for them
 };
 
 }  // namespace brelwin

@@ -8,6 +8,7 @@
 #include "core/file_names.h"
 #include "core/program_path.h"
 #include "core/trap.h"
+#include "cycle/callsign_lists.h"
 #include "cycle/check_cycle.h"
 #include "cycle/entry.h"
 #include "cycle/settings_handlers.h"
@@ -103,6 +104,19 @@ void OpenWebsite(MainWindow& window, const Website& website) {
   OpenDocument(window.World, AddressToOpen(window.World, website.Address));
 }
 
+CallsignCollection& ListNamed(MainWindow& window, CallsignListName name) {
+  switch (name) {
+    case CallsignListName::Known: return window.KnownActivators;
+    case CallsignListName::Excluded: return window.ExcludedActivators;
+    case CallsignListName::Trusted: break;
+  }
+  return window.TrustedSpotters;
+}
+
+void AddToList(MainWindow& window, CallsignListName name, const Spot& spot) {
+  window.Controls.Spots.lblStatus.Caption = AddCallsign(window.World, name, ListNamed(window, name), spot);
+}
+
 void ConnectDocuments(MainWindow& window) {
   auto& screen = window.Controls;
   screen.Spots.txtSPOTList.DoubleClick = [&window](const Spot& spot) {
@@ -110,6 +124,9 @@ void ConnectDocuments(MainWindow& window) {
   };
   screen.Spots.txtSPOTList.Select = [&window](const Spot& spot) {
     Handler(window, [&] { window.Controls.Spots.lblSpotDetails.Caption = SpotDetails(window, spot); })();
+  };
+  screen.Spots.txtSPOTList.AddToList = [&window](CallsignListName name, const Spot& spot) {
+    Handler(window, [&] { AddToList(window, name, spot); })();
   };
   screen.Files.lstWebsites.DoubleClick = [&window](std::size_t index) {
     Handler(window, [&window, index] {

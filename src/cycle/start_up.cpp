@@ -3,11 +3,11 @@
 #include <string>
 
 #include "base/text.h"
-#include "core/callsign_list.h"
 #include "core/data_files.h"
 #include "core/file_names.h"
 #include "core/trap.h"
 #include "core/version.h"
+#include "cycle/callsign_lists.h"
 #include "cycle/captions.h"
 #include "cycle/command_line.h"
 #include "cycle/settings_handlers.h"
@@ -16,7 +16,6 @@
 #include "cycle/spot_list_display.h"
 #include "cycle/spots_source.h"
 #include "cycle/streams.h"
-#include "gateway/gateway_gates.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
 #include "rbn/stream.h"
@@ -77,19 +76,6 @@ void ShowWindow(MainWindow& window) {
   window.World.Events.DoEvents();
 }
 
-void LoadList(MainWindow& window, std::string_view fileName, CallsignCollection& list) {
-  std::string errorText;
-  LoadCallsignList(window.World, InProgramFolder(window.World, fileName), true, true, list, errorText);
-}
-
-void LoadExcludedActivators(MainWindow& window) {
-  CallsignCollection entries;
-  std::string errorText;
-  const auto path = InProgramFolder(window.World, ExcludedActivatorsFile);
-  LoadCallsignList(window.World, path, false, false, entries, errorText);
-  for (const auto& entry : entries) ExcludeActivator(window.ExcludedActivators, entry.Item);
-}
-
 void LoadWebsites(MainWindow& window) {
   window.Websites = ReadWebsites(window.World, InProgramFolder(window.World, WebsitesFile));
   std::vector<std::string> names;
@@ -133,9 +119,9 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   Step(window, [&] { ShowTitles(window); });
   Step(window, [&] { ShowWindow(window); });
   Step(window, [&] { LoadWebsites(window); });
-  Step(window, [&] { LoadList(window, KnownActivatorsFile, window.KnownActivators); });
-  Step(window, [&] { LoadExcludedActivators(window); });
-  Step(window, [&] { LoadList(window, TrustedSpottersFile, window.TrustedSpotters); });
+  Step(window, [&] { LoadCallsigns(world, CallsignListName::Known, window.KnownActivators); });
+  Step(window, [&] { LoadCallsigns(world, CallsignListName::Excluded, window.ExcludedActivators); });
+  Step(window, [&] { LoadCallsigns(world, CallsignListName::Trusted, window.TrustedSpotters); });
   Step(window, [&] {
     window.StartupDelaySeconds = ReadStartupDelay(commandLine);
     window.StartupTime = world.Time.Now();

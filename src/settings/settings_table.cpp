@@ -30,6 +30,9 @@ auto& OnGateway(Screen& screen) {
 KeptText& WindowPlace(Screen& screen) {
   return screen.Window.Place;
 }
+KeptText& ListZoom(Screen& screen) {
+  return screen.Spots.txtSPOTList.Zoom;
+}
 template <auto Member>
 auto& Field(Configuration& configuration) {
   return configuration.*Member;
@@ -150,6 +153,7 @@ constexpr SettingRow Rows[] = {
     {General, "LogAlertsAfterSelfSpots", Field<&Configuration::LogAlertsAfterSelfSpots>, "", LoadedOnly},
     {Gateway, "RBNSendMySpotsToSotawatch", OnGateway<&GatewayTab::chkRBNSendMySpotsToSotawatch>, "0", SavedOnly},
     {Window, "Place", WindowPlace},
+    {Window, "ListZoom", ListZoom, "100", LoadedAndSaved, BelowOne, "100"},
     {Troubleshooting, "Path", ProgramFolder, "", SavedOnly},
     {Troubleshooting, "Version", Version, "", SavedOnly},
     {Troubleshooting, "GetOSType_OSType", SystemType, "", SavedOnly},
