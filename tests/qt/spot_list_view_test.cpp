@@ -5,12 +5,16 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QPushButton>
 #include <QScrollBar>
 #include <QTest>
+#include <QWheelEvent>
 #include <random>
 #include <string>
 
 #include "qt/ports/qt_event_queue.h"
+#include "qt/window/spots_page.h"
 #include "spots/spot_text.h"
 
 namespace brelwin {
@@ -174,6 +178,116 @@ TEST_F(SpotListViewTest, CopiesTheSelectedLinesInTheOrderOfTheList) {
   EXPECT_EQ(lines[1].toStdString(), FixedWidthLine(*spots_[3]));
   Press(QKeySequence::SelectAll);
   EXPECT_EQ(Selected().size(), 5);
+}
+
+// The page around the list, as the window has it.
+class ListPageTest : public ::testing::Test {
+ protected:
+  ListPageTest() {
+    for (const char* station : {"G4ABC", "DL1XYZ", "G4ABC/P", "W6ABC"}) {
+      auto spot = std::make_shared<Spot>();
+      spot->ID = spot->Station = spot->stationBaseCallsign = station;
+      spot->FormattedFrequencyString = "   14.062";
+      spots_.push_back(spot);
+    }
+    control_.Contents = spots_;
+    page_->show();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(page_.get()));
+    list_.setFocus();
+  }
+
+  void Press(int key, Qt::KeyboardModifiers modifiers = {}) {
+    QTest::keyClick(QApplication::focusWidget(), static_cast<Qt::Key>(key), modifiers);
+  }
+
+  QString Count() { return page_->findChild<QLabel*>("searchCount")->text(); }
+
+  // Opens the menu of the chosen line by keyboard and takes the item that begins so.
+  bool Take(const QString& caption) {
+    Press(Qt::Key_F10, Qt::ShiftModifier);
+    auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (menu == nullptr) return false;
+    const auto items = menu->actions();
+    const auto item = std::find_if(items.begin(), items.end(), [&](const QAction* action) {
+      return QString(action->text()).remove('&').startsWith(caption);
+    });
+    if (item != items.end()) (*item)->trigger();
+    menu->close();
+    return item != items.end();
+  }
+
+  ControlList controls_;
+  SpotListBox control_{controls_, "txtSPOTList"};
+  SpotRows spots_;
+  std::unique_ptr<QWidget> page_{MakeSpotsPage()};
+  SpotListView& list_ = *page_->findChild<SpotListView*>("txtSPOTList");
+  Watch watch_ = list_.Follow(control_);
+};
+
+TEST_F(ListPageTest, ASearchGoesThroughTheLinesAndGivesTheFocusBack) {
+  Press(Qt::Key_F, Qt::ControlModifier);
+  QTest::keyClicks(QApplication::focusWidget(), "g4a");
+  EXPECT_EQ(Count(), "1 of 2");
+  struct Case {
+    int Key;
+    Qt::KeyboardModifiers Modifiers;
+    const char* Words;
+  };
+  for (const auto& [key, modifiers, words] : {Case{Qt::Key_Return, {}, "2 of 2"},
+                                              {Qt::Key_F3, {}, "1 of 2"},
+                                              {Qt::Key_F3, Qt::ShiftModifier, "2 of 2"},
+                                              {Qt::Key_Enter, Qt::ShiftModifier, "1 of 2"}}) {
+    Press(key, modifiers);
+    EXPECT_EQ(Count(), words) << key;
+  }
+  spots_.insert(spots_.begin(), std::make_shared<Spot>(*spots_[2]));
+  control_.Contents = spots_;
+  EXPECT_EQ(Count(), "2 of 3");
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(QApplication::focusWidget(), &list_);
+  Press(Qt::Key_F3);
+  EXPECT_EQ(list_.ChosenLine(), std::optional<std::size_t>(3));
+}
+
+TEST_F(ListPageTest, TheMenuCopiesNarrowsAndAddsTheSpotOfItsLine) {
+  std::string added;
+  control_.AddToList = [&](CallsignListName name, const Spot& spot) {
+    added = spot.ID + std::to_string(static_cast<int>(name));
+  };
+  list_.Choose(2);
+  EXPECT_TRUE(Take("Copy callsign"));
+  EXPECT_EQ(QApplication::clipboard()->text(), "G4ABC/P");
+  EXPECT_TRUE(Take("Copy frequency"));
+  EXPECT_EQ(QApplication::clipboard()->text(), "14.062");
+  EXPECT_TRUE(Take("Exclude G4ABC/P"));
+  EXPECT_EQ(added, "G4ABC/P1");
+  EXPECT_FALSE(Take("Show only band"));
+  EXPECT_TRUE(Take("Show only station"));
+  EXPECT_EQ(list_.LineCount(), 2U);
+  auto& words = *page_->findChild<QLabel*>("narrowedTo");
+  EXPECT_TRUE(words.isVisible());
+  EXPECT_EQ(words.text(), "Only station G4ABC/P is shown: 2 of 4 spots.");
+  page_->findChild<QPushButton*>("showAll")->click();
+  EXPECT_EQ(list_.LineCount(), 4U);
+  EXPECT_FALSE(words.isVisible());
+}
+
+TEST_F(ListPageTest, TheZoomIsKeptInTheControlAndCarriesTheHeader) {
+  list_.Header().setText("UTC    Station");
+  QCoreApplication::processEvents();
+  const auto height = list_.Header().height();
+  Press(Qt::Key_Plus, Qt::ControlModifier);
+  Press(Qt::Key_Plus, Qt::ControlModifier);
+  EXPECT_EQ(control_.Zoom.Text.Get(), "120");
+  QWheelEvent nudge({5, 5}, {5, 5}, {}, {0, 40}, Qt::NoButton, Qt::ControlModifier, Qt::NoScrollPhase, false);
+  for (int third = 0; third < 4; ++third) QApplication::sendEvent(list_.viewport(), &nudge);
+  EXPECT_EQ(control_.Zoom.Text.Get(), "130");
+  control_.Zoom.Text = "999";  // by hand in the file: the largest
+  EXPECT_GT(list_.Header().height(), 2 * height);
+  EXPECT_EQ(list_.Header().font(), list_.font());
+  Press(Qt::Key_0, Qt::ControlModifier);
+  EXPECT_EQ(control_.Zoom.Text.Get(), "100");
+  EXPECT_EQ(list_.Header().height(), height);
 }
 
 }  // namespace

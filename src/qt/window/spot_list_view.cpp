@@ -3,15 +3,32 @@
 #include <QAction>
 #include <QApplication>
 #include <QClipboard>
+#include <QContextMenuEvent>
 #include <QEvent>
 #include <QFontDatabase>
 #include <QScrollBar>
+#include <QShortcut>
+#include <QWheelEvent>
 #include <algorithm>
+#include <utility>
 
+#include "qt/ports/qt_text.h"
 #include "qt/window/spot_line_delegate.h"
+#include "radio/numbers.h"
 
 namespace brelwin {
 namespace {
+
+// Of the size that the system has for such text, in percent.
+constexpr int SmallestZoom = 50;
+constexpr int NormalZoom = 100;
+constexpr int LargestZoom = 300;
+constexpr int ZoomStep = 10;
+
+int ZoomOf(const SpotListBox& control) {
+  const auto percent = WholeNumber(control.Zoom.Text.Get());
+  return percent < 1 ? NormalZoom : std::clamp(percent, SmallestZoom, LargestZoom);
+}
 
 // Finds the line on top of the view again after the lines around it have changed.
 class KeptPlace {
@@ -76,6 +93,9 @@ Watch SpotListView::Follow(SpotListBox& control) {
   // Not when the current line changes: the mouse selects it only afterwards.
   connect(selectionModel(), &QItemSelectionModel::selectionChanged, this,
           [this, &control] { TellChoice(control); });
+  control_ = &control;
+  zoomWatch_ = control.Zoom.Text.WhenChanged([this] { ApplyZoom(); });
+  ApplyZoom();
   Show(control.Contents);
   return control.Contents.WhenChanged([this, &control] { Show(control.Contents); });
 }
@@ -96,25 +116,78 @@ void SpotListView::Show(const ListContents& contents) {
   if (text != nullptr)
     model_.ShowText(*text);
   else
-    model_.ShowSpots(std::get<SpotRows>(contents));
+    ShowSpots(std::get<SpotRows>(contents));
   doItemsLayout();
   place.Restore();
   setAutoScroll(true);
   refreshing_ = false;
+  Q_EMIT Refreshed(narrowed_);
+}
+
+void SpotListView::ShowSpots(const SpotRows& spots) {
+  narrowed_.clear();
+  if (!narrowing_) return model_.ShowSpots(spots);
+  SpotRows within;
+  std::copy_if(spots.begin(), spots.end(), std::back_inserter(within),
+               [this](const auto& spot) { return IsWithin(*narrowing_, *spot); });
+  model_.ShowSpots(within);
+  narrowed_ = QString("Only %1 is shown: %2 of %3 spots.")
+                  .arg(ToQString(NarrowingWords(*narrowing_)))
+                  .arg(within.size())
+                  .arg(spots.size());
+}
+
+void SpotListView::NarrowTo(std::optional<Narrowing> narrowing) {
+  narrowing_ = std::move(narrowing);
+  if (control_ != nullptr) Show(control_->Contents);
+}
+
+std::shared_ptr<const Spot> SpotListView::ChosenSpot() const {
+  const auto line = ChosenLine();
+  return line ? model_.SpotAt(static_cast<int>(*line)) : nullptr;
+}
+
+void SpotListView::AddToList(CallsignListName name, const Spot& spot) const {
+  if (control_ != nullptr && control_->AddToList) control_->AddToList(name, spot);
+}
+
+std::string SpotListView::LineAt(std::size_t line) const {
+  return model_.index(static_cast<int>(line)).data().toString().toStdString();
+}
+
+std::optional<std::size_t> SpotListView::ChosenLine() const {
+  if (!selectionModel()->isSelected(currentIndex())) return {};
+  return static_cast<std::size_t>(currentIndex().row());
+}
+
+void SpotListView::Choose(std::size_t line) {
+  const auto sideways = horizontalScrollBar()->value();
+  setCurrentIndex(model_.index(static_cast<int>(line)));
+  horizontalScrollBar()->setValue(sideways);
+}
+
+QAction* SpotListView::AddShortcut(const char* caption, const QList<QKeySequence>& keys,
+                                   std::function<void()> run) {
+  auto* action = new QAction(caption, this);
+  action->setShortcuts(keys);
+  action->setShortcutContext(Qt::WidgetShortcut);
+  connect(action, &QAction::triggered, this, std::move(run));
+  return action;
 }
 
 void SpotListView::AddActions() {
-  auto* copy = new QAction("&Copy lines", this);
-  copy->setShortcut(QKeySequence::Copy);
-  connect(copy, &QAction::triggered, this, [this] { CopySelection(); });
-  auto* all = new QAction("Select &all", this);
-  all->setShortcut(QKeySequence::SelectAll);
-  connect(all, &QAction::triggered, this, &QListView::selectAll);
-  for (auto* action : {copy, all}) {
-    action->setShortcutContext(Qt::WidgetShortcut);
-    addAction(action);
-  }
-  setContextMenuPolicy(Qt::ActionsContextMenu);
+  using Keys = QList<QKeySequence>;
+  auto* larger =
+      AddShortcut("&Larger", Keys{QKeySequence::ZoomIn, QKeySequence("Ctrl+=")}, [this] { Zoom(1); });
+  auto* smaller = AddShortcut("S&maller", Keys{QKeySequence::ZoomOut}, [this] { Zoom(-1); });
+  auto* separator = new QAction(this);
+  separator->setSeparator(true);
+  addActions({AddShortcut("&Copy lines", Keys{QKeySequence::Copy}, [this] { CopySelection(); }),
+              AddShortcut("Select &all", Keys{QKeySequence::SelectAll}, [this] { selectAll(); }), separator,
+              larger, smaller,
+              AddShortcut("&Normal size", Keys{QKeySequence("Ctrl+0")}, [this] { SetZoom(NormalZoom); })});
+  // Qt opens menus by the menu key alone.
+  new QShortcut(QKeySequence("Shift+F10"), this, this, &SpotListView::AskForMenu, Qt::WidgetShortcut);
 }
 
 void SpotListView::CopySelection() const {
@@ -136,6 +209,26 @@ void SpotListView::resizeEvent(QResizeEvent* event) {
   PlaceHeader();
 }
 
+void SpotListView::wheelEvent(QWheelEvent* event) {
+  if (!event->modifiers().testFlag(Qt::ControlModifier)) return QListView::wheelEvent(event);
+  turned_ += event->angleDelta().y();
+  Zoom(turned_ / QWheelEvent::DefaultDeltasPerStep);
+  turned_ %= QWheelEvent::DefaultDeltasPerStep;
+}
+
+void SpotListView::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() == QContextMenuEvent::Keyboard)
+    AskForMenu();
+  else
+    Q_EMIT MenuWanted(event->globalPos());
+}
+
+// By keyboard: beside the chosen line, or in the corner when that is not in view.
+void SpotListView::AskForMenu() {
+  const auto line = visualRect(currentIndex()) & viewport()->rect();
+  Q_EMIT MenuWanted(viewport()->mapToGlobal(line.isEmpty() ? QPoint() : line.bottomLeft()));
+}
+
 void SpotListView::PlaceHeader() {
   const auto size = header_->sizeHint();
   if (viewportMargins().top() != size.height()) setViewportMargins(0, size.height(), 0, 0);
@@ -143,6 +236,29 @@ void SpotListView::PlaceHeader() {
   headerArea_->setGeometry(lines.left(), lines.top() - size.height(), lines.width(), size.height());
   header_->setGeometry(-horizontalScrollBar()->value(), 0, std::max(size.width(), lines.width()),
                        size.height());
+}
+
+void SpotListView::Zoom(int steps) {
+  if (control_ != nullptr) SetZoom(ZoomOf(*control_) + steps * ZoomStep);
+}
+
+void SpotListView::SetZoom(int percent) {
+  if (control_ != nullptr)
+    control_->Zoom.Text = std::to_string(std::clamp(percent, SmallestZoom, LargestZoom));
+}
+
+void SpotListView::ApplyZoom() {
+  const KeptPlace place(*this);
+  auto sized = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+  if (sized.pointSizeF() > 0)
+    sized.setPointSizeF(sized.pointSizeF() * ZoomOf(*control_) / 100);
+  else
+    sized.setPixelSize(std::max(1, sized.pixelSize() * ZoomOf(*control_) / 100));
+  setFont(sized);
+  header_->setFont(sized);
+  PlaceHeader();
+  doItemsLayout();
+  place.Restore();
 }
 
 }  // namespace brelwin

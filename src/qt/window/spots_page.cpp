@@ -8,7 +8,9 @@
 #include <QVBoxLayout>
 
 #include "qt/window/elided_label.h"
+#include "qt/window/list_bars.h"
 #include "qt/window/page_parts.h"
+#include "qt/window/spot_list_menu.h"
 #include "qt/window/spot_list_view.h"
 
 namespace brelwin {
@@ -27,6 +29,8 @@ SpotListView* MakeList() {
   list->setObjectName("txtSPOTList");
   list->setAccessibleName("Spots");
   list->Header().setObjectName("lblSpotListHeader");
+  QObject::connect(list, &SpotListView::MenuWanted, list,
+                   [list](const QPoint& place) { OpenSpotListMenu(*list, place); });
   return list;
 }
 
@@ -71,6 +75,8 @@ QWidget* MakeSpotsPage() {
   auto* list = MakeList();
   page->setFocusProxy(list);
   column->addWidget(list, 1);
+  column->addWidget(MakeNarrowingBar(*list));
+  column->addWidget(new SearchBar(*page, *list));
   column->addWidget(MakeDetails());
   column->addLayout(MakeChoices());
   return page;
