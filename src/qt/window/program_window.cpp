@@ -145,6 +145,18 @@ void ProgramWindow::ShowFitting() {
   if (place_.IsMaximised) setWindowState(Qt::WindowMaximized);
   show();
   tabs_->currentWidget()->setFocus();
+  QTimer::singleShot(MillisecondsToSettle, this, &ProgramWindow::FitFrame);
+}
+
+// How wide the desktop's frame is shows only when it is there.
+void ProgramWindow::FitFrame() {
+  if (windowState() != Qt::WindowNoState) return;
+  const auto frame = frameGeometry();
+  const Rectangle whole{frame.x(), frame.y(), frame.width(), frame.height()};
+  const auto fitting = FitOntoScreens(whole, FreeScreens());
+  if (fitting == whole) return;
+  resize(width() - whole.Width + fitting.Width, height() - whole.Height + fitting.Height);
+  move(fitting.Left, fitting.Top);
 }
 
 void ProgramWindow::KeepPlace() {

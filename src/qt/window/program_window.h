@@ -37,6 +37,7 @@ class ProgramWindow final : public QWidget {
   void MakeWhatWaits();
   void FollowForm();
   void ShowFitting();
+  void FitFrame();
   void KeepPlace();
   void ApplyState();
   void ApplyHourglass();
