@@ -105,7 +105,7 @@ class Stage {
   RehearsedWeb web_;
   RehearsedStream stream_;
   brelwin::Host world_{host_.Time,  host_.Queue,   host_.Disk, web_,  stream_, host_.Sound,
-                       host_.Shell, host_.Dialogs, "/brelwin", false, false};
+                       host_.Shell, host_.Dialogs, "/brelwin", false, {}};
 };
 
 }  // namespace

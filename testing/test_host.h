@@ -68,7 +68,7 @@ struct TestHost {
 
   // The same world with other files, such as ones that fail.
   Host WithFiles(Files& files) {
-    return {Time, Queue, files, Internet, Sockets, Sound, Shell, Dialogs, "/brelwin", false, false};
+    return {Time, Queue, files, Internet, Sockets, Sound, Shell, Dialogs, "/brelwin", false, {}};
   }
 
   std::string EventLog() const { return Disk.Text("/brelwin/BrelwinEventLog.txt"); }

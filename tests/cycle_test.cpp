@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "base/text.h"
-#include "cycle/command_line.h"
 #include "cycle/main_window.h"
 #include "cycle/start_up.h"
 #include "program_story.h"
@@ -199,7 +198,7 @@ TEST_F(Story, QuittingWhileAVeryLongFeedIsDigestedDoesNotWaitForItsEnd) {
   int yieldsWithAFeed = 0;
   Queue.OnYield = [&] {
     if (!Disk.Exists("/brelwin/SotawatchSpotsRSS.txt")) return;
-    EXPECT_TRUE(World.FetchInProgress);
+    EXPECT_TRUE(World.Going.Includes(Activity::FetchInProgress));
     if (++yieldsWithAFeed == 2) Brelwin.Quit();
   };
   Start();
@@ -228,7 +227,8 @@ TEST_F(Story, SwitchingTheFeedDuringATwitterReadForgetsWhatItWouldHaveLeft) {
   Queue.RunFor(seconds(31));
   EXPECT_TRUE(Window().Spots.lblNoConnectionToTwitter.Visible);
   Queue.OnYield = [&] {
-    if (!World.FetchInProgress || Window().Spots.chkSOTAWatchSpotsViaRSS.Value) return;
+    if (!World.Going.Includes(Activity::FetchInProgress) || Window().Spots.chkSOTAWatchSpotsViaRSS.Value)
+      return;
     Window().Spots.chkSOTAWatchSpotsViaRSS.Value = true;
     Window().Spots.chkSOTAWatchSpotsViaRSS.Click();
   };
@@ -244,7 +244,7 @@ TEST_F(Story, InputThatWouldStartWorkIsDroppedWhileAPageIsRead) {
                   ScriptedAnswer{.Body = FeedText({Newest, Middle, Oldest}), .Delay = seconds(5)});
   bool clicked = false;
   Queue.OnYield = [&] {
-    if (!World.FetchInProgress || clicked) return;
+    if (!World.Going.Includes(Activity::FetchInProgress) || clicked) return;
     clicked = true;
     Window().Spots.cmdGetSPOTS.Click();
     Window().Spots.cmdReloadSpotList.Click();

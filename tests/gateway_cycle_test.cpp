@@ -151,7 +151,9 @@ TEST(GatewayCycle, GetSpotsNowDuringAWaitTakesSotawatchsSpotsAtOnce) {
   GatewayProgram program;
   std::size_t readsAtOnce = 0;
   program.Queue.OnYield = [&] {
-    if (readsAtOnce > 0 || program.World.FetchInProgress || program.LinesWith("Begin delay") == 0) return;
+    if (readsAtOnce > 0 || program.World.Going.Includes(Activity::FetchInProgress) ||
+        program.LinesWith("Begin delay") == 0)
+      return;
     readsAtOnce = 1;  // what it yields to itself is left alone
     const auto before = program.Internet.Queries.size();
     program.Window().Spots.cmdGetSPOTS.Click();

@@ -393,7 +393,8 @@ TEST(GatewayProcessing, TrapsAnErrorInAnyWait) {
                         Contains(log, "No spots received from Sotawatch") ||
                         Contains(log, "Spot sumission failed, timeout.");
     EXPECT_TRUE(isTold) << breaking << "\n" << log;
-    EXPECT_FALSE(story.TheGateway.Transfer.SendInProgress() || story.World.FetchInProgress);
+    EXPECT_FALSE(story.World.Going.Includes(Activity::SendInProgress) ||
+                 story.World.Going.Includes(Activity::FetchInProgress));
     story.Process({story.SkimmerSpot("HB9DEF", "7.031")});
     EXPECT_EQ(story.Posts("HB9DEF"), 1U) << breaking;
   }

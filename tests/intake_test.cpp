@@ -130,10 +130,11 @@ TEST_F(Intake, KeepsTheNewestTweetAndChangesFeedsWithoutRepeating) {
 
 TEST_F(Intake, ANestedCallAndAQuitChangeNothing) {
   const auto feed = FeedText({Item("G4AAA", "11:57:00")});
-  host_.World.FetchInProgress = true;
-  EXPECT_EQ(Take(feed), "");
-  EXPECT_EQ(code_, 0);
-  host_.World.FetchInProgress = false;
+  {
+    const ActivityMark mark(host_.World.Going, Activity::FetchInProgress);
+    EXPECT_EQ(Take(feed), "");
+    EXPECT_EQ(code_, 0);
+  }
   host_.World.ShuttingDown = true;
   EXPECT_EQ(Take(), "");
   host_.World.ShuttingDown = false;

@@ -19,7 +19,7 @@ class PageFetch : public testing::Test {
     host_.Internet.Answer(Url, std::move(answer));
     start_ = host_.World.Time.Now();
     auto text = transfer.OpenURL(Url);
-    EXPECT_FALSE(host_.World.FetchInProgress);
+    EXPECT_FALSE(host_.World.Going.Includes(Activity::FetchInProgress));
     return text;
   }
   std::int64_t Seconds() const { return SecondsBetween(start_, host_.World.Time.Now()); }
@@ -54,9 +54,9 @@ TEST_F(PageFetch, EveryWaitHasItsEnd) {
 TEST_F(PageFetch, ASecondFetchMeanwhileIsNotOpened) {
   InternetTransfer second(host_.World);
   const auto intruder = host_.Queue.CallAfter(Milliseconds(5), [&] {
-    EXPECT_TRUE(host_.World.FetchInProgress);
+    EXPECT_TRUE(host_.World.Going.Includes(Activity::FetchInProgress));
     EXPECT_EQ(second.OpenURL(Url), "");
-    EXPECT_TRUE(host_.World.FetchInProgress);
+    EXPECT_TRUE(host_.World.Going.Includes(Activity::FetchInProgress));
   });
   EXPECT_EQ(Read({.Body = "first"}), "first");
   EXPECT_FALSE(second.LastStatus());

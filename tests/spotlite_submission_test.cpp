@@ -61,7 +61,7 @@ TEST(SpotliteSubmission, LeavesEveryOutcomeInTheLogs) {
     EXPECT_EQ(story.TheSpot->LogLinePreceeding + story.TheSpot->LogLineFollowing, "");
     const bool isComplete = status != -200 && status != -1000;
     EXPECT_EQ(!story.AnswerLog().empty(), isComplete);
-    EXPECT_FALSE(story.TheGateway.Transfer.SendInProgress());
+    EXPECT_FALSE(story.World.Going.Includes(Activity::SendInProgress));
   }
 }
 

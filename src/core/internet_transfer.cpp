@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "base/encoding.h"
-#include "core/fetch_mark.h"
 #include "core/trap.h"
 #include "platform/wait.h"
 
@@ -59,9 +58,9 @@ HttpAnswer Fetch(Host& host, const HttpRequest& request, const Patience& patienc
 }  // namespace
 
 HttpAnswer FetchPage(Host& host, const HttpRequest& request, DuringTransfer during) {
-  if (host.FetchInProgress) return {.ErrorText = "Another page is being read"};
-  std::optional<FetchMark> mark;
-  if (during == DuringTransfer::NothingStarts) mark.emplace(host);
+  if (!host.Going.LetStart(Work::Fetch)) return {.ErrorText = "Another page is being read"};
+  std::optional<ActivityMark> mark;
+  if (during == DuringTransfer::NothingStarts) mark.emplace(host.Going, Activity::FetchInProgress);
   HttpAnswer answer;
   const auto fetch = [&] {
     answer = Fetch(host, request, PatienceOf(during));

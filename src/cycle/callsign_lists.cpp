@@ -78,6 +78,15 @@ std::string AppendToList(Host& host, const ListRules& rules, const std::string& 
 
 }  // namespace
 
+CallsignCollection& CallsignLists::Named(CallsignListName name) {
+  switch (name) {
+    case CallsignListName::Known: return KnownActivators;
+    case CallsignListName::Excluded: return ExcludedActivators;
+    case CallsignListName::Trusted: break;
+  }
+  return TrustedSpotters;
+}
+
 void LoadCallsigns(Host& host, CallsignListName name, CallsignCollection& list) {
   const auto& rules = RulesOf(name);
   CallsignCollection entries;

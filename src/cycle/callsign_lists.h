@@ -10,6 +10,14 @@
 
 namespace brelwin {
 
+struct CallsignLists {
+  CallsignCollection KnownActivators;
+  CallsignCollection TrustedSpotters;
+  CallsignCollection ExcludedActivators;
+
+  CallsignCollection& Named(CallsignListName name);
+};
+
 // Fills the list from its file, without which it stays as it is; what cannot be read is logged.
 void LoadCallsigns(Host& host, CallsignListName name, CallsignCollection& list);
 

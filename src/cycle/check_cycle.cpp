@@ -1,71 +1,70 @@
 #include "cycle/check_cycle.h"
 
-#include <cmath>
 #include <utility>
 
 #include "core/trap.h"
-#include "cycle/alerts_refresh.h"
-#include "cycle/skimmer_spots.h"
 #include "cycle/sotawatch_spots.h"
-#include "cycle/source_status.h"
-#include "cycle/start_up.h"
 #include "radio/numbers.h"
 #include "ui/spot_filtering.h"
 
 namespace brelwin {
 namespace {
 
-void CountDown(MainWindow& window) {
-  const auto seconds = SecondsBetween(window.StartupTime, window.World.Time.Now());
-  if (static_cast<float>(seconds) >= window.StartupDelaySeconds) {
-    window.WaitingForStartupDelay = 0;
-    InitializeInternetConnections(window);
-  } else {
-    const auto left = window.StartupDelaySeconds - static_cast<float>(seconds);
-    ShowStartupDelay(window, SingleText(std::nearbyint(left)));
-  }
+AlertCommandScene SceneOf(AlertCollection& alerts, Gateway& gateway, const SpotFilter& filter) {
+  return {alerts, filter, [&gateway](const Spot& spot) { return gateway.Posted.Holds(spot); },
+          gateway.Settings.LogAlertsAfterSelfSpots};
 }
 
-void Check(MainWindow& window) {
-  auto& timer = window.Controls.tmrCheckSpots;
-  const bool isWithinAnother = std::exchange(window.CheckInProgress, true);
-  timer.Enabled = false;
-  ShowUTCTime(window);
-  CheckForSpots(window);
-  window.World.Events.DoEvents();
-  window.CheckInProgress = isWithinAnother;
-  timer.Enabled = !window.World.ShuttingDown;
+SotawatchSpotTakers SotawatchTakersOf(MainWindow& window, const SpotFilter& filter) {
+  auto& announced = window.Announced;
+  return {window.Lists, window.Callsigns, announced.Commands,
+          SceneOf(announced.Alerts, window.SpotGateway, filter)};
+}
+
+void TakeAlertsAndSkimmerSpots(MainWindow& window, SpotFilter& filter) {
+  auto& announced = window.Announced;
+  const AlertReading reading{window.Sources, window.Callsigns.KnownActivators,
+                             SceneOf(announced.Alerts, window.SpotGateway, filter)};
+  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value)
+    return TrapErrorsSilently([&] { ReadAlertsForCommands(announced, reading); });
+  TrapErrorsSilently([&] { RefreshAlertsWhenDue(announced, reading); });
+  TrapErrorsSilently([&] {
+    TakeSkimmerSpots(
+        window.Streams,
+        {window.SpotGateway, window.Lists, window.Stalls, announced.Alerts, window.Callsigns.KnownActivators},
+        filter);
+  });
 }
 
 // While they wait, the timer or get-spots-now may ask for another check: that one leaves these steps out. So
 // does a check that finds the login being tested, since the gateway could only wait for the end of it.
-bool MayTakeSlowSteps(const MainWindow& window) {
-  return !window.StreamStepsInProgress && !window.SpotGateway.Transfer.SendInProgress();
+void TakeSlowSteps(MainWindow& window, SpotFilter& filter) {
+  if (!window.World.Going.LetStart(Work::StreamSteps)) return;
+  const ActivityMark mark(window.World.Going, Activity::StreamStepsInProgress);
+  TakeAlertsAndSkimmerSpots(window, filter);
 }
 
-void TakeSlowSteps(MainWindow& window, SpotFilter& filter) {
-  if (!MayTakeSlowSteps(window)) return;
-  window.StreamStepsInProgress = true;
-  if (window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) {
-    TrapErrorsSilently([&] { RefreshAlertsWhenDue(window, filter); });
-    TrapErrorsSilently([&] { TakeSkimmerSpots(window, filter); });
-  } else {
-    TrapErrorsSilently([&] { ReadAlertsForCommands(window, filter); });
-  }
-  window.StreamStepsInProgress = false;
+void EndReload(MainWindow& window) {
+  if (!window.World.Going.Includes(Activity::CheckInProgress))
+    window.Controls.Spots.picDownload.Visible = false;
+  ShowSourceStatus(window);
 }
 
 }  // namespace
 
 void CheckForSpots(MainWindow& window) {
-  auto& tab = window.Controls.Spots;
+  auto& screen = window.Controls;
+  auto& tab = screen.Spots;
   SpotFilter filter;
   TrapErrorsSilently([&] {
     tab.lblCheckingForSpots.Visible = true;
     window.World.Events.DoEvents();
-    FillFilterFromScreen(window.Controls, window.Config, filter);
+    FillFilterFromScreen(screen, window.Config, filter);
   });
-  TrapErrorsSilently([&] { TakeSotawatchSpots(window, filter); });
+  TrapErrorsSilently([&] {
+    TakeSotawatchSpots(window.Sources, SotawatchTakersOf(window, filter), filter,
+                       screen.Filters.chkAlertSoundsOnStartup);
+  });
   TakeSlowSteps(window, filter);
   TrapErrorsSilently([&] {
     tab.picDownload.Visible = false;
@@ -74,13 +73,24 @@ void CheckForSpots(MainWindow& window) {
   });
 }
 
-void tmrCheckSpots_Timer(MainWindow& window) {
-  if (window.World.ShuttingDown || window.World.FetchInProgress) return;
-  if (window.WaitingForStartupDelay == 1) {
-    CountDown(window);
-  } else {
-    Check(window);
+void ReloadSpotList(MainWindow& window) {
+  try {
+    SpotFilter filter;
+    FillFilterFromScreen(window.Controls, window.Config, filter);
+    ReplaceSpotLists(window.Sources, SotawatchTakersOf(window, filter), filter,
+                     window.Controls.Filters.chkAlertSoundsOnStartup);
+  } catch (...) {
+    TrapErrorsSilently([&] { EndReload(window); });
+    throw;
   }
+  EndReload(window);
+}
+
+void ShowSourceStatus(MainWindow& window) {
+  ShowSources(window.Status);
+  ShowCaption(window.Status);
+  ShowHiddenSpots(window.Lists, window.Controls.Filters);
+  ShowSettingsNotice(window.Controls.Spots.lblSettingsNotice, window.SettingsFile);
 }
 
 }  // namespace brelwin

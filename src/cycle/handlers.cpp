@@ -1,24 +1,11 @@
 #include "cycle/handlers.h"
 
-#include <functional>
-#include <string>
-
-#include "base/text.h"
-#include "core/data_files.h"
-#include "core/file_names.h"
-#include "core/program_path.h"
-#include "core/trap.h"
-#include "cycle/callsign_lists.h"
 #include "cycle/check_cycle.h"
-#include "cycle/entry.h"
+#include "cycle/documents.h"
 #include "cycle/settings_handlers.h"
-#include "cycle/sotawatch_spots.h"
-#include "cycle/source_status.h"
-#include "cycle/spot_details.h"
-#include "cycle/spots_source.h"
-#include "cycle/streams.h"
+#include "cycle/shut_down.h"
+#include "cycle/tick.h"
 #include "gateway/tab_rules.h"
-#include "radio/web_address.h"
 #include "rbn/stream.h"
 #include "ui/alerting.h"
 #include "ui/spot_filtering.h"
@@ -26,206 +13,121 @@
 namespace brelwin {
 namespace {
 
-using Procedure = void (*)(MainWindow&);
-
-// A handler that only looks at things.
-auto Handler(MainWindow& window, std::function<void()> body) {
-  return [&window, body = std::move(body)] {
-    if (window.FormLoading || window.World.ShuttingDown) return;
-    Enter(window, [&] { TrapErrorsSilently(body); });
-  };
+void SwitchFeed(SpotSources& sources) {
+  sources.TwitterSinceID.clear();
+  sources.Tab.lblNoConnectionToTwitter.Visible = false;
+  ShowSettingsNotice(sources.Tab.lblSettingsNotice, sources.SettingsFile);
 }
 
-// A box is not ticked while its click cannot be acted on.
-auto BoxHandler(MainWindow& window, CheckBox& box, std::function<void()> body) {
-  return [&window, &box, handler = Handler(window, std::move(body))] {
-    if (window.FormLoading || window.World.ShuttingDown) box.Value = !box.Value;
-    handler();
-  };
+// The alerts come from another place from here on, so they are due.
+void chkSotawatchJSONService_Click(SpotSources& sources, Announcements& announced) {
+  ShowWhichFeedsCount(sources.Tab);
+  announced.LastRefreshTime.reset();
+  ComplainOfMissingAddress(sources);
 }
 
-// A handler that starts work.
-auto WorkHandler(MainWindow& window, Procedure procedure) {
-  return Handler(window, [&window, procedure] {
-    if (!window.World.FetchInProgress) procedure(window);
-  });
-}
-
-void ViewFile(MainWindow& window, const std::string& path) {
-  if (FileExists(window.World, path)) {
-    ViewTextFile(window.World, path);
-  } else {
-    window.World.Messages.ShowMessage("The file " + path + " does not exist.", "View File",
-                                      MessageIcon::Information);
-  }
-}
-
-void ConnectViewer(MainWindow& window, Button& button, std::string_view fileName) {
-  button.Click = Handler(window, [&window, name = std::string(fileName)] {
-    ViewFile(window, InProgramFolder(window.World, name));
-  });
-}
-
-void ConnectLogViewer(MainWindow& window, Button& button, const TextBox& path) {
-  button.Click = Handler(window, [&window, &path] {
-    const auto name = FullLogName(window.World, path.Text.Get());
-    if (!name.empty()) ViewFile(window, name);
-  });
-}
-
-void ConnectViewers(MainWindow& window) {
-  auto& screen = window.Controls;
-  ConnectViewer(window, screen.RBN.cmdViewKnownActivators, KnownActivatorsFile);
-  ConnectViewer(window, screen.RBN.cmdViewAlerts, AlertsFile);
-  ConnectViewer(window, screen.Gateway.cmdViewGatewaySpotLog, GatewaySpotLogFile);
-  ConnectViewer(window, screen.Gateway.cmdViewGatewayServerResponseLog, GatewayServerResponseLogFile);
-  ConnectViewer(window, screen.Gateway.cmdViewExcludedActivators, ExcludedActivatorsFile);
-  ConnectViewer(window, screen.Files.cmdViewEventLog, EventLogFile);
-  ConnectViewer(window, screen.Files.cmdViewRawSpots, RawSpotsFile);
-  ConnectViewer(window, screen.Files.cmdViewSpotsRSS, FeedCopyFile);
-  ConnectViewer(window, screen.Files.cmdViewTrustedSpotters, TrustedSpottersFile);
-  ConnectLogViewer(window, screen.Logs.cmdViewLogFile1, screen.Logs.txtLogFile1);
-  ConnectLogViewer(window, screen.Logs.cmdViewLogFile2, screen.Logs.txtLogFile2);
-  screen.About.cmdViewUserGuide.Click = Handler(
-      window, [&window] { OpenDocument(window.World, InProgramFolder(window.World, UserGuideFile)); });
-}
-
-// The summit's page when the spot has a summit, else the operator's.
-void OpenSpotPage(MainWindow& window, const Spot& spot) {
-  const auto& addresses = window.Config.Addresses;
-  const auto summit = Trim(spot.SummitDesignator);
-  const auto address = summit.empty()
-                           ? Replace(addresses.Callsign, "ZZZZ", URLEncode(spot.stationBaseCallsign))
-                           : Replace(addresses.Summit, "ZZZZ", URLEncode(summit));
-  OpenDocument(window.World, address);
-}
-
-void OpenWebsite(MainWindow& window, const Website& website) {
-  OpenDocument(window.World, AddressToOpen(window.World, website.Address));
-}
-
-CallsignCollection& ListNamed(MainWindow& window, CallsignListName name) {
-  switch (name) {
-    case CallsignListName::Known: return window.KnownActivators;
-    case CallsignListName::Excluded: return window.ExcludedActivators;
-    case CallsignListName::Trusted: break;
-  }
-  return window.TrustedSpotters;
-}
-
-void AddToList(MainWindow& window, CallsignListName name, const Spot& spot) {
-  window.Controls.Spots.lblStatus.Caption = AddCallsign(window.World, name, ListNamed(window, name), spot);
-}
-
-void ConnectDocuments(MainWindow& window) {
-  auto& screen = window.Controls;
-  screen.Spots.txtSPOTList.DoubleClick = [&window](const Spot& spot) {
-    Handler(window, [&] { OpenSpotPage(window, spot); })();
-  };
-  screen.Spots.txtSPOTList.Select = [&window](const Spot& spot) {
-    Handler(window, [&] { window.Controls.Spots.lblSpotDetails.Caption = SpotDetails(window, spot); })();
-  };
-  screen.Spots.txtSPOTList.AddToList = [&window](CallsignListName name, const Spot& spot) {
-    Handler(window, [&] { AddToList(window, name, spot); })();
-  };
-  screen.Files.lstWebsites.DoubleClick = [&window](std::size_t index) {
-    Handler(window, [&window, index] {
-      if (index < window.Websites.size()) OpenWebsite(window, window.Websites[index]);
-    })();
-  };
-}
-
-void SwitchFeed(MainWindow& window) {
-  window.TwitterSinceID.clear();
-  window.Controls.Spots.lblNoConnectionToTwitter.Visible = false;
-  ShowSettingsNotice(window);
+void ConnectFeeds(SpotSources& sources, Announcements& announced) {
+  auto& ways = sources.Ways;
+  auto& viaRSS = sources.Tab.chkSOTAWatchSpotsViaRSS;
+  viaRSS.Click = ways.BoxHandler(viaRSS, [&sources] { SwitchFeed(sources); });
+  auto& service = sources.Tab.chkSotawatchJSONService;
+  service.Click =
+      ways.BoxHandler(service, [&sources, &announced] { chkSotawatchJSONService_Click(sources, announced); });
 }
 
 // Treats the newest spot of the list as newly received, with the test switches of the settings file.
-void cmdTest_Click(MainWindow& window) {
-  SpotCollection newest = window.SpotList;
+void cmdTest_Click(SpotLists& lists, const Screen& screen) {
+  SpotCollection newest = lists.SpotList;
   newest.Trim(1);
   SpotFilter filter;
-  FillFilterFromScreen(window.Controls, window.Config, filter);
-  AlertOnNewSpots(window.World, newest, filter, window.SpotList, &window.Config.Test, &window.Controls.Window,
-                  true);
+  FillFilterFromScreen(screen, lists.Config, filter);
+  AlertOnNewSpots(lists.World, newest, filter, lists.SpotList, &lists.Config.Test, &lists.Window, true);
 }
 
-void ConnectWork(MainWindow& window) {
-  auto& screen = window.Controls;
-  screen.Spots.cmdGetSPOTS.Click = WorkHandler(window, CheckForSpots);
-  screen.Spots.cmdReloadSpotList.Click = WorkHandler(window, ReloadSpotList);
-  screen.Spots.cmdTest.Click = WorkHandler(window, cmdTest_Click);
-  auto& viaRSS = screen.Spots.chkSOTAWatchSpotsViaRSS;
-  viaRSS.Click = BoxHandler(window, viaRSS, [&window] { SwitchFeed(window); });
-  auto& service = screen.Spots.chkSotawatchJSONService;
-  service.Click = BoxHandler(window, service, [&window] { chkSotawatchJSONService_Click(window); });
+void ConnectCommands(MainWindow& window) {
+  auto& ways = window.Ways;
+  auto& tab = window.Controls.Spots;
+  tab.cmdGetSPOTS.Click = ways.Command([&window] { CheckForSpots(window); });
+  tab.cmdReloadSpotList.Click = ways.Command([&window] { ReloadSpotList(window); });
+  tab.cmdTest.Click = ways.Command([&window] { cmdTest_Click(window.Lists, window.Controls); });
 }
 
 void ConnectSettings(MainWindow& window) {
+  auto& host = window.World;
+  auto& ways = window.Ways;
   auto& screen = window.Controls;
-  const auto handle = [&window](Procedure procedure) {
-    return Handler(window, [&window, procedure] { procedure(window); });
-  };
-  screen.Spots.txtSecondsBetweenChecks.LostFocus = handle(txtSecondsBetweenChecks_LostFocus);
-  screen.Spots.txtMaximumSpotsInList.LostFocus = handle(txtMaximumSpotsInList_LostFocus);
-  screen.RBN.txtDuplicateSpotFilteringPeriod.LostFocus = handle(txtDuplicateSpotFilteringPeriod_LostFocus);
-  screen.Gateway.txtSpotCommentTemplate.LostFocus = handle(txtSpotCommentTemplate_LostFocus);
-  screen.Files.cmdSaveSettings.Click = handle(cmdSaveSettings_Click);
+  screen.Spots.txtSecondsBetweenChecks.LostFocus =
+      ways.Handler([&] { txtSecondsBetweenChecks_LostFocus(host, screen, window.Pace); });
+  screen.Spots.txtMaximumSpotsInList.LostFocus =
+      ways.Handler([&] { txtMaximumSpotsInList_LostFocus(window.Lists); });
+  screen.RBN.txtDuplicateSpotFilteringPeriod.LostFocus =
+      ways.Handler([&] { txtDuplicateSpotFilteringPeriod_LostFocus(host, screen.RBN); });
+  screen.Gateway.txtSpotCommentTemplate.LostFocus =
+      ways.Handler([&] { txtSpotCommentTemplate_LostFocus(host, screen.Gateway, window.TemplateLookedAt); });
+  screen.Files.cmdSaveSettings.Click =
+      ways.Handler([&] { cmdSaveSettings_Click(host, screen.Spots, window.SettingsFile, window.Streams); });
+}
+
+void ConnectSounds(Host& host, Screen& screen, Entries& ways) {
   screen.Filters.cmdPlayAlertSound.Click =
-      Handler(window, [&window] { cmdPlayAlertSound_Click(window.World, window.Controls.Filters); });
+      ways.Handler([&] { cmdPlayAlertSound_Click(host, screen.Filters); });
   screen.Gateway.cmdPlayGatewaySound.Click =
-      Handler(window, [&window] { cmdPlayGatewaySound_Click(window.World, window.Controls.Gateway); });
+      ways.Handler([&] { cmdPlayGatewaySound_Click(host, screen.Gateway); });
 }
 
 // Alerts that are not wanted are not missed.
-void ForgetAlertsConnection(MainWindow& window) {
-  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value)
-    window.Controls.Spots.lblNoSotawatchConnection.Visible = false;
+void ForgetAlertsConnection(Screen& screen) {
+  if (!screen.RBN.chkReverseBeaconSpotsEnabled.Value) screen.Spots.lblNoSotawatchConnection.Visible = false;
 }
 
-void ConnectStream(MainWindow& window) {
-  auto& enabled = window.Controls.RBN.chkReverseBeaconSpotsEnabled;
-  enabled.Click = BoxHandler(window, enabled, [&window] {
-    for (auto* stream : StreamsOf(window)) chkReverseBeaconSpotsEnabled_Click(*stream);
+void ConnectStreams(SkimmerStreams& streams, const SourceStatus& status, Entries& ways,
+                    std::vector<Watch>& watches) {
+  auto& enabled = streams.Tab.chkReverseBeaconSpotsEnabled;
+  enabled.Click = ways.BoxHandler(enabled, [&streams] {
+    for (auto* stream : streams.InUse()) chkReverseBeaconSpotsEnabled_Click(*stream);
   });
-  window.Watches.push_back(enabled.Value.WhenChanged([&window] { ForgetAlertsConnection(window); }));
-  for (auto* stream : {&window.RBN, &window.RBN2})
-    window.Watches.push_back(stream->StatusChanged.WhenRaised([&window] { ShowStreamStage(window); }));
+  watches.push_back(enabled.Value.WhenChanged([&status] { ForgetAlertsConnection(status.Controls); }));
+  for (auto* stream : {&streams.First, &streams.Second})
+    watches.push_back(stream->StatusChanged.WhenRaised([&status] { ShowStreamStage(status); }));
 }
 
-void SwitchGatewayForAll(MainWindow& window) {
-  auto& tab = window.Controls.Gateway;
-  chkRBNSendAllSpotsToSotawatch_Click(window.World, tab);
-  ShowCaption(window);
+// While a form is being submitted the test is refused in words; beside the reading of a page it is dropped.
+void TestLogin(Gateway& gateway) {
+  const auto& going = gateway.World.Going;
+  if (going.LetStart(Work::LoginTest) || going.Includes(Activity::SendInProgress))
+    cmdTestSotawatchLogin_Click(gateway);
 }
 
-// While a spot is being sent the test is refused in words, whatever else is going on.
-void TestLoginUnlessFetching(MainWindow& window) {
-  if (window.World.FetchInProgress && !window.SpotGateway.Transfer.SendInProgress()) return;
-  cmdTestSotawatchLogin_Click(window.SpotGateway);
-}
-
-void ConnectGateway(MainWindow& window) {
-  auto& tab = window.Controls.Gateway;
+void ConnectGateway(Gateway& gateway, const SourceStatus& status, Entries& ways) {
+  auto& host = gateway.World;
+  auto& tab = gateway.Tab;
   auto& all = tab.chkRBNSendAllSpotsToSotawatch;
   auto& mine = tab.chkRBNSendMySpotsToSotawatch;
-  all.Click = BoxHandler(window, all, [&window] { SwitchGatewayForAll(window); });
-  mine.Click = BoxHandler(
-      window, mine, [&window] { chkRBNSendMySpotsToSotawatch_Click(window.World, window.Controls.Gateway); });
-  tab.cmdTestSotawatchLogin.Click = Handler(window, [&window] { TestLoginUnlessFetching(window); });
+  all.Click = ways.BoxHandler(all, [&host, &tab, &status] {
+    chkRBNSendAllSpotsToSotawatch_Click(host, tab);
+    ShowCaption(status);
+  });
+  mine.Click = ways.BoxHandler(mine, [&host, &tab] { chkRBNSendMySpotsToSotawatch_Click(host, tab); });
+  tab.cmdTestSotawatchLogin.Click = ways.Handler([&gateway] { TestLogin(gateway); });
 }
 
 }  // namespace
 
 void ConnectHandlers(MainWindow& window) {
-  window.OnTick = [&window] { Enter(window, [&window] { tmrCheckSpots_Timer(window); }); };
-  ConnectWork(window);
+  auto& ways = window.Ways;
+  auto& screen = window.Controls;
+  ways.WhenNoneIsLeft = [&window] { UnloadWhenDue(window); };
+  window.OnTick = [&window, &ways] { ways.Enter([&window] { tmrCheckSpots_Timer(window); }); };
+  ConnectFeeds(window.Sources, window.Announced);
+  ConnectCommands(window);
   ConnectSettings(window);
-  ConnectViewers(window);
-  ConnectDocuments(window);
-  ConnectStream(window);
-  ConnectGateway(window);
+  ConnectSounds(window.World, screen, ways);
+  ConnectViewers(window.World, screen, ways);
+  ConnectLists(
+      {window.World, screen, window.Config, window.Announced.Alerts, window.Callsigns, window.Websites},
+      ways);
+  ConnectStreams(window.Streams, window.Status, ways, window.Watches);
+  ConnectGateway(window.SpotGateway, window.Status, ways);
 }
 
 }  // namespace brelwin

@@ -20,11 +20,13 @@ ServiceSchedule::Random ChanceOf(const Host& host) {
 
 MainWindow::MainWindow(Host& host)
     : World(host),
-      SpotsService(host, ChanceOf(host)),
-      AlertsService(host, ChanceOf(host), DuringTransfer::OthersMayStart),
-      Commands(host, CommandMemory(host, InProgramFolder(host, SettingsIniFile),
-                                   [this] { return SettingsFile.PrepareFile(); })),
-      TickDriver(host.Time, host.Events, Controls.tmrCheckSpots, [this] { OnTick(); }) {
+      Sources(host, Controls.Spots, Config, SettingsFile, Ways, ChanceOf(host)),
+      Announced(host, Controls, Config,
+                CommandMemory(host, InProgramFolder(host, SettingsIniFile),
+                              [this] { return SettingsFile.PrepareFile(); }),
+                ChanceOf(host)),
+      Pace{.TickDriver =
+               CheckTimerDriver(host.Time, host.Events, Controls.tmrCheckSpots, [this] { OnTick(); })} {
   // Shown only while they are true.
   Controls.Spots.picDownload.Visible = false;
   Controls.Spots.lblCheckingForSpots.Visible = false;

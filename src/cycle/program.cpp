@@ -1,9 +1,8 @@
 #include "cycle/program.h"
 
-#include "cycle/check_cycle.h"
-#include "cycle/entry.h"
 #include "cycle/handlers.h"
 #include "cycle/main_window.h"
+#include "cycle/shut_down.h"
 #include "cycle/start_up.h"
 
 namespace brelwin {
@@ -20,11 +19,11 @@ Screen& Program::Controls() {
 
 void Program::Start(std::string_view commandLine, std::string_view passwordFromEnvironment) {
   if (window_->Unloaded) return;
-  Enter(*window_, [&] { Form_Load(*window_, commandLine, passwordFromEnvironment); });
+  window_->Ways.Enter([&] { Form_Load(*window_, commandLine, passwordFromEnvironment); });
 }
 
 void Program::Quit() {
-  Enter(*window_, [&] { Form_QueryUnload(*window_); });
+  window_->Ways.Enter([&] { Form_QueryUnload(*window_); });
 }
 
 }  // namespace brelwin

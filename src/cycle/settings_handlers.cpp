@@ -5,8 +5,6 @@
 
 #include "core/event_log.h"
 #include "cycle/source_status.h"
-#include "cycle/spot_list_display.h"
-#include "cycle/streams.h"
 #include "gateway/tab_rules.h"
 #include "radio/numbers.h"
 #include "rbn/stream.h"
@@ -14,64 +12,64 @@
 namespace brelwin {
 namespace {
 
-void Complain(MainWindow& window, std::string_view text) {
-  window.World.Messages.ShowMessage(text, "Settings", MessageIcon::Exclamation);
+void Complain(Host& host, std::string_view text) {
+  host.Messages.ShowMessage(text, "Settings", MessageIcon::Exclamation);
 }
 
 std::int32_t NumberIn(const TextBox& box) {
   return WholeNumber(box.Text.Get());
 }
 
-// Settings that are applied may have switched the stream on.
-void ConnectWhenWanted(MainWindow& window) {
-  const bool isWanted = window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value;
-  for (auto* stream : StreamsOf(window)) {
-    if (isWanted && !stream->Connected && !window.World.FetchInProgress) ConnectToRBN(*stream);
+void ConnectWhenWanted(const Host& host, SkimmerStreams& streams) {
+  const bool isWanted = streams.Tab.chkReverseBeaconSpotsEnabled.Value;
+  for (auto* stream : streams.InUse()) {
+    if (isWanted && !stream->Connected && host.Going.LetStart(Work::Fetch)) ConnectToRBN(*stream);
   }
 }
 
 }  // namespace
 
-void txtSecondsBetweenChecks_LostFocus(MainWindow& window) {
-  auto& box = window.Controls.Spots.txtSecondsBetweenChecks;
+void txtSecondsBetweenChecks_LostFocus(Host& host, Screen& screen, CheckPace& pace) {
+  auto& box = screen.Spots.txtSecondsBetweenChecks;
   const auto seconds = NumberIn(box);
   if (seconds < 3 || seconds > 60) {
-    Complain(window, "The Seconds Between Checks for New Spots must be between 3 and 60");
-    box.Text = std::to_string(window.CheckInterval / 1000);
+    Complain(host, "The Seconds Between Checks for New Spots must be between 3 and 60");
+    box.Text = std::to_string(pace.CheckInterval / 1000);
     return;
   }
-  window.CheckInterval = seconds * 1000;
-  if (window.WaitingForStartupDelay == 1) return;  // the countdown's own interval goes on
-  window.Controls.tmrCheckSpots.Interval = window.CheckInterval;
-  window.TickDriver.Restart();
+  pace.CheckInterval = seconds * 1000;
+  if (!host.Going.LetStart(Work::Check)) return;  // the countdown's own interval goes on
+  screen.tmrCheckSpots.Interval = pace.CheckInterval;
+  pace.TickDriver.Restart();
 }
 
-void txtDuplicateSpotFilteringPeriod_LostFocus(MainWindow& window) {
-  if (NumberIn(window.Controls.RBN.txtDuplicateSpotFilteringPeriod) >= 1) return;
-  Complain(window, "The Duplicate Spot Filtering Period (minutes) must be at least 1 minute.");
+void txtDuplicateSpotFilteringPeriod_LostFocus(Host& host, const RBNTab& tab) {
+  if (NumberIn(tab.txtDuplicateSpotFilteringPeriod) >= 1) return;
+  Complain(host, "The Duplicate Spot Filtering Period (minutes) must be at least 1 minute.");
 }
 
-void txtMaximumSpotsInList_LostFocus(MainWindow& window) {
-  const auto maximum = NumberIn(window.Controls.Spots.txtMaximumSpotsInList);
-  if (maximum <= 0 || static_cast<std::size_t>(maximum) >= window.SpotList.Count()) return;
-  TrimSpotList(window);
-  DisplaySpotList(window, window.SpotList);
+void txtMaximumSpotsInList_LostFocus(SpotLists& lists) {
+  const auto maximum = NumberIn(lists.Tab.txtMaximumSpotsInList);
+  if (maximum <= 0 || static_cast<std::size_t>(maximum) >= lists.SpotList.Count()) return;
+  TrimSpotList(lists);
+  DisplaySpotList(lists);
 }
 
-void txtSpotCommentTemplate_LostFocus(MainWindow& window) {
-  const auto& text = window.Controls.Gateway.txtSpotCommentTemplate.Text.Get();
-  if (std::exchange(window.TemplateLookedAt, text) == text) return;
+void txtSpotCommentTemplate_LostFocus(Host& host, const GatewayTab& tab,
+                                      std::optional<std::string>& lookedAt) {
+  const auto& text = tab.txtSpotCommentTemplate.Text.Get();
+  if (std::exchange(lookedAt, text) == text) return;
   const auto warning = GatewayMarkWarning(text);
-  if (!warning.empty()) LogEvent(window.World, "SpotCommentTemplate - " + warning);
+  if (!warning.empty()) LogEvent(host, "SpotCommentTemplate - " + warning);
 }
 
-void cmdSaveSettings_Click(MainWindow& window) {
-  if (window.SettingsFile.SaveSettings()) {
-    window.Controls.Spots.lblStatus.Caption = "Settings saved";
-    ShowSettingsNotice(window);
-    ConnectWhenWanted(window);
+void cmdSaveSettings_Click(Host& host, SpotsTab& tab, Settings& settings, SkimmerStreams& streams) {
+  if (settings.SaveSettings()) {
+    tab.lblStatus.Caption = "Settings saved";
+    ShowSettingsNotice(tab.lblSettingsNotice, settings);
+    ConnectWhenWanted(host, streams);
   } else {
-    Complain(window, "The settings could not be saved. The event log says why.");
+    Complain(host, "The settings could not be saved. The event log says why.");
   }
 }
 

@@ -4,7 +4,6 @@
 
 #include "core/event_log.h"
 #include "core/trap.h"
-#include "cycle/streams.h"
 #include "rbn/open_connection.h"
 
 namespace brelwin {
@@ -12,6 +11,7 @@ namespace brelwin {
 void Form_QueryUnload(MainWindow& window) {
   if (window.World.ShuttingDown) return;
   window.World.ShuttingDown = true;
+  window.Ending.emplace(window.World.Going, Activity::ShuttingDown);
   window.SpotGateway.Transfer.CancelUnanswered();
   LogEvent(window.World, "");
   LogEvent(window.World, "Form_QueryUnload");
@@ -22,13 +22,13 @@ void Form_Unload(MainWindow& window) {
   window.Controls.tmrCheckSpots.Enabled = false;
   TrapErrorsSilently([&] { window.SettingsFile.SaveSettings(); });
   std::string errorText;
-  for (auto* stream : StreamsOf(window)) CloseRBNConnection(*stream, errorText);
+  for (auto* stream : window.Streams.InUse()) CloseRBNConnection(*stream, errorText);
   LogEvent(window.World, "Form_Unload End");
   window.World.Events.Quit();
 }
 
 void UnloadWhenDue(MainWindow& window) {
-  if (!window.World.ShuttingDown || window.EntryDepth > 0 || window.Unloaded) return;
+  if (!window.World.ShuttingDown || window.Unloaded) return;
   window.Unloaded = true;
   Form_Unload(window);
 }

@@ -11,7 +11,8 @@ void Form_QueryUnload(MainWindow& window);
 // Saves the settings and ends the program. Runs once, after everything that was running has returned.
 void Form_Unload(MainWindow& window);
 
-// Calls Form_Unload when quitting was asked for and nothing of the program is on the stack any more.
+// Calls Form_Unload, once, when quitting was asked for. To be called when nothing of the program is on the
+// stack.
 void UnloadWhenDue(MainWindow& window);
 
 }  // namespace brelwin

@@ -1,16 +1,13 @@
 #include "cycle/sotawatch_spots.h"
 
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "core/event_log.h"
 #include "core/status_codes.h"
-#include "core/trap.h"
-#include "cycle/alerts_refresh.h"
-#include "cycle/source_status.h"
-#include "cycle/spot_changes.h"
-#include "cycle/spot_list_display.h"
-#include "cycle/spot_outputs.h"
-#include "cycle/spots_source.h"
 #include "spots/spot_collections.h"
-#include "ui/alerting.h"
-#include "ui/spot_filtering.h"
+#include "spots/spot_text.h"
 
 namespace brelwin {
 namespace {
@@ -18,102 +15,129 @@ namespace {
 // Independent of any setting: the duplicate checks of later steps rely on it.
 constexpr std::int32_t MaximumRecentSotawatchSpots = 200;
 
-void NoteFeedState(MainWindow& window, const SpotCollection& newSpots) {
-  auto& state = window.Sotawatch;
-  if (state.Text != window.Intake.StatusText()) state.Since = window.World.Time.LocalNow();
-  state.Text = window.Intake.StatusText();
-  state.Age = window.Intake.AgeText();
+void NoteFeedState(SpotSources& sources, const SpotCollection& newSpots) {
+  auto& state = sources.Sotawatch;
+  if (state.Text != sources.Intake.StatusText()) state.Since = sources.World.Time.LocalNow();
+  state.Text = sources.Intake.StatusText();
+  state.Age = sources.Intake.AgeText();
   state.Spots += static_cast<std::int64_t>(newSpots.Count());
-  window.Controls.Spots.lblStatus.Caption = state.Age.empty() ? state.Text : state.Text + "; " + state.Age;
+  sources.Tab.lblStatus.Caption = state.Age.empty() ? state.Text : state.Text + "; " + state.Age;
 }
 
-void ShowTwitterConnection(MainWindow& window, std::int32_t result) {
-  auto& label = window.Controls.Spots.lblNoConnectionToTwitter;
+void ShowTwitterConnection(Label& label, std::int32_t result) {
   if (result == StatusDone) label.Visible = false;
   if (result == StatusNoConnection) label.Visible = true;
 }
 
-std::int32_t ReadFeed(MainWindow& window, const SpotFilter& filter, SpotCollection& newSpots) {
-  auto& tab = window.Controls.Spots;
-  tab.picDownload.Visible = true;
+std::int32_t ReadFeed(SpotSources& sources, const SotawatchSpotTakers& takers, SpotCollection& newSpots) {
+  sources.Tab.picDownload.Visible = true;
   std::string errorText;
-  auto sinceID = window.TwitterSinceID;
-  const auto source = SourceInUse(window);
-  if (source == SpotSource::Service) LookForObstacle(window);
-  const auto result = window.Intake.GetSotawatchSpots(source, window.Config.Addresses, window.Config.Test,
-                                                      window.KnownActivators, window.TrustedSpotters, sinceID,
-                                                      newSpots, errorText);
-  if (window.World.ShuttingDown) return result;
+  auto sinceID = sources.TwitterSinceID;
+  const auto source = SourceInUse(sources);
+  if (source == SpotSource::Service) LookForObstacle(sources);
+  const auto result = sources.Intake.GetSotawatchSpots(
+      source, sources.Config.Addresses, sources.Config.Test, takers.Callsigns.KnownActivators,
+      takers.Callsigns.TrustedSpotters, sinceID, newSpots, errorText);
+  if (sources.World.ShuttingDown) return result;
   // The user may have switched to the other feed during the fetch: this one's memory and label are gone then.
-  if (SourceInUse(window) == SpotSource::Twitter) {
-    window.TwitterSinceID = sinceID;
-    ShowTwitterConnection(window, result);
+  if (SourceInUse(sources) == SpotSource::Twitter) {
+    sources.TwitterSinceID = sinceID;
+    ShowTwitterConnection(sources.Tab.lblNoConnectionToTwitter, result);
   }
-  NoteFeedState(window, newSpots);
-  if (result == StatusDone || !newSpots.Empty()) window.Sotawatch.WasRead = true;
-  CarryOutAlertCommands(window, newSpots, filter);
+  NoteFeedState(sources, newSpots);
+  if (result == StatusDone || !newSpots.Empty()) sources.Sotawatch.WasRead = true;
+  takers.Commands.CarryOut(newSpots, takers.Scene);
   return result;
 }
 
-// What a start brings is heard only when the user wants that.
-void AlertOn(MainWindow& window, const SpotCollection& newSpots, SpotFilter& filter, bool atStartup) {
-  if (atStartup && !window.Controls.Filters.chkAlertSoundsOnStartup.Value) return;
-  AlertOnNewSpots(window.World, newSpots, filter, window.SpotList, nullptr, &window.Controls.Window,
-                  atStartup);
-}
-
-void Reload(MainWindow& window) {
-  SpotFilter filter;
-  FillFilterFromScreen(window.Controls, window.Config, filter);
-  const auto sinceID = std::exchange(window.TwitterSinceID, {});
-  window.Intake.Forget();
-  SpotCollection newSpots;
-  const auto result = ReadFeed(window, filter, newSpots);
-  if (window.World.ShuttingDown) return;
-  if (result != StatusDone) {
-    window.TwitterSinceID = sinceID;
-    DisplaySpotList(window, window.SpotList);
-    return;
+void RemoveDeleted(SpotLists& lists, const std::vector<SpotPointer>& deleted) {
+  for (const auto& spot : deleted) {
+    RemoveFromCollection(spot->ID, lists.RecentSotawatchSpots);
+    RemoveFromCollection(spot->ID, lists.SpotList);
+    LogEvent(lists.World,
+             "GetSotawatchSpots - A spot was deleted at its source: " + DelimitedLine(*spot, "|"));
   }
-  window.Intake.TakeChanges();  // the lists are new
-  window.RecentSotawatchSpots = FirstSpots(WithoutTests(newSpots), MaximumRecentSotawatchSpots);
-  window.SpotsHiddenForPoints = 0;
-  FilterAndLog(window, filter, newSpots);
-  window.SpotList = newSpots;
-  TrimSpotList(window);
-  DisplaySpotList(window, window.SpotList);
-  AlertOn(window, newSpots, filter, true);
 }
 
-void EndReload(MainWindow& window) {
-  if (!window.CheckInProgress) window.Controls.Spots.picDownload.Visible = false;
-  ShowSourceStatus(window);
+// False when the collection does not hold the spot.
+bool Replace(const SpotPointer& spot, SpotCollection& collection) {
+  auto* held = collection.Find(spot->ID);
+  if (held != nullptr) *held = spot;
+  return held != nullptr;
+}
+
+// A spot that was kept out of the list comes into it when what it says lets it in, and the other way round.
+void Show(SpotCollection& list, const SpotEdit& edit, bool isDisplayed, SpotCollection& inFront) {
+  if (!isDisplayed) {
+    RemoveFromCollection(edit.After->ID, list);
+  } else if (!Replace(edit.After, list) && edit.Before->HiddenFromDisplay) {
+    AddSpotByID(edit.After, inFront);
+  }
+}
+
+void ShowEdited(SpotLists& lists, const std::vector<SpotEdit>& edits, SpotFilter& filter) {
+  SpotCollection displayed;
+  SpotCollection news;
+  for (const auto& edit : edits) {
+    Replace(edit.After, lists.RecentSotawatchSpots);
+    AddSpotByID(edit.After, displayed);
+    if (edit.IsNews()) AddSpotByID(edit.After, news);
+  }
+  FilterAndLog(lists, filter, displayed);
+  SpotCollection inFront;
+  for (const auto& edit : edits) Show(lists.SpotList, edit, displayed.Contains(edit.After->ID), inFront);
+  MergeIntoSpotList(lists, inFront);
+  AlertOn(lists, news, filter);
+}
+
+void TakeSpotChanges(SpotLists& lists, const SpotChanges& changes, SpotFilter& filter) {
+  RemoveDeleted(lists, changes.Deleted);
+  if (!changes.Edited.empty()) {
+    ShowEdited(lists, changes.Edited, filter);
+  } else if (!changes.Deleted.empty()) {
+    DisplaySpotList(lists);
+  }
 }
 
 }  // namespace
 
-void ReloadSpotList(MainWindow& window) {
-  try {
-    Reload(window);
-  } catch (...) {
-    TrapErrorsSilently([&] { EndReload(window); });
-    throw;
+void ReplaceSpotLists(SpotSources& sources, const SotawatchSpotTakers& takers, SpotFilter& filter,
+                      const CheckBox& isHeardAtStart) {
+  auto& lists = takers.Lists;
+  const auto sinceID = std::exchange(sources.TwitterSinceID, {});
+  sources.Intake.Forget();
+  SpotCollection newSpots;
+  const auto result = ReadFeed(sources, takers, newSpots);
+  if (sources.World.ShuttingDown) return;
+  if (result != StatusDone) {
+    sources.TwitterSinceID = sinceID;
+    DisplaySpotList(lists);
+    return;
   }
-  EndReload(window);
+  sources.Intake.TakeChanges();  // the lists are new
+  lists.RecentSotawatchSpots = FirstSpots(WithoutTests(newSpots), MaximumRecentSotawatchSpots);
+  lists.SpotsHiddenForPoints = 0;
+  FilterAndLog(lists, filter, newSpots);
+  lists.SpotList = newSpots;
+  TrimSpotList(lists);
+  DisplaySpotList(lists);
+  if (isHeardAtStart.Value) AlertOn(lists, newSpots, filter, true);
 }
 
-void TakeSotawatchSpots(MainWindow& window, SpotFilter& filter) {
-  const bool atStartup = !window.Sotawatch.WasRead;
+void TakeSotawatchSpots(SpotSources& sources, const SotawatchSpotTakers& takers, SpotFilter& filter,
+                        const CheckBox& isHeardAtStart) {
+  auto& lists = takers.Lists;
+  const bool atStartup = !sources.Sotawatch.WasRead;
   SpotCollection newSpots;
-  ReadFeed(window, filter, newSpots);
-  TakeSpotChanges(window, filter);
+  ReadFeed(sources, takers, newSpots);
+  TakeSpotChanges(lists, sources.Intake.TakeChanges(), filter);
   if (newSpots.Empty()) return;
   const auto received = newSpots;
-  FilterAndLog(window, filter, newSpots);
-  MergeInFront(WithoutTests(received), window.RecentSotawatchSpots);
-  TrimCollection(MaximumRecentSotawatchSpots, window.RecentSotawatchSpots);
-  MergeIntoSpotList(window, newSpots);
-  AlertOn(window, newSpots, filter, atStartup);
+  FilterAndLog(lists, filter, newSpots);
+  MergeInFront(WithoutTests(received), lists.RecentSotawatchSpots);
+  TrimCollection(MaximumRecentSotawatchSpots, lists.RecentSotawatchSpots);
+  MergeIntoSpotList(lists, newSpots);
+  if (!atStartup || isHeardAtStart.Value) AlertOn(lists, newSpots, filter, atStartup);
 }
 
 }  // namespace brelwin

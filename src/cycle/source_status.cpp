@@ -1,13 +1,12 @@
 #include "cycle/source_status.h"
+#include "gateway/tab_rules.h"
 
 #include <algorithm>
 #include <chrono>
 #include <string>
 
 #include "base/text.h"
-#include "cycle/captions.h"
-#include "cycle/spot_outputs.h"
-#include "cycle/spots_source.h"
+#include "core/version.h"
 #include "radio/dates.h"
 
 namespace brelwin {
@@ -17,8 +16,8 @@ constexpr Milliseconds HalfASecond{500};  // to round
 constexpr std::string_view FirstName = "Reverse Beacon Network";
 constexpr std::string_view SecondName = "Reverse Beacon Network, second stream";
 
-std::string SotawatchText(const MainWindow& window) {
-  const auto& state = window.Sotawatch;
+std::string SotawatchText(const SourceStatus& status) {
+  const auto& state = status.Sources.Sotawatch;
   if (!state.Since) return "Sotawatch: not read yet";
   const auto text =
       state.Text + " since " + ClockText(*state.Since) + ", " + std::to_string(state.Spots) + " spots";
@@ -26,45 +25,46 @@ std::string SotawatchText(const MainWindow& window) {
 }
 
 // When the next check, and with it the next attempt at what failed in this one, is due.
-std::optional<DateTime> NextCheck(const MainWindow& window) {
-  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return {};
-  const auto& time = window.World.Time;
-  const auto due = window.TickDriver.Due();
-  const auto seconds = due ? SecondsBetween(time.Now(), *due + HalfASecond) : window.CheckInterval / 1000;
+std::optional<DateTime> NextCheck(const SourceStatus& status) {
+  if (!status.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return {};
+  const auto& time = status.Time;
+  const auto due = status.Pace.TickDriver.Due();
+  const auto seconds =
+      due ? SecondsBetween(time.Now(), *due + HalfASecond) : status.Pace.CheckInterval / 1000;
   return AddSeconds(time.LocalNow(), seconds);
 }
 
 // Without a callsign there is no attempt.
-std::optional<DateTime> NextAttempt(const MainWindow& window) {
-  return Trim(window.Controls.RBN.txtRBNCallsign.Text.Get()).empty() ? std::nullopt : NextCheck(window);
+std::optional<DateTime> NextAttempt(const SourceStatus& status) {
+  return Trim(status.Controls.RBN.txtRBNCallsign.Text.Get()).empty() ? std::nullopt : NextCheck(status);
 }
 
 // How many alerts there are, by whom, and how old they are, down to so many minutes.
-std::string DataText(const MainWindow& window, std::int64_t step) {
-  const auto readAt = window.Alerts.ReadAt();
+std::string DataText(const SourceStatus& status, std::int64_t step) {
+  const auto readAt = status.Announced.Alerts.ReadAt();
   if (!readAt) return "not read yet";
-  const auto minutes = std::max<std::int64_t>(0, MinutesBetween(*readAt, window.World.Time.LocalNow()));
+  const auto minutes = std::max<std::int64_t>(0, MinutesBetween(*readAt, status.Time.LocalNow()));
   const auto age = minutes - minutes % step;
-  return std::to_string(window.Alerts.Count()) + " by " + window.AlertsSource + ", announcements of " +
-         ClockText(*readAt) + ", " + std::to_string(age) + " min old";
+  return std::to_string(status.Announced.Alerts.Count()) + " by " + status.Announced.Source +
+         ", announcements of " + ClockText(*readAt) + ", " + std::to_string(age) + " min old";
 }
 
-std::string AlertsText(const MainWindow& window) {
-  if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return "Alerts: off";
-  std::string text = "Alerts: " + DataText(window, 1);
-  const auto& failure = window.AlertsNotRead;
+std::string AlertsText(const SourceStatus& status) {
+  if (!status.Controls.RBN.chkReverseBeaconSpotsEnabled.Value) return "Alerts: off";
+  std::string text = "Alerts: " + DataText(status, 1);
+  const auto& failure = status.Announced.NotRead;
   if (!failure.Since) return text;
   text.append("; failing since ").append(ClockText(*failure.Since)).append(" (" + failure.Text + ")");
-  const bool isTriedAgain = window.Controls.Spots.lblNoSotawatchConnection.Visible;
-  if (const auto next = NextCheck(window); next && isTriedAgain)
+  const bool isTriedAgain = status.Controls.Spots.lblNoSotawatchConnection.Visible;
+  if (const auto next = NextCheck(status); next && isTriedAgain)
     text.append(", next attempt at ").append(DateTimeText(*next).substr(11));
   return text;
 }
 
-std::string StreamTexts(const MainWindow& window) {
-  const auto first = StreamStatusText(window.RBN.Status, NextAttempt(window));
-  if (!window.RBN2.IsConfigured()) return first;
-  return first + " | " + StreamStatusText(window.RBN2.Status, NextAttempt(window), SecondName);
+std::string StreamTexts(const SourceStatus& status) {
+  const auto first = StreamStatusText(status.Streams.First.Status, NextAttempt(status));
+  if (!status.Streams.Second.IsConfigured()) return first;
+  return first + " | " + StreamStatusText(status.Streams.Second.Status, NextAttempt(status), SecondName);
 }
 
 // What the stream has begun to do; the counts are on the status line.
@@ -77,10 +77,11 @@ std::string StageText(const RBNConnection& stream, std::optional<DateTime> nextA
 }
 
 // Where every change is told, the age grows in steps.
-void ShowAnnouncements(MainWindow& window) {
+void ShowAnnouncements(const SourceStatus& status) {
   constexpr std::int64_t Step = 10;  // minutes
-  const bool areRead = window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value && window.Alerts.WereRead();
-  window.Controls.RBN.lblAnnouncements.Caption = areRead ? "Alerts: " + DataText(window, Step) : "";
+  const bool areRead =
+      status.Controls.RBN.chkReverseBeaconSpotsEnabled.Value && status.Announced.Alerts.WereRead();
+  status.Controls.RBN.lblAnnouncements.Caption = areRead ? "Alerts: " + DataText(status, Step) : "";
 }
 
 // First of all, since others are told of what it does; nothing while it is off.
@@ -88,42 +89,47 @@ std::string GatewayText(const GatewayTab& tab, const RBNTab& rbn) {
   return IsGatewayOn(tab) ? GatewayStateText(tab, rbn) + " | " : std::string();
 }
 
+std::string WindowCaption(bool gatewayEnabled, bool feedGone) {
+  return ProgramTitle() + " --- by Q0ZZ" + (gatewayEnabled ? " --- Gateway Mode Enabled" : "") +
+         (feedGone ? " --- Sotawatch feed gone" : "");
+}
+
 }  // namespace
 
-void ShowSourceStatus(MainWindow& window) {
-  window.Controls.Spots.lblSources.Caption = GatewayText(window.Controls.Gateway, window.Controls.RBN) +
-                                             SotawatchText(window) + " | " + AlertsText(window) + " | " +
-                                             StreamTexts(window);
-  ShowAnnouncements(window);
-  ShowCaption(window);
-  ShowHiddenSpots(window);
-  ShowSettingsNotice(window);
+void ShowSources(const SourceStatus& status) {
+  auto& screen = status.Controls;
+  screen.Spots.lblSources.Caption = GatewayText(screen.Gateway, screen.RBN) + SotawatchText(status) + " | " +
+                                    AlertsText(status) + " | " + StreamTexts(status);
+  ShowAnnouncements(status);
 }
 
-void ShowCaption(MainWindow& window) {
-  const bool isGone = SourceInUse(window) == SpotSource::Service &&
-                      (window.Intake.IsFeedGone() || window.AnnouncedByService.IsGone());
-  window.Controls.Window.Caption =
-      WindowCaption(window.Controls.Gateway.chkRBNSendAllSpotsToSotawatch.Value, isGone);
+void ShowStreamStage(const SourceStatus& status) {
+  auto& tab = status.Controls.RBN;
+  const auto& streams = status.Streams;
+  tab.lblRBNStatus.Caption = StageText(streams.First, NextAttempt(status), FirstName);
+  if (streams.Second.IsConfigured())
+    tab.lblRBNStatus2.Caption = StageText(streams.Second, NextAttempt(status), SecondName);
 }
 
-void ShowSettingsNotice(MainWindow& window) {
+void ShowCaption(const SourceStatus& status) {
+  const bool isGone = SourceInUse(status.Sources) == SpotSource::Service &&
+                      (status.Sources.Intake.IsFeedGone() || status.Announced.ByService.IsGone());
+  status.Controls.Window.Caption =
+      WindowCaption(status.Controls.Gateway.chkRBNSendAllSpotsToSotawatch.Value, isGone);
+}
+
+void ShowSettingsNotice(Label& notice, Settings& settings) {
   std::string text;
-  for (const auto& notice : window.SettingsFile.Notices())
-    text.append(text.empty() ? "" : LineEnd).append(notice);
-  window.Controls.Spots.lblSettingsNotice.Caption = text;
+  for (const auto& line : settings.Notices()) text.append(text.empty() ? "" : LineEnd).append(line);
+  notice.Caption = text;
 }
 
-void ShowStreamStage(MainWindow& window) {
-  auto& tab = window.Controls.RBN;
-  tab.lblRBNStatus.Caption = StageText(window.RBN, NextAttempt(window), FirstName);
-  if (window.RBN2.IsConfigured())
-    tab.lblRBNStatus2.Caption = StageText(window.RBN2, NextAttempt(window), SecondName);
-  ShowSourceStatus(window);
+void ShowUTCTime(Label& label, const Clock& time) {
+  label.Caption = "Current Time: " + ClockText(UTCNow(time)) + " UTC";
 }
 
-void ShowUTCTime(MainWindow& window) {
-  window.Controls.Spots.lblUTCTime.Caption = "Current Time: " + ClockText(UTCNow(window.World.Time)) + " UTC";
+std::string ProgramTitle() {
+  return "Brelwin v" + std::string(ProgramVersion());
 }
 
 }  // namespace brelwin

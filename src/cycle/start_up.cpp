@@ -8,14 +8,9 @@
 #include "core/trap.h"
 #include "core/version.h"
 #include "cycle/callsign_lists.h"
-#include "cycle/captions.h"
-#include "cycle/command_line.h"
+#include "cycle/check_cycle.h"
 #include "cycle/settings_handlers.h"
-#include "cycle/sotawatch_spots.h"
 #include "cycle/source_status.h"
-#include "cycle/spot_list_display.h"
-#include "cycle/spots_source.h"
-#include "cycle/streams.h"
 #include "radio/dates.h"
 #include "radio/numbers.h"
 #include "rbn/stream.h"
@@ -26,30 +21,30 @@ namespace {
 
 constexpr int CountdownInterval = 100;  // milliseconds
 
-void ShowAndLogError(MainWindow& window, const RuntimeError& error) {
+void ShowAndLogError(Host& host, SpotListBox& box, const RuntimeError& error) {
   const auto number = std::to_string(error.Number);
-  ShowInsteadOfSpots(window, "FormLoad error " + number + ": " + error.Description);
-  LogEvent(window.World, "FormLoad Error, Number=" + number + " Error=" + error.Description);
+  ShowInsteadOfSpots(box, "FormLoad error " + number + ": " + error.Description);
+  LogEvent(host, "FormLoad Error, Number=" + number + " Error=" + error.Description);
 }
 
-template <class Body>
-void Step(MainWindow& window, Body&& body) {
-  TrapErrors([&] { return body(), true; }, false,
-             [&](const RuntimeError& error) { ShowAndLogError(window, error); });
+// Runs the steps of start-up: what one fails of is shown and logged, and the next one follows.
+auto StepsOf(Host& host, SpotListBox& box) {
+  return [&](auto&& body) {
+    TrapErrors([&] { return body(), true; }, false,
+               [&](const RuntimeError& error) { ShowAndLogError(host, box, error); });
+  };
 }
 
-void LogLaunch(MainWindow& window) {
-  LogEvent(window.World, "");
-  LogEvent(window.World, "Brelwin v" + std::string(ProgramVersion()) +
-                             " launching, UTC Date/Time=" + GetUTCNowText(window.World.Time));
+void LogLaunch(Host& host) {
+  LogEvent(host, "");
+  LogEvent(host, "Brelwin v" + std::string(ProgramVersion()) +
+                     " launching, UTC Date/Time=" + GetUTCNowText(host.Time));
 }
 
-void ShowWhatThereIs(MainWindow& window) {
-  auto& screen = window.Controls;
-  screen.About.cmdViewUserGuide.Visible =
-      FileExists(window.World, InProgramFolder(window.World, UserGuideFile));
-  screen.Spots.cmdTest.Visible = window.Config.TestButton;
-  screen.Spots.cmdTest.Enabled = window.Config.TestButton;
+void ShowWhatThereIs(const Host& host, Screen& screen, bool testButton) {
+  screen.About.cmdViewUserGuide.Visible = FileExists(host, InProgramFolder(host, UserGuideFile));
+  screen.Spots.cmdTest.Visible = testButton;
+  screen.Spots.cmdTest.Enabled = testButton;
   screen.Spots.lblSpotListHeader.Caption = SpotListHeader();
 }
 
@@ -60,42 +55,44 @@ void KeepGatewayWords(MainWindow& window) {
       window.Controls.Gateway.lblGatewayState.Caption.WhenChanged([&window] { ShowSourceStatus(window); }));
 }
 
-void WarnOfTheFile(MainWindow& window) {
-  window.Warnings.emplace(window.Controls);
-  ShowSettingsNotice(window);
+void ShowTitles(const SourceStatus& status) {
+  ShowUTCTime(status.Controls.Spots.lblUTCTime, status.Time);
+  ShowCaption(status);
+  status.Controls.About.lblProgramTitle.Caption = ProgramTitle();
 }
 
-void ShowTitles(MainWindow& window) {
-  ShowUTCTime(window);
-  ShowCaption(window);
-  window.Controls.About.lblProgramTitle.Caption = ProgramTitle();
+void ShowWindow(Host& host, Form& form) {
+  form.Show.Raise();
+  host.Events.DoEvents();
 }
 
-void ShowWindow(MainWindow& window) {
-  window.Controls.Window.Show.Raise();
-  window.World.Events.DoEvents();
-}
-
-void LoadWebsites(MainWindow& window) {
-  window.Websites = ReadWebsites(window.World, InProgramFolder(window.World, WebsitesFile));
+void LoadWebsites(Host& host, FilesTab& tab, std::vector<Website>& websites) {
+  websites = ReadWebsites(host, InProgramFolder(host, WebsitesFile));
   std::vector<std::string> names;
-  names.reserve(window.Websites.size());
-  for (const auto& website : window.Websites) names.push_back(website.Name);
-  window.Controls.Files.lstWebsites.Items = std::move(names);
+  names.reserve(websites.size());
+  for (const auto& website : websites) names.push_back(website.Name);
+  tab.lstWebsites.Items = std::move(names);
+}
+
+// The timer's interval in milliseconds: the box's whole number of seconds when it is 1 to 64, else 5 s. This
+// is wider on purpose than what the settings screen lets the user type.
+int TimerInterval(const SpotsTab& tab) {
+  const auto seconds = WholeNumber(tab.txtSecondsBetweenChecks.Text.Get());
+  return seconds >= 1 && seconds <= 64 ? seconds * 1000 : 5000;
+}
+
+void DelayConnections(Activities& going, Screen& screen, StartupDelay& delay) {
+  delay.Running.emplace(going, Activity::StartupDelay);
+  ShowStartupDelay(screen.Spots.txtSPOTList, delay.Seconds);
+  screen.Spots.cmdReloadSpotList.Enabled = false;
+  screen.tmrCheckSpots.Interval = CountdownInterval;
+  screen.tmrCheckSpots.Enabled = true;
 }
 
 void BeginOrDelay(MainWindow& window) {
-  auto& timer = window.Controls.tmrCheckSpots;
-  if (window.StartupDelaySeconds > 0) {
-    window.WaitingForStartupDelay = 1;
-    ShowStartupDelay(window, SingleText(window.StartupDelaySeconds));
-    window.Controls.Spots.cmdReloadSpotList.Enabled = false;
-    timer.Interval = CountdownInterval;
-    timer.Enabled = true;
-    return;
-  }
-  ShowInsteadOfSpots(window, "Connecting...");
-  timer.Interval = window.CheckInterval;
+  if (window.Delay.Seconds > 0) return DelayConnections(window.World.Going, window.Controls, window.Delay);
+  ShowInsteadOfSpots(window.Controls.Spots.txtSPOTList, "Connecting...");
+  window.Controls.tmrCheckSpots.Interval = window.Pace.CheckInterval;
   InitializeInternetConnections(window);
 }
 
@@ -103,56 +100,63 @@ void BeginOrDelay(MainWindow& window) {
 
 void Form_Load(MainWindow& window, std::string_view commandLine, std::string_view passwordFromEnvironment) {
   auto& world = window.World;
-  window.FormLoading = true;
-  window.Controls.Window.Hourglass = true;
-  Step(window, [&] { LogLaunch(window); });
-  Step(window, [&] {
+  auto& screen = window.Controls;
+  auto& callsigns = window.Callsigns;
+  const auto step = StepsOf(world, screen.Spots.txtSPOTList);
+  screen.Window.Hourglass = true;
+  step([&] { LogLaunch(world); });
+  step([&] {
     window.SettingsFile.LoadSettings(InProgramFolder(world, SettingsIniFile), passwordFromEnvironment);
-    window.RBN.RBNCallsign = Trim(window.Controls.RBN.txtRBNCallsign.Text.Get());
+    window.Streams.First.RBNCallsign = Trim(screen.RBN.txtRBNCallsign.Text.Get());
   });
-  Step(window, [&] { window.CheckInterval = TimerInterval(window); });
-  Step(window, [&] { ShowWhatThereIs(window); });
-  Step(window, [&] { ShowWhichFeedsCount(window); });
-  Step(window, [&] { KeepGatewayWords(window); });
-  Step(window, [&] { WarnOfTheFile(window); });
-  Step(window, [&] { txtSpotCommentTemplate_LostFocus(window); });
-  Step(window, [&] { ShowTitles(window); });
-  Step(window, [&] { ShowWindow(window); });
-  Step(window, [&] { LoadWebsites(window); });
-  Step(window, [&] { LoadCallsigns(world, CallsignListName::Known, window.KnownActivators); });
-  Step(window, [&] { LoadCallsigns(world, CallsignListName::Excluded, window.ExcludedActivators); });
-  Step(window, [&] { LoadCallsigns(world, CallsignListName::Trusted, window.TrustedSpotters); });
-  Step(window, [&] {
-    window.StartupDelaySeconds = ReadStartupDelay(commandLine);
-    window.StartupTime = world.Time.Now();
+  step([&] { window.Pace.CheckInterval = TimerInterval(screen.Spots); });
+  step([&] { ShowWhatThereIs(world, screen, window.Config.TestButton); });
+  step([&] { ShowWhichFeedsCount(screen.Spots); });
+  step([&] { KeepGatewayWords(window); });
+  step([&] { window.Warnings.emplace(screen); });
+  step([&] { ShowSettingsNotice(screen.Spots.lblSettingsNotice, window.SettingsFile); });
+  step([&] { txtSpotCommentTemplate_LostFocus(world, screen.Gateway, window.TemplateLookedAt); });
+  step([&] { ShowTitles(window.Status); });
+  step([&] { ShowWindow(world, screen.Window); });
+  step([&] { LoadWebsites(world, screen.Files, window.Websites); });
+  for (const auto name : {CallsignListName::Known, CallsignListName::Excluded, CallsignListName::Trusted})
+    step([&] { LoadCallsigns(world, name, callsigns.Named(name)); });
+  step([&] {
+    window.Delay.Seconds = ReadStartupDelay(commandLine);
+    window.Delay.Since = world.Time.Now();
   });
-  Step(window, [&] { BeginOrDelay(window); });
-  window.Controls.Window.Hourglass = false;
-  window.FormLoading = false;
+  step([&] { BeginOrDelay(window); });
+  screen.Window.Hourglass = false;
+  window.FormLoading.reset();
 }
 
 void InitializeInternetConnections(MainWindow& window) {
   if (window.World.ShuttingDown) return;
-  auto& timer = window.Controls.tmrCheckSpots;
+  auto& screen = window.Controls;
+  auto& timer = screen.tmrCheckSpots;
+  const auto step = StepsOf(window.World, screen.Spots.txtSPOTList);
   timer.Enabled = false;
-  Step(window, [&] { ReloadSpotList(window); });
-  Step(window, [&] {
-    for (auto* stream : StreamsOf(window)) ConnectToRBN(*stream);
+  step([&] { ReloadSpotList(window); });
+  step([&] {
+    for (auto* stream : window.Streams.InUse()) ConnectToRBN(*stream);
   });
-  window.CheckInterval = TimerInterval(window);
-  timer.Interval = window.CheckInterval;
-  window.Controls.Spots.cmdReloadSpotList.Enabled = true;
+  window.Pace.CheckInterval = TimerInterval(screen.Spots);
+  timer.Interval = window.Pace.CheckInterval;
+  screen.Spots.cmdReloadSpotList.Enabled = true;
   timer.Enabled = !window.World.ShuttingDown;
 }
 
-void ShowStartupDelay(MainWindow& window, std::string_view secondsLeft) {
+void ShowStartupDelay(SpotListBox& box, float secondsLeft) {
   ShowInsteadOfSpots(
-      window, "Internet connections will be initialized in " + std::string(secondsLeft) + " seconds...");
+      box, "Internet connections will be initialized in " + SingleText(secondsLeft) + " seconds...");
 }
 
-int TimerInterval(const MainWindow& window) {
-  const auto seconds = WholeNumber(window.Controls.Spots.txtSecondsBetweenChecks.Text.Get());
-  return seconds >= 1 && seconds <= 64 ? seconds * 1000 : 5000;
+float ReadStartupDelay(std::string_view commandLine) {
+  constexpr std::string_view Keyword = "DELAY=";
+  const auto text = UpperCase(Trim(commandLine));
+  std::string_view seconds = text;
+  if (seconds.starts_with(Keyword)) seconds.remove_prefix(Keyword.size());
+  return ToSingle(ToDouble(Trim(seconds)));
 }
 
 }  // namespace brelwin

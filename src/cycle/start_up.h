@@ -14,10 +14,10 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
 void InitializeInternetConnections(MainWindow& window);
 
 // Writes how many seconds are left of the start-up delay into the list.
-void ShowStartupDelay(MainWindow& window, std::string_view secondsLeft);
+void ShowStartupDelay(SpotListBox& box, float secondsLeft);
 
-// The timer's interval in milliseconds: the box's whole number of seconds when it is 1 to 64, else 5 s. This
-// is wider on purpose than what the settings screen lets the user type.
-int TimerInterval(const MainWindow& window);
+// The start-up delay in seconds that the command line asks for: "DELAY=" in any letter case and a number, or
+// the bare number. 0 for an empty command line, a bare "DELAY=" and anything that is not a number.
+float ReadStartupDelay(std::string_view commandLine);
 
 }  // namespace brelwin

@@ -63,7 +63,7 @@ GatewayRun::End GatewayRun::Decide(const SpotPointer& spot) {
         if (const auto end = EndedByQuitting(*spot)) return end;
         break;
       case GatewayDecision::Send:
-        if (!gateway_.Transfer.SendInProgress()) return Send(spot);
+        if (gateway_.World.Going.LetStart(Work::Send)) return Send(spot);
         if (const auto end = WaitForSendInProgress(*spot)) return end;
         break;
       case GatewayDecision::Refuse:
@@ -96,12 +96,11 @@ GatewayRun::End GatewayRun::Send(const SpotPointer& spot) {
 }
 
 GatewayRun::End GatewayRun::WaitForSendInProgress(const Spot& spot) {
-  const auto& transfer = gateway_.Transfer;
   auto& host = gateway_.World;
   LogGatewayEvent(host, "There is already a gateway send in progresss. Waiting...");
   const auto deadline = host.Time.Now() + std::chrono::seconds(InternetTimeoutSeconds(gateway_.Settings));
   const auto result = WaitUntil(
-      host, [&] { return !transfer.SendInProgress(); }, deadline);
+      host, [&] { return host.Going.LetStart(Work::Send); }, deadline);
   if (const auto end = EndedByQuitting(spot)) return end;
   if (result == WaitResult::TimedOut) {
     LogGatewayEvent(host, "Timed out waiting for gateway send in progress to complete");

@@ -70,7 +70,7 @@ void NoteEnd(const HttpControl& control, TransferState& transfer, std::int32_t s
   transfer.LastResponseCode = control.ResponseCode();
   transfer.LastResponseInfo = control.ResponseInfo();
   transfer.TransferStatus = status;
-  transfer.SendInProgress = false;
+  transfer.SendInProgress.reset();
 }
 
 }  // namespace
@@ -82,7 +82,7 @@ SpotliteTransfer::SpotliteTransfer(Host& host) : host_(host), ctlInternet_(host.
 std::shared_ptr<TransferState> SpotliteTransfer::Post(std::string_view url, std::string_view body,
                                                       const std::function<bool()>& mayLeave) {
   auto transfer = std::make_shared<TransferState>();
-  transfer->SendInProgress = true;
+  transfer->SendInProgress.emplace(host_.Going, Activity::SendInProgress);
   transfer->LastPostedData = body;
   latest_ = transfer;
   underWay_ = transfer;
@@ -96,7 +96,7 @@ std::shared_ptr<TransferState> SpotliteTransfer::Post(std::string_view url, std:
 
 void SpotliteTransfer::Cancel() {
   underWay_ = nullptr;
-  latest_->SendInProgress = false;
+  latest_->SendInProgress.reset();
   ctlInternet_.Cancel();
 }
 

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -69,7 +70,7 @@ inline constexpr std::int32_t TransferFailed = -1000;
 
 // One transfer. Every submission has its own, so that an answer is never read as that of another one.
 struct TransferState {
-  bool SendInProgress = false;
+  std::optional<ActivityMark> SendInProgress;
   bool IsHeldBack = false;
   std::int16_t LastInternetState = 0;
   std::string LastPostedData;
@@ -87,9 +88,8 @@ class SpotliteTransfer {
   SpotliteTransfer(const SpotliteTransfer&) = delete;
   SpotliteTransfer& operator=(const SpotliteTransfer&) = delete;
 
-  // The fields of the latest transfer, and whether one is waited for: then no other may be begun.
+  // The fields of the latest transfer.
   const TransferState& Latest() const { return *latest_; }
-  bool SendInProgress() const { return latest_->SendInProgress; }
 
   // Posts the form. Whoever waits for it clears SendInProgress when the waiting is over. `mayLeave` is asked
   // when the form is about to leave the machine, however late that is; after a no the transfer is held back.

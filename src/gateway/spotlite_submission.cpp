@@ -100,7 +100,7 @@ SubmissionResult Submit(Host& host, SpotliteTransfer& transfer, const Configurat
   const auto submit = [&] {
     const auto state = transfer.Post(FormAddress(configuration), SpotliteFormBody(form), mayLeave);
     WaitForAnswer(host, transfer, *state, InternetTimeoutSeconds(configuration));
-    state->SendInProgress = false;
+    state->SendInProgress.reset();
     Classify(host, *state, form, result);
     return true;
   };

@@ -200,7 +200,7 @@ void TestLogin(Gateway& gateway) {
                 {"You must first enter both your Sotawatch Login and your Sotawatch Password before testing "
                  "the login.",
                  MessageIcon::Exclamation});
-  if (gateway.Transfer.SendInProgress())
+  if (!host.Going.LetStart(Work::Send))
     return Show(host, {"A spot is just being sent to Sotawatch. Please test the login again in a moment.",
                        MessageIcon::Information});
   const auto spot = SpotThatIsRefused();

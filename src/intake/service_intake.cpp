@@ -4,7 +4,6 @@
 #include <tuple>
 #include <utility>
 
-#include "core/fetch_mark.h"
 #include "core/trap.h"
 #include "platform/wait.h"
 #include "radio/dates.h"
@@ -197,7 +196,7 @@ void ServiceIntake::TakeList(const std::string& body, bool isWhole, CallsignColl
                              std::vector<MadeSpots>& added, FeedReadResult& result) {
   ListedRows rows;
   {
-    const FetchMark mark(host_);
+    const ActivityMark mark(host_.Going, Activity::FetchInProgress);
     LongWork work(host_);
     ReadServiceSpots(body, MaximumAgeInMinutes, ReadingMomentOf(host_), knownActivators, rows.Spots, result,
                      [&work] { return work.GoesOn(); });

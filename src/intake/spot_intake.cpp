@@ -5,7 +5,6 @@
 #include <utility>
 
 #include "core/event_log.h"
-#include "core/fetch_mark.h"
 #include "core/status_codes.h"
 #include "core/trap.h"
 #include "intake/delivered_spots.h"
@@ -132,7 +131,7 @@ bool SpotIntake::State::IsNew(SpotSource source, Spot& spot) {
 
 void SpotIntake::State::Deliver(SpotSource source, const SpotCollection& spots,
                                 const CallsignCollection& trustedSpotters, SpotCollection& newSpots) {
-  const FetchMark mark(World);
+  const ActivityMark mark(World.Going, Activity::FetchInProgress);
   LongWork work(World);
   for (const auto& deleted : Service.Changes().Deleted) Remembered.Delivered.Forget(OfService(*deleted));
   for (const auto& entry : spots) {
@@ -163,7 +162,7 @@ std::int32_t SpotIntake::GetSotawatchSpots(SpotSource source, const URLTemplates
                                            std::string& errorText) {
   errorText.clear();
   auto& state = *state_;
-  if (state.World.FetchInProgress) return StatusNothingDone;
+  if (!state.World.Going.LetStart(Work::Fetch)) return StatusNothingDone;
 
   const auto code = LogErrors(state.World, "GetSotawatchSpots", StatusNothingDone, [&] {
     SpotCollection read;
@@ -187,7 +186,7 @@ std::int32_t SpotIntake::GetSotawatchSpots(SpotSource source, const URLTemplates
 }
 
 void SpotIntake::Forget() {
-  if (state_->World.FetchInProgress || state_->BeforeForget) return;
+  if (!state_->World.Going.LetStart(Work::Fetch) || state_->BeforeForget) return;
   state_->BeforeForget = std::exchange(state_->Remembered, Memory());
 }
 

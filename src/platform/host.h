@@ -1,8 +1,9 @@
-// The outside world in one hand: the ports and where the program lives. It has no logic.
+// The outside world in one hand: the ports, where the program lives, and what it is doing. It has no logic.
 #pragma once
 
 #include <string>
 
+#include "platform/activities.h"
 #include "platform/clock.h"
 #include "platform/event_queue.h"
 #include "platform/files.h"
@@ -24,8 +25,8 @@ struct Host {
   Dialogs& Messages;
   std::string ProgramFolder;
 
-  bool ShuttingDown = false;     // set once, when the user or the system asks to quit; every wait ends on it
-  bool FetchInProgress = false;  // while a page is being read, input that would start work is dropped
+  bool ShuttingDown = false;  // set once, when the user or the system asks to quit; every wait ends on it
+  Activities Going{};
 };
 
 }  // namespace brelwin

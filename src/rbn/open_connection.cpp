@@ -120,7 +120,8 @@ void ShowFailedAttempt(RBNConnection& connection) {
 bool OpenRBNConnection(RBNConnection& connection, std::string_view host, std::int32_t port,
                        std::string& errorText) {
   errorText.clear();
-  if (std::exchange(connection.OpenInProgress, true)) return true;
+  if (!connection.Going.LetStart(Work::Open)) return true;
+  const ActivityMark mark(connection.Going, Activity::OpenInProgress);
   auto& timer = connection.Controls.tmrCheckSpots;
   connection.Controls.cmdReloadSpotList.Enabled = false;
   const bool timerWasEnabled = timer.Enabled;
@@ -130,7 +131,6 @@ bool OpenRBNConnection(RBNConnection& connection, std::string_view host, std::in
       connection, {std::string(name.empty() ? RBNServer : name), port < 1 ? DefaultPort : port}, errorText);
   if (!connection.Connected) ShowFailedAttempt(connection);
   if (timerWasEnabled && !connection.World.ShuttingDown) timer.Enabled = true;
-  connection.OpenInProgress = false;
   return done;
 }
 

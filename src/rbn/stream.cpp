@@ -135,7 +135,7 @@ void chkReverseBeaconSpotsEnabled_Click(RBNConnection& connection) {
         "Beacon Network.",
         "Brelwin", MessageIcon::Exclamation);
     controls.chkReverseBeaconSpotsEnabled.Value = false;
-  } else if (!connection.Connected && !connection.World.FetchInProgress) {
+  } else if (!connection.Connected && connection.World.Going.LetStart(Work::Fetch)) {
     ConnectToRBN(connection);
   }
 }

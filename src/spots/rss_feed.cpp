@@ -2,7 +2,6 @@
 
 #include "base/text.h"
 #include "core/data_files.h"
-#include "core/fetch_mark.h"
 #include "core/file_names.h"
 #include "core/trap.h"
 #include "platform/wait.h"
@@ -140,7 +139,7 @@ FeedReadResult ReadSotawatchRSS(Host& host, const RSSReadRequest& request,
     const auto text = transfer.OpenURL(request.Url);
     if (!transfer.LastStatus()) return false;
     KeepCopy(host, text);
-    const FetchMark mark(host);
+    const ActivityMark mark(host.Going, Activity::FetchInProgress);
     LongWork work(host);
     ReadFeedText(text, request, ReadingMomentOf(host), knownActivators, spots, result,
                  [&work] { return work.GoesOn(); });

@@ -182,6 +182,19 @@ def forbidden_words(tree: Tree) -> Iterator[str]:
             yield f'{path}:{text.count(chr(10), 0, found.start()) + 1}: "{found.group()}"'
 
 
+def start_rules(text: str) -> list[tuple[str, str]]:
+    table = text[text.find('StartRules{{'):]
+    rows = re.findall(r'\{Work::(\w+),\s*\{([^}]*)\}', table[:table.find('}};')])
+    return [(work, ', '.join(re.findall(r'Activity::(\w+)', during))) for work, during in rows]
+
+
+def rules_told_otherwise(tree: Tree) -> Iterator[str]:
+    page = re.findall(r'^\| (\w+) \| ([\w, ]+) \|$', tree.get('docs/architecture.md', ''), re.MULTILINE)
+    for rule in start_rules(tree.get('src/platform/activities.h', '')):
+        if rule not in page:
+            yield f'docs/architecture.md: has no row "| {rule[0]} | {rule[1]} |"'
+
+
 LAWS = [
     Law('no upward include',
         'A room rests on the rooms below it. An include upward ties it to everything above, and it can no '
@@ -203,6 +216,9 @@ LAWS = [
         few_short_functions),
     Law('every header opens with its comment',
         'The first lines of a header are where a reader learns what it is for.', silent_headers),
+    Law('what may nest is told as it is',
+        'Whoever adds a wait reads on one page what may begin in it; a page that differs misleads him.',
+        rules_told_otherwise),
     Law('no forbidden words',
         'A comment speaks to a reader who has this tree and nothing else: work left undone, chapters of '
         'other papers and folders of one machine tell him nothing.', forbidden_words),

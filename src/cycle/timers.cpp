@@ -1,8 +1,14 @@
-#include "cycle/check_timer.h"
+#include "cycle/timers.h"
 
+#include <chrono>
 #include <utility>
 
 namespace brelwin {
+namespace {
+
+constexpr auto BetweenBeats = std::chrono::seconds(10);
+
+}  // namespace
 
 CheckTimerDriver::CheckTimerDriver(const Clock& time, EventQueue& events, CheckTimer& timer,
                                    std::function<void()> onTick)
@@ -26,6 +32,16 @@ std::optional<Instant> CheckTimerDriver::Due() const {
 void CheckTimerDriver::Tick() {
   Restart();
   onTick_();
+}
+
+Heartbeat::Heartbeat(const Clock& time, EventQueue& events, StallWatch& stalls)
+    : time_(time), events_(events), stalls_(stalls) {
+  Beat();
+}
+
+void Heartbeat::Beat() {
+  stalls_.Look(time_.Now());
+  pending_ = events_.CallAfter(BetweenBeats, [this] { Beat(); });
 }
 
 }  // namespace brelwin
