@@ -78,7 +78,7 @@ struct RBNConnection {
 
   WinsockArray Sockets;
   std::int32_t Index;  // of the socket in use
-  Activities Going;  // on this stream: another attempt on it is none of the other stream's business
+  Activities Going;    // on this stream: another attempt on it is none of the other stream's business
   bool Connected = false;
   bool CallsignSent = false;       // completely: the login is done
   bool PromptAnswered = false;     // the callsign is on its way, or was sent
