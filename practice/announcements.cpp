@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <map>
 #include <utility>
 
@@ -114,12 +115,20 @@ std::string SomeRemark(Random& random) {
   return string(random.Pick(Remarks));
 }
 
+std::vector<Announcement> OpeningAct(std::int64_t origin) {
+  const auto at = [origin](std::int64_t minutes) { return origin / Minute * Minute + minutes * Minute; };
+  return {{at(-50), "G7ABC/P", "G/SP-004", "7.032-cw", "only a quarter of an hour S-0.25 S+0.25", "G7ABC"},
+          {at(-20), "OE7ABC/P", "OE/TI-015", "14.062-cw", "CANCELLED, thunderstorm", "OE7ABC"},
+          {at(10), "DL7XYZ/P", "DM/BW-012", "10.118-cw", "RBNN please", "DL7XYZ"}};
+}
+
 std::vector<Announcement> AnnouncementBook::Announcements(std::int64_t now) {
   const auto today =
       static_cast<std::int64_t>(static_cast<double>(now - playing_.Origin) * playing_.Speed) / SecondsOfDay;
   if (today != today_) {
     all_.clear();
     for (auto day = today - 1; day <= today + DaysAhead; ++day) AnnounceDay(playing_, day, all_);
+    if (playing_.HasOpeningAct) std::ranges::copy(OpeningAct(playing_.Origin), std::back_inserter(all_));
     std::ranges::stable_sort(all_, {}, &Announcement::Time);
     today_ = today;
   }

@@ -26,7 +26,12 @@ struct Playing {
   double Speed = 1;
   std::int64_t Origin = 0;
   std::size_t Crowd = 0;  // operators beside the usual ones
+  bool HasOpeningAct = false;
 };
+
+// Announcements around the moment of the start, so that a first look meets what a day of the script takes
+// long to come to: one who never came, one who cancelled and one who wants no automatic spots.
+std::vector<Announcement> OpeningAct(std::int64_t origin);
 
 // A comment as those who announce write them.
 std::string SomeRemark(Random& random);

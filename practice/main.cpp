@@ -46,7 +46,7 @@ int Run(const practice::Options& options) {
   const auto start = std::chrono::system_clock::now().time_since_epoch();
   const practice::Playing playing{options.Seed, options.Speed,
                                   std::chrono::duration_cast<std::chrono::seconds>(start).count(),
-                                  options.Crowd};
+                                  options.Crowd, true};
   practice::SharedFeed feed(practice::Feed(playing.Seed, playing.Speed, playing.Origin, playing.Crowd));
   practice::Site site(feed, ledger, {playing, options.Form, options.Json, options.PageTroubles});
   practice::WebServer server(site);
