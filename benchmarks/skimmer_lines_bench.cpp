@@ -3,6 +3,8 @@
 
 #include <array>
 
+#include "board/board_keeper.h"
+#include "rbn/line_buffer.h"
 #include "rbn/spot_parser.h"
 #include "test_host.h"
 
@@ -169,6 +171,31 @@ void DropByType(benchmark::State& state) {
   ParseBlocks(state, Parser({}, AlertCount), BlocksOfBeacons(static_cast<std::size_t>(state.range(0))), 0);
 }
 BENCHMARK(DropByType)->Arg(10)->Arg(1'000)->Arg(10'000)->Unit(benchmark::kMillisecond);
+
+// From the socket to the verdict, by itself and with a board of a thousand stations that hears every line
+// first. None of the lines is of these stations.
+void DropFromSocket(benchmark::State& state) {
+  const auto blocks = BlocksOfBeacons(LinesInBlock);
+  Parser parser({}, AlertCount);
+  test::TestHost host;
+  BoardKeeper keeper(host.World);
+  for (std::size_t i = 0; i < 1'000; ++i) {
+    SotawatchSpotRead spot;
+    spot.Who.BaseCallsign = Callsign("OE", i);
+    spot.What.ID = std::to_string(i);
+    keeper.Take(spot);
+  }
+  LineBuffer lines;
+  for (auto _ : state) {
+    for (const auto& block : blocks) {
+      const auto intake = lines.Add(block);
+      if (state.range(0) == 1) keeper.Hear(lines.Newest(intake.Bytes));
+      benchmark::DoNotOptimize(parser.Parse(lines.TakeLines()));
+    }
+  }
+  CountLines(state);
+}
+BENCHMARK(DropFromSocket)->ArgName("board")->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
 
 void DropByTypeFloor(benchmark::State& state) {
   SplitBlocks(state, BlocksOfBeacons(LinesInBlock));

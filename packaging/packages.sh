@@ -3,7 +3,7 @@
 # To build the program and the practice network and to run the tests.
 build_packages=(
   g++ cmake ninja-build pkg-config ccache python3 git ca-certificates
-  qt6-base-dev qt6-qpa-plugins nlohmann-json3-dev libcpp-httplib-dev libgtest-dev libbenchmark-dev
+  qt6-base-dev qt6-qpa-plugins nlohmann-json3-dev libsqlite3-dev libcpp-httplib-dev libgtest-dev libbenchmark-dev
   fonts-dejavu-core
 )
 

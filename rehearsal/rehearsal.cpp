@@ -104,8 +104,8 @@ class Stage {
   practice::Site site_;
   RehearsedWeb web_;
   RehearsedStream stream_;
-  brelwin::Host world_{host_.Time,  host_.Queue,   host_.Disk, web_,  stream_, host_.Sound,
-                       host_.Shell, host_.Dialogs, "/brelwin", false, {}};
+  brelwin::Host world_{host_.Time,  host_.Queue,   host_.Disk,  web_,       stream_, host_.Sound,
+                       host_.Shell, host_.Dialogs, host_.Store, "/brelwin", false,   {}};
 };
 
 }  // namespace

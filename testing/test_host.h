@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "memory_files.h"
+#include "memory_store.h"
 #include "platform/host.h"
 #include "scripted_internet.h"
 #include "scripted_sockets.h"
@@ -64,11 +65,12 @@ struct TestHost {
   RecordedSound Sound;
   RecordedShell Shell;
   RecordedDialogs Dialogs;
+  MemoryStore Store;
   Host World = WithFiles(Disk);
 
   // The same world with other files, such as ones that fail.
   Host WithFiles(Files& files) {
-    return {Time, Queue, files, Internet, Sockets, Sound, Shell, Dialogs, "/brelwin", false, {}};
+    return {Time, Queue, files, Internet, Sockets, Sound, Shell, Dialogs, Store, "/brelwin", false, {}};
   }
 
   std::string EventLog() const { return Disk.Text("/brelwin/BrelwinEventLog.txt"); }

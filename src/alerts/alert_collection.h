@@ -66,6 +66,9 @@ class AlertCollection {
   // Alerts of this station that were announced but do not count, in the order in which they were met.
   void NoteWithdrawn(AlertPointer alert, Withdrawal reason);
   const std::vector<WithdrawnAlert>& WithdrawnOf(const std::string& baseCallsign) const;
+  const std::unordered_map<std::string, std::vector<WithdrawnAlert>>& AllWithdrawn() const {
+    return withdrawn_;
+  }
 
   // When the page was read from which these alerts come, in local time. Empty when they come from spots only.
   std::optional<DateTime> ReadAt() const { return readAt_; }

@@ -17,9 +17,11 @@ enum class WindowState : std::uint8_t { Normal = 0, Minimised = 1, Maximised = 2
 struct Form {
   Observable<std::string> Caption;
   Observable<WindowState> State{WindowState::Normal};
-  Observable<int> CurrentTab{0};  // of SSTab1; 0 is the Spots tab
+  Observable<int> CurrentTab{0};  // of SSTab1; 0 is the Spots tab, below 0 what a skin has before it
   Observable<bool> Hourglass{false};
   KeptText Place{"Place"};  // in the form of ui/window_place.h; empty: wherever the skin sees fit
+  KeptText BoardColumns{"BoardColumns"};  // in the form of board/column_layout.h
+  KeptText BoardHides{"BoardHides"};      // "others" and "worked": what the board does not show
   Signal Show;
   Signal SetFocus;
 };
@@ -183,9 +185,16 @@ struct AboutTab {
   Button cmdViewUserGuide{Controls, "cmdViewUserGuide"};
 };
 
+// What the details of an activation lead to.
+struct BoardTab {
+  std::function<void(const std::string& summit)> OpenSummit;
+  std::function<void(const std::string& baseCallsign)> OpenStation;
+};
+
 struct Screen {
   Form Window;
   CheckTimer tmrCheckSpots;
+  BoardTab Board;
   SpotsTab Spots;
   FiltersTab Filters;
   LogsTab Logs;

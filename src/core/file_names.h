@@ -10,6 +10,9 @@ inline constexpr std::string_view WebsitesFile = "SOTAWebsites.INI";
 inline constexpr std::string_view UserGuideFile = "Brelwin_InstallationAndUserGuide.pdf";
 inline constexpr std::string_view EventLogFile = "BrelwinEventLog.txt";
 
+// The rows of the board and the events of its days.
+inline constexpr std::string_view BoardDatabaseFile = "brelwin.db";
+
 // The callsign lists.
 inline constexpr std::string_view KnownActivatorsFile = "SOTAActivators.txt";
 inline constexpr std::string_view ExcludedActivatorsFile = "SOTAExcludedActivators.txt";

@@ -18,7 +18,7 @@ AlertCommandScene SceneOf(AlertCollection& alerts, Gateway& gateway, const SpotF
 SotawatchSpotTakers SotawatchTakersOf(MainWindow& window, const SpotFilter& filter) {
   auto& announced = window.Announced;
   return {window.Lists, window.Callsigns, announced.Commands,
-          SceneOf(announced.Alerts, window.SpotGateway, filter)};
+          SceneOf(announced.Alerts, window.SpotGateway, filter), window.Activations};
 }
 
 void TakeAlertsAndSkimmerSpots(MainWindow& window, SpotFilter& filter) {
@@ -28,6 +28,7 @@ void TakeAlertsAndSkimmerSpots(MainWindow& window, SpotFilter& filter) {
   if (!window.Controls.RBN.chkReverseBeaconSpotsEnabled.Value)
     return TrapErrorsSilently([&] { ReadAlertsForCommands(announced, reading); });
   TrapErrorsSilently([&] { RefreshAlertsWhenDue(announced, reading); });
+  window.Activations.TakeAnnouncements(announced.Alerts, filter);
   TrapErrorsSilently([&] {
     TakeSkimmerSpots(
         window.Streams,
@@ -66,6 +67,7 @@ void CheckForSpots(MainWindow& window) {
                        screen.Filters.chkAlertSoundsOnStartup);
   });
   TakeSlowSteps(window, filter);
+  window.Activations.TakeAnnouncements(window.Announced.Alerts, filter);
   TrapErrorsSilently([&] {
     tab.picDownload.Visible = false;
     tab.lblCheckingForSpots.Visible = false;

@@ -23,13 +23,15 @@ void ViewFile(Host& host, const std::string& path) {
   }
 }
 
+void OpenPage(Host& host, const std::string& address, std::string_view of) {
+  OpenDocument(host, Replace(address, "ZZZZ", URLEncode(of)));
+}
+
 // The summit's page when the spot has a summit, else the operator's.
 void OpenSpotPage(Host& host, const URLTemplates& addresses, const Spot& spot) {
   const auto summit = Trim(spot.SummitDesignator);
-  const auto address = summit.empty()
-                           ? Replace(addresses.Callsign, "ZZZZ", URLEncode(spot.stationBaseCallsign))
-                           : Replace(addresses.Summit, "ZZZZ", URLEncode(summit));
-  OpenDocument(host, address);
+  if (summit.empty()) return OpenPage(host, addresses.Callsign, spot.stationBaseCallsign);
+  OpenPage(host, addresses.Summit, summit);
 }
 
 DateTime TimeHeard(const Clock& time, const Spot& spot) {
@@ -92,6 +94,13 @@ void ConnectLists(const Library& library, Entries& ways) {
       library.Controls.Spots.lblStatus.Caption =
           AddCallsign(library.World, name, library.Callsigns.Named(name), spot);
     });
+  };
+  const auto& addresses = library.Config.Addresses;
+  screen.Board.OpenSummit = [&host, &addresses, &ways](const std::string& summit) {
+    ways.Take(Work::Handler, [&] { OpenPage(host, addresses.Summit, summit); });
+  };
+  screen.Board.OpenStation = [&host, &addresses, &ways](const std::string& baseCallsign) {
+    ways.Take(Work::Handler, [&] { OpenPage(host, addresses.Callsign, baseCallsign); });
   };
   screen.Files.lstWebsites.DoubleClick = [&host, &websites = library.Websites, &ways](std::size_t index) {
     ways.Take(Work::Handler, [&] {

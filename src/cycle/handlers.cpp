@@ -111,6 +111,15 @@ void ConnectGateway(Gateway& gateway, const SourceStatus& status, Entries& ways)
   tab.cmdTestSotawatchLogin.Click = ways.Handler([&gateway] { TestLogin(gateway); });
 }
 
+// The board hears at once what waits for the check.
+void ConnectBoard(BoardKeeper& activations, SkimmerStreams& streams, Gateway& gateway) {
+  for (auto* stream : {&streams.First, &streams.Second})
+    stream->Listener = [&activations](std::string_view lines) { activations.Hear(lines); };
+  gateway.Decided = [&activations](const Spot& spot, bool wasSent, std::string_view words) {
+    activations.TakeDecision(spot, wasSent, words);
+  };
+}
+
 }  // namespace
 
 void ConnectHandlers(MainWindow& window) {
@@ -128,6 +137,7 @@ void ConnectHandlers(MainWindow& window) {
       ways);
   ConnectStreams(window.Streams, window.Status, ways, window.Watches);
   ConnectGateway(window.SpotGateway, window.Status, ways);
+  ConnectBoard(window.Activations, window.Streams, window.SpotGateway);
 }
 
 }  // namespace brelwin

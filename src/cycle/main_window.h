@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "board/board_keeper.h"
 #include "controls/screen.h"
 #include "core/websites.h"
 #include "cycle/alerts_refresh.h"
@@ -42,6 +43,7 @@ struct MainWindow {
   SpotSources Sources;
   Announcements Announced;
   SkimmerStreams Streams{World, Controls, Config};
+  BoardKeeper Activations{World};
   StallWatch Stalls;
   Heartbeat StallHeartbeat{World.Time, World.Events, Stalls};
   Gateway SpotGateway{World,

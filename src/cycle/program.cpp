@@ -17,6 +17,10 @@ Screen& Program::Controls() {
   return window_->Controls;
 }
 
+BoardKeeper& Program::Activations() {
+  return window_->Activations;
+}
+
 void Program::Start(std::string_view commandLine, std::string_view passwordFromEnvironment) {
   if (window_->Unloaded) return;
   window_->Ways.Enter([&] { Form_Load(*window_, commandLine, passwordFromEnvironment); });

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "board/board_keeper.h"
 #include "controls/screen.h"
 #include "platform/host.h"
 
@@ -18,6 +19,9 @@ class Program {
 
   // What is on the screen. A skin binds it before Start.
   Screen& Controls();
+
+  // The board: one row per activation. It lives as long as the program.
+  BoardKeeper& Activations();
 
   // Start-up, to be called once, from the event queue or before it runs. `commandLine` is everything after
   // the program's name. A non-empty password fills the password box and never reaches the settings file.

@@ -23,6 +23,7 @@ void Form_Unload(MainWindow& window) {
   TrapErrorsSilently([&] { window.SettingsFile.SaveSettings(); });
   std::string errorText;
   for (auto* stream : window.Streams.InUse()) CloseRBNConnection(*stream, errorText);
+  window.Activations.Save();
   LogEvent(window.World, "Form_Unload End");
   window.World.Events.Quit();
 }

@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "board/board_sources.h"
 #include "core/event_log.h"
 #include "core/status_codes.h"
 #include "spots/spot_collections.h"
@@ -47,7 +48,13 @@ std::int32_t ReadFeed(SpotSources& sources, const SotawatchSpotTakers& takers, S
   NoteFeedState(sources, newSpots);
   if (result == StatusDone || !newSpots.Empty()) sources.Sotawatch.WasRead = true;
   takers.Commands.CarryOut(newSpots, takers.Scene);
+  takers.Activations.TakeSpots(newSpots);
   return result;
+}
+
+void TellChanges(BoardKeeper& activations, const SpotChanges& changes) {
+  for (const auto& spot : changes.Deleted) activations.Take(TakenBack(*spot));
+  for (const auto& edit : changes.Edited) activations.TakeSpot(*edit.After);
 }
 
 void RemoveDeleted(SpotLists& lists, const std::vector<SpotPointer>& deleted) {
@@ -114,7 +121,7 @@ void ReplaceSpotLists(SpotSources& sources, const SotawatchSpotTakers& takers, S
     DisplaySpotList(lists);
     return;
   }
-  sources.Intake.TakeChanges();  // the lists are new
+  TellChanges(takers.Activations, sources.Intake.TakeChanges());  // the lists are new
   lists.RecentSotawatchSpots = FirstSpots(WithoutTests(newSpots), MaximumRecentSotawatchSpots);
   lists.SpotsHiddenForPoints = 0;
   FilterAndLog(lists, filter, newSpots);
@@ -130,7 +137,9 @@ void TakeSotawatchSpots(SpotSources& sources, const SotawatchSpotTakers& takers,
   const bool atStartup = !sources.Sotawatch.WasRead;
   SpotCollection newSpots;
   ReadFeed(sources, takers, newSpots);
-  TakeSpotChanges(lists, sources.Intake.TakeChanges(), filter);
+  const auto changes = sources.Intake.TakeChanges();
+  TellChanges(takers.Activations, changes);
+  TakeSpotChanges(lists, changes, filter);
   if (newSpots.Empty()) return;
   const auto received = newSpots;
   FilterAndLog(lists, filter, newSpots);

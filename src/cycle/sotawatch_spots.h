@@ -3,6 +3,7 @@
 #pragma once
 
 #include "alerts/alert_commands.h"
+#include "board/board_keeper.h"
 #include "cycle/callsign_lists.h"
 #include "cycle/spot_lists.h"
 #include "cycle/spot_sources.h"
@@ -10,13 +11,14 @@
 
 namespace brelwin {
 
-// What takes the spots of the feed: the lists, the known activators that are learned of, and the commands
-// among them.
+// What takes the spots of the feed: the lists, the known activators that are learned of, the commands among
+// them, and the board.
 struct SotawatchSpotTakers {
   SpotLists& Lists;
   CallsignLists& Callsigns;
   AlertCommands& Commands;
   AlertCommandScene Scene;
+  BoardKeeper& Activations;
 };
 
 // Reads the feed anew and replaces both lists by what it holds. When the feed cannot be read the lists stay.

@@ -1,7 +1,9 @@
 // What the gateway works with: the screen, the settings, the lists, and what it keeps of its own.
 #pragma once
 
+#include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "controls/screen.h"
@@ -16,7 +18,7 @@
 
 namespace brelwin {
 
-// Lives as long as the program. The last five are its own.
+// Lives as long as the program. The last six are its own.
 struct Gateway {
   Host& World;
   GatewayTab& Tab;
@@ -36,6 +38,7 @@ struct Gateway {
   KeyedCollection<Instant> SentSpotsByStation{};  // when a spot of the base callsign was last sent
   GatewayJournal Journal{};
   PostedSpots Posted{World};
+  std::function<void(const Spot& spot, bool wasSent, std::string_view words)> Decided{};  // may be empty
   std::vector<std::string> TooOld{};  // keys of the latest pass's spots from before the program stood still
 };
 

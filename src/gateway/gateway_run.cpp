@@ -191,7 +191,7 @@ void GatewayRun::Post(const SpotPointer& spot, const GatewaySender& sender) {
   } else {
     NoteFailure(*spot, result);
   }
-  Note(*spot, SubmissionInWords(result, *spot));
+  Note(*spot, SubmissionInWords(result, *spot), result.Status == StatusAccepted);
 }
 
 void GatewayRun::PretendToPost(const Spot& spot, const GatewaySender& sender) {
@@ -223,8 +223,9 @@ void GatewayRun::NoteFailure(const Spot& spot, const SubmissionResult& result) {
                                                SubmissionInWords(result, spot);
 }
 
-void GatewayRun::Note(const Spot& spot, std::string words) {
+void GatewayRun::Note(const Spot& spot, std::string words, bool wasSent) {
   auto& host = gateway_.World;
+  if (gateway_.Decided) gateway_.Decided(spot, wasSent, words);
   gateway_.Journal.Add(
       {host.Time.Now(), host.Time.LocalNow(), spot.Station, spot.FormattedFrequencyString, std::move(words)});
 }

@@ -47,7 +47,7 @@ class GatewayRun {
   void PretendToPost(const Spot& spot, const GatewaySender& sender);
   void NoteSent(const Spot& spot);
   void NoteFailure(const Spot& spot, const SubmissionResult& result);
-  void Note(const Spot& spot, std::string words);
+  void Note(const Spot& spot, std::string words, bool wasSent = false);
   void ShowJournal();
 
   Gateway& gateway_;

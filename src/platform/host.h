@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "platform/activation_store.h"
 #include "platform/activities.h"
 #include "platform/clock.h"
 #include "platform/event_queue.h"
@@ -23,6 +24,7 @@ struct Host {
   SoundPlayer& Sound;
   Shell& Desktop;
   Dialogs& Messages;
+  ActivationStore& Store;
   std::string ProgramFolder;
 
   bool ShuttingDown = false;  // set once, when the user or the system asks to quit; every wait ends on it

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -95,6 +96,10 @@ struct RBNConnection {
   std::optional<DateTime> DownSince;  // local; the first failure after the last login, or since switched on
   StreamStatus Status;
   Signal StatusChanged;  // raised when the stage changes, not for every line
+
+  // Given the whole lines that have come, when they have come, each once. They wait for the check all the
+  // same.
+  std::function<void(std::string_view lines)> Listener;
 
   SocketControl& Socket() { return Sockets[Index]; }
 

@@ -26,6 +26,11 @@ LineBuffer::Intake LineBuffer::Add(std::string_view bytes) {
   return intake;
 }
 
+std::string_view LineBuffer::Newest(std::size_t bytes) const {
+  const auto all = std::string_view(waiting_).substr(start_);
+  return all.substr(all.size() - std::min(bytes, all.size()));
+}
+
 std::string LineBuffer::TakeLines() {
   waiting_.erase(0, start_);
   start_ = 0;
@@ -55,9 +60,11 @@ void LineBuffer::AddToRest(std::string_view piece, Intake& intake) {
 
 void LineBuffer::TakeRest(Intake& intake) {
   if (!restIsTooLong_) {
+    const auto before = waiting_.size();
     if (!IsUtf8(rest_)) rest_ = TextFromBytes(rest_);
     AppendWithSpacedSkimmer(waiting_, rest_);
     waiting_.push_back('\n');
+    intake.Bytes += waiting_.size() - before;
     if (!SaysNothing(rest_)) ++intake.WholeLines;
     LimitWaiting(intake);
   }

@@ -19,6 +19,7 @@ class LineBuffer {
   // What became of some bytes.
   struct Intake {
     std::int64_t WholeLines = 0;    // that wait now and say something
+    std::size_t Bytes = 0;          // of what waits by them, line ends included
     std::int64_t DroppedLines = 0;  // that were found to be too long
     bool Overflowed = false;        // the oldest lines began to go; told once until the text is taken
   };
@@ -32,6 +33,9 @@ class LineBuffer {
   Intake Add(std::string_view bytes);
 
   bool HasLines() const { return waiting_.size() > start_; }
+
+  // The last bytes of what waits; all of it when that is less. It lives until the buffer is changed.
+  std::string_view Newest(std::size_t bytes) const;
 
   // The whole lines that wait, oldest first.
   std::string TakeLines();

@@ -39,6 +39,7 @@ void TakeLines(RBNConnection& connection, std::int32_t index, std::string_view b
   const auto intake = connection.Lines.Add(bytes);
   LogLimits(connection, index, intake);
   if (intake.WholeLines == 0) return;
+  if (connection.Listener) connection.Listener(connection.Lines.Newest(intake.Bytes));
   connection.Status.Lines += intake.WholeLines;
   connection.Status.LastLine = connection.World.Time.LocalNow();
 }

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/text.h"
+#include "core/file_names.h"
 #include "platform/file_paths.h"
 #include "platform/system_information.h"
 #include "qt/ports/qt_text.h"
@@ -47,7 +48,8 @@ bool DesktopShell::ViewText(std::string_view path) {
 DesktopHost::DesktopHost(std::string programFolder, Dialogs& dialogs, DesktopShell::Viewer ownViewer)
     : internet_(ReadProxySettings(EnvironmentVariable)),
       shell_(std::move(ownViewer)),
-      world_{
-          clock_, events_, files_, internet_, sockets_, sound_, shell_, dialogs, std::move(programFolder)} {}
+      store_(ResolvePath(programFolder + "/" + std::string(BoardDatabaseFile)), clock_),
+      world_{clock_, events_, files_,  internet_, sockets_,
+             sound_, shell_,  dialogs, store_,    std::move(programFolder)} {}
 
 }  // namespace brelwin

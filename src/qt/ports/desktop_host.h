@@ -8,6 +8,7 @@
 
 #include "platform/host.h"
 #include "platform/shell.h"
+#include "platform/sqlite_activation_store.h"
 #include "platform/system_clock.h"
 #include "platform/system_files.h"
 #include "qt/ports/process_sound_player.h"
@@ -47,6 +48,7 @@ class DesktopHost {
   QtSocketControls sockets_;
   ProcessSoundPlayer sound_;
   DesktopShell shell_;
+  SqliteActivationStore store_;
   Host world_;
 };
 

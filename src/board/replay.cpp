@@ -1,0 +1,61 @@
+#include "board/replay.h"
+
+#include <algorithm>
+#include <utility>
+#include <variant>
+
+#include "board/row_choice.h"
+#include "board/row_text.h"
+
+namespace brelwin {
+namespace {
+
+constexpr int HighestSpeed = 100;
+constexpr std::int64_t SecondsOfDay = 86'400;
+
+int Allowed(int speed) {
+  return std::clamp(speed, 1, HighestSpeed);
+}
+
+// Announcements are written whole once a day, so that those of the day before have to be read as well.
+bool Matters(const TimedEvent& event, DateTime day) {
+  return std::holds_alternative<AnnouncementsRead>(event.Event) ||
+         event.When >= AddSeconds(day, -SecondsOfSilence);
+}
+
+}  // namespace
+
+Replay::Replay(std::vector<TimedEvent> events, DateTime begin, DateTime end, int speed, Instant now)
+    : events_(std::move(events)), end_(end), from_(begin), since_(now), speed_(Allowed(speed)) {}
+
+void Replay::SetSpeed(int speed, Instant now) {
+  from_ = TimeAt(now);
+  since_ = now;
+  speed_ = Allowed(speed);
+}
+
+DateTime Replay::TimeAt(Instant now) const {
+  const auto passed = std::max(now - since_, Milliseconds::zero()) * speed_;
+  return std::min(end_, AddSeconds(from_, passed / std::chrono::seconds(1)));
+}
+
+std::span<const TimedEvent> Replay::Due(Instant now) {
+  const auto time = TimeAt(now);
+  const auto first = next_;
+  while (next_ < events_.size() && events_[next_].When <= time) ++next_;
+  return std::span(events_).subspan(first, next_ - first);
+}
+
+std::vector<TimedEvent> EventsOfDay(ActivationStore& store, DateTime day) {
+  std::vector<KeptEvent> kept;
+  store.LoadEvents(AddSeconds(day, -SecondsOfDay), AddSeconds(day, SecondsOfDay), kept);
+  EventReader reader;
+  std::vector<TimedEvent> events;
+  for (const auto& text : kept) {
+    auto event = reader.Read(text.Text);
+    if (event && Matters(*event, day)) events.push_back(std::move(*event));
+  }
+  return events;
+}
+
+}  // namespace brelwin
