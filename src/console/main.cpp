@@ -2,9 +2,12 @@
 #include <QCoreApplication>
 #include <csignal>
 #include <memory>
+#include <optional>
 
+#include "console/board_printer.h"
 #include "console/spot_printer.h"
 #include "console/stderr_dialogs.h"
+#include "platform/system_information.h"
 #include "qt/ports/line_output.h"
 #include "qt/ports/program_run.h"
 #include "qt/ports/quit_signals.h"
@@ -23,7 +26,16 @@ int Run(const std::string& commandLine) {
   LineOutput output(1);
   DesktopHost host(folder.Path, dialogs);
   Program program(host.World());
-  const SpotPrinter printer(program.Controls(), [&output](std::string_view line) { output.Write(line); });
+  const auto print = [&output](std::string_view text) { output.Write(text); };
+  std::optional<SpotPrinter> spots;
+  std::optional<BoardPrinter> board;
+  if (EnvironmentVariable("BRELWIN_CONSOLE_VIEW") == "board") {
+    board.emplace(
+        host.World(), program.Activations(), [](const ActivationRow&) { return RowSurroundings(); },
+        program.Controls(), BoardPrinter::Output{print, [] { return SizeOfTerminal(1); }});
+  } else {
+    spots.emplace(program.Controls(), print);
+  }
   RunUntilQuit(host, program, commandLine);
   return 0;
 }

@@ -30,6 +30,12 @@ auto& OnGateway(Screen& screen) {
 KeptText& WindowPlace(Screen& screen) {
   return screen.Window.Place;
 }
+KeptText& BoardColumnsOfWindow(Screen& screen) {
+  return screen.Window.BoardColumns;
+}
+KeptText& BoardHides(Screen& screen) {
+  return screen.Window.BoardHides;
+}
 KeptText& ListZoom(Screen& screen) {
   return screen.Spots.txtSPOTList.Zoom;
 }
@@ -153,6 +159,8 @@ constexpr SettingRow Rows[] = {
     {General, "LogAlertsAfterSelfSpots", Field<&Configuration::LogAlertsAfterSelfSpots>, "", LoadedOnly},
     {Gateway, "RBNSendMySpotsToSotawatch", OnGateway<&GatewayTab::chkRBNSendMySpotsToSotawatch>, "0", SavedOnly},
     {Window, "Place", WindowPlace},
+    {Window, "BoardColumns", BoardColumnsOfWindow},
+    {Window, "BoardHides", BoardHides},
     {Window, "ListZoom", ListZoom, "100", LoadedAndSaved, BelowOne, "100"},
     {Troubleshooting, "Path", ProgramFolder, "", SavedOnly},
     {Troubleshooting, "Version", Version, "", SavedOnly},

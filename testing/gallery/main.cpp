@@ -6,9 +6,11 @@
 #include <QPixmap>
 #include <QStyleFactory>
 #include <QTabWidget>
+#include <QTableView>
 #include <cstdio>
 #include <memory>
 
+#include "board_day.h"
 #include "qt/window/program_window.h"
 #include "spots/spot_text.h"
 
@@ -71,6 +73,26 @@ bool PaintTabs(ProgramWindow& window, const QString& prefix) {
   return done;
 }
 
+BoardDoors DoorsOf(test::TestHost& host, BoardKeeper& keeper) {
+  const auto nothing = [](const std::string&) {};
+  return {keeper, [&host] { return UTCNow(host.Time); }, test::AroundOnTheDay, nothing, nothing};
+}
+
+// As it is before anything is announced, with the Reverse Beacon Network off.
+bool PaintEmptyBoard(const BoardDoors& doors, const QString& folder) {
+  Screen screen;
+  ProgramWindow window(
+      screen, [] {}, doors);
+  screen.Window.Show.Raise();
+  QApplication::processEvents();
+  return window.grab().save(folder + "/light-empty.png");
+}
+
+void ChooseFirst(ProgramWindow& window) {
+  QApplication::processEvents();
+  window.findChild<QTableView*>("board")->selectRow(0);
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -80,11 +102,18 @@ int main(int argumentCount, char** arguments) {
     return 2;
   }
   Screen screen;
-  ProgramWindow window(screen, [] {});
+  test::TestHost host;
+  BoardKeeper keeper(host.World);
+  BoardKeeper nothing(host.World);
+  test::TakeDay(host, keeper, 40);
+  const QString folder = arguments[1];
+  bool done = PaintEmptyBoard(DoorsOf(host, nothing), folder);
+  ProgramWindow window(
+      screen, [] {}, DoorsOf(host, keeper));
   Fill(screen);
   screen.Window.Show.Raise();
-  const QString folder = arguments[1];
-  bool done = PaintTabs(window, folder + "/light-");
+  ChooseFirst(window);
+  done = PaintTabs(window, folder + "/light-") && done;
   QApplication::setPalette(DarkPalette());
   done = PaintTabs(window, folder + "/dark-") && done;
   return done ? 0 : 1;

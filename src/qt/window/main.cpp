@@ -8,6 +8,7 @@
 #include "qt/window/program_window.h"
 #include "qt/window/text_viewer.h"
 #include "qt/window/window_dialogs.h"
+#include "radio/dates.h"
 
 namespace {
 
@@ -22,6 +23,14 @@ int Refuse(const std::string& complaint) {
   return 1;
 }
 
+BoardDoors DoorsOf(Program& program, const Clock& time) {
+  auto& open = program.Controls().Board;
+  return {program.Activations(), [&time] { return UTCNow(time); },
+          [](const ActivationRow&) { return RowSurroundings(); },
+          [&open](const std::string& summit) { open.OpenSummit(summit); },
+          [&open](const std::string& baseCallsign) { open.OpenStation(baseCallsign); }};
+}
+
 int Run(const std::string& commandLine) {
   const auto folder = TakeProgramFolder();
   if (!folder.Complaint.empty()) return Refuse(folder.Complaint);
@@ -30,7 +39,8 @@ int Run(const std::string& commandLine) {
   const SystemFiles files;
   DesktopHost host(folder.Path, dialogs, [&](std::string_view path) { return ShowTextFile(files, path); });
   Program program(host.World());
-  ProgramWindow window(program.Controls(), [&program] { program.Quit(); });
+  ProgramWindow window(
+      program.Controls(), [&program] { program.Quit(); }, DoorsOf(program, host.World().Time));
   RunUntilQuit(host, program, commandLine);
   return 0;
 }

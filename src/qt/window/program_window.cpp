@@ -12,6 +12,7 @@
 
 #include "qt/ports/qt_text.h"
 #include "qt/window/about_page.h"
+#include "qt/window/board_page.h"
 #include "qt/window/files_page.h"
 #include "qt/window/filters_page.h"
 #include "qt/window/gateway_page.h"
@@ -60,7 +61,7 @@ void TellTab(QTabBar& tabs) {
 
 }  // namespace
 
-ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit)
+ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit, std::optional<BoardDoors> board)
     : screen_(screen),
       quit_(std::move(quit)),
       tabs_(new QTabWidget),
@@ -69,7 +70,7 @@ ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit)
   column->addWidget(tabs_, 1);
   column->addWidget(MakeStatusRow());
   tabs_->setObjectName("SSTab1");
-  AddPages();
+  AddPages(std::move(board));
   bindings_.Add(screen.Spots.Controls);
   waiting_.push_back([this] {
     QApplication::setWindowIcon(ProgramIcon());
@@ -81,7 +82,11 @@ ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit)
   connect(&placeSettles_, &QTimer::timeout, this, &ProgramWindow::KeepPlace);
 }
 
-void ProgramWindow::AddPages() {
+void ProgramWindow::AddPages(std::optional<BoardDoors> board) {
+  if (board) {
+    tabs_->addTab(new BoardPage(screen_, std::move(*board)), "Board");
+    pagesBefore_ = 1;
+  }
   tabs_->addTab(MakeSpotsPage(), "Spots");
   AddLater("Filters and sounds", screen_.Filters.Controls,
            [this] { return MakeFiltersPage(screen_.Filters); });
@@ -116,8 +121,8 @@ void ProgramWindow::FollowForm() {
   const auto caption = [this] { setWindowTitle(ToQString(screen_.Window.Caption.Get())); };
   caption();
   watches_.push_back(form.Caption.WhenChanged(caption));
-  watches_.push_back(
-      form.CurrentTab.WhenChanged([this] { tabs_->setCurrentIndex(screen_.Window.CurrentTab); }));
+  watches_.push_back(form.CurrentTab.WhenChanged(
+      [this] { tabs_->setCurrentIndex(screen_.Window.CurrentTab + pagesBefore_); }));
   watches_.push_back(form.State.WhenChanged([this] { ApplyState(); }));
   watches_.push_back(form.Hourglass.WhenChanged([this] { ApplyHourglass(); }));
   watches_.push_back(form.Show.WhenRaised([this] { ShowFitting(); }));
@@ -127,7 +132,7 @@ void ProgramWindow::FollowForm() {
   }));
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
     MakeWhatWaits();
-    screen_.Window.CurrentTab = tab;
+    screen_.Window.CurrentTab = tab - pagesBefore_;
     TellTab(*tabs_->tabBar());
   });
 }

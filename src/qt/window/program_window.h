@@ -4,10 +4,12 @@
 #include <QTimer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 #include <vector>
 
 #include "controls/screen.h"
 #include "qt/window/bind_controls.h"
+#include "qt/window/board_model.h"
 #include "ui/window_place.h"
 
 class QTabWidget;
@@ -19,7 +21,8 @@ class ProgramWindow final : public QWidget {
 
  public:
   // Shown when the program asks for it. Closing it calls `quit` and leaves it open: the program ends first.
-  ProgramWindow(Screen& screen, std::function<void()> quit);
+  // With a board that is the first tab.
+  ProgramWindow(Screen& screen, std::function<void()> quit, std::optional<BoardDoors> board = {});
 
   // Complete once the window was painted for the first time.
   const ControlBindings& Bindings() const { return bindings_; }
@@ -32,7 +35,7 @@ class ProgramWindow final : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void AddPages();
+  void AddPages(std::optional<BoardDoors> board);
   void AddLater(const char* title, const ControlList& controls, std::function<QWidget*()> makePage);
   void MakeWhatWaits();
   void FollowForm();
@@ -46,6 +49,7 @@ class ProgramWindow final : public QWidget {
   Screen& screen_;
   std::function<void()> quit_;
   QTabWidget* tabs_;
+  int pagesBefore_ = 0;  // tabs on the left of the Spots tab
   ControlBindings bindings_;
   std::vector<std::function<void()>> waiting_;  // for the first painting: it comes sooner without them
   std::vector<Watch> watches_;
