@@ -1,5 +1,5 @@
-// Paints every tab of the window into picture files, so that people can look at them: in the light and the
-// dark palette, at the scale that QT_SCALE_FACTOR sets.
+// Paints every tab of the window, and the map from two centres, into picture files, so that people can look
+// at them: in the light and the dark palette, at the scale that QT_SCALE_FACTOR sets.
 //
 // Usage: brelwin_window_gallery FOLDER
 #include <QApplication>
@@ -11,7 +11,9 @@
 #include <memory>
 
 #include "board_day.h"
+#include "qt/window/map_view.h"
 #include "qt/window/program_window.h"
+#include "radio/dates.h"
 #include "spots/spot_text.h"
 
 namespace {
@@ -93,6 +95,34 @@ void ChooseFirst(ProgramWindow& window) {
   window.findChild<QTableView*>("board")->selectRow(0);
 }
 
+// In the evening of Europe: night, its edge and the other side of the earth are all in the picture.
+MapContents MakeMap(GeoPoint center) {
+  return {.Center = center,
+          .UtcNow = ReadDateTime("2026-06-21 20:00:00").value_or(DateTime{}),
+          .Activations = {{"1", {54.53, -3.02}, "●", "heard", "G4ABC/P on G/LD-003"},
+                          {"2", {47.4, 11.3}, "◐", "spotted", "OE/DL1ABC/P on OE/TI-123"},
+                          {"3", {47.1, 11.0}, "○", "due", "OE7XYZ on OE/TI-124"},
+                          {"4", {39.6, -105.6}, "○", "due", "W0ABC on W0C/FR-001"},
+                          {"5", {-43.6, 170.2}, "●", "heard", "ZL3ABC/P on ZL3/CB-001"},
+                          {"6", {35.4, 138.7}, "◌", "quiet", "JA1ABC on JA/YN-001"}},
+          .SelectedId = "1",
+          .Skimmers = {{"RBN1AA", {51.2, 6.8}}, {"RBN2BB", {42.4, -71.1}}, {"RBN3CC", {-33.9, 151.2}}}};
+}
+
+bool PaintMap(const QString& file, GeoPoint center) {
+  MapView map;
+  map.resize(560, 560);
+  map.Show(MakeMap(center));
+  map.show();
+  QApplication::processEvents();
+  return map.grab().save(file);
+}
+
+bool PaintMaps(const QString& prefix) {
+  const bool done = PaintMap(prefix + "map-40N-4W.png", {40, -4});
+  return PaintMap(prefix + "map-wellington.png", {-41.3, 174.8}) && done;
+}
+
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
@@ -114,7 +144,9 @@ int main(int argumentCount, char** arguments) {
   screen.Window.Show.Raise();
   ChooseFirst(window);
   done = PaintTabs(window, folder + "/light-") && done;
+  done = PaintMaps(folder + "/light-") && done;
   QApplication::setPalette(DarkPalette());
   done = PaintTabs(window, folder + "/dark-") && done;
+  done = PaintMaps(folder + "/dark-") && done;
   return done ? 0 : 1;
 }

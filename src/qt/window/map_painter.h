@@ -1,0 +1,41 @@
+// Paints the map: sea, land, night and rings, and above them skimmers and activations.
+#pragma once
+
+#include <QPainter>
+#include <QPalette>
+#include <QRectF>
+#include <vector>
+
+#include "places/map_contents.h"
+#include "qt/window/map_camera.h"
+#include "qt/window/map_colors.h"
+#include "qt/window/map_picture.h"
+
+namespace brelwin {
+
+class MapPainter {
+ public:
+  MapPainter(QPainter& painter, const MapPicture& picture, const MapCamera& camera, const QPalette& palette);
+
+  void Paint(const MapContents& contents);
+
+ private:
+  void PaintEarth();
+  void PaintRings();
+  void PaintRingLabels();
+  void PaintSkimmers(const MapContents& contents);
+  void PaintActivation(const MapActivation& activation, bool isSelected);
+  void PaintGlyph(QPointF pixel, const QString& glyph, bool isSelected);
+  void PaintLabel(QPointF pixel, const QString& text, bool isSelected);
+  QRectF LabelArea(QPointF pixel, const QString& text) const;
+  void SetLine(const QColor& color, double width);
+  QPointF PixelOf(GeoPoint place) const;
+
+  QPainter& painter_;
+  const MapPicture& picture_;
+  const MapCamera& camera_;
+  MapColors colors_;
+  std::vector<QRectF> taken_;  // by labels: one that would cover another is left out
+};
+
+}  // namespace brelwin
