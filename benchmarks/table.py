@@ -84,6 +84,10 @@ def core_rows(medians: Medians) -> list[Row]:
         value, least = figure(medians[ours]), figure(medians[floor])
         return Row(subject, value, least, unit, f'{goal:g}x', value <= goal * least)
 
+    def goal_row(subject: str, ours: str, goal: float) -> Row:
+        value = milliseconds(medians[ours])
+        return Row(subject, value, None, 'ms', f'{goal:g}', value <= goal)
+
     return [
         row('read a feed of 50,000 items', 'ReadFeed', 'ReadFeedFloor', megabytes_per_second, 'MB/s', 150, True),
         row('filter 100,000 spots by 6 lists', 'Filter', 'FilterFloor', nanoseconds_per_item, 'ns/spot+list', 100),
@@ -106,6 +110,9 @@ def core_rows(medians: Medians) -> list[Row]:
             'ms', 10),
         row('refuse 200 duplicates', 'RefuseDuplicates', 'RefuseDuplicatesFloor', milliseconds, 'ms', 50),
         row('the gates of one spot', 'Gates', 'GatesFloor', microseconds, 'us', 10),
+        goal_row('read a list of 180,000 summits', 'ReadListOfSummits', 1_000),
+        goal_row('read 100,000 contacts, ADIF', 'ReadLog/Adif', 1_000),
+        goal_row('read 100,000 contacts, SOTA CSV', 'ReadLog/SotaCsv', 1_000),
     ]
 
 
