@@ -1,7 +1,10 @@
 // A store of the board in memory, which fails when the test says so.
 #pragma once
 
+#include <functional>
 #include <map>
+#include <span>
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -37,6 +40,32 @@ class MemoryStore final : public ActivationStore {
       if (event.When >= begin && event.When < end) events.push_back(event);
     }
     return {};
+  }
+
+  std::map<std::string, KeptSummit, std::less<>> Summits;
+  std::map<std::string, KeptSummit, std::less<>> SummitsComing;
+
+  StoreResult BeginSummits() override {
+    SummitsComing.clear();
+    return TakeNext();
+  }
+  StoreResult AddSummits(std::span<const KeptSummit> summits) override {
+    for (const auto& summit : summits) SummitsComing[summit.Code] = summit;
+    return TakeNext();
+  }
+  StoreResult EndSummits() override {
+    Summits = std::exchange(SummitsComing, {});
+    return TakeNext();
+  }
+  StoreResult LoadSummits(std::span<const std::string> codes, std::vector<KeptSummit>& summits) override {
+    for (const auto& code : codes) {
+      if (const auto found = Summits.find(code); found != Summits.end()) summits.push_back(found->second);
+    }
+    return TakeNext();
+  }
+  StoreResult CountSummits(std::int64_t& count) override {
+    count = static_cast<std::int64_t>(Summits.size());
+    return TakeNext();
   }
 
  private:

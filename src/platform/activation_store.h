@@ -1,8 +1,10 @@
 // Where the board outlives the program: its rows, and the events of its days for a replay. What a row or an
-// event says is a text that only the board reads.
+// event says is a text that only the board reads. With them lies the list of summits that the user brought.
 #pragma once
 
 #include <cstdint>
+#include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -32,6 +34,16 @@ struct StoreChange {
   DateTime Since;  // older events are forgotten
 };
 
+// A summit of the user's list.
+struct KeptSummit {
+  std::string Code;  // "G/LD-003"
+  std::string Name;
+  std::optional<double> Latitude;   // degrees, north is positive
+  std::optional<double> Longitude;  // degrees, east is positive
+  std::int64_t Points = 0;
+  std::int64_t Activations = 0;  // how often it was activated
+};
+
 enum class StoreOutcome : std::uint8_t {
   Done,
   NotDone,   // nothing was changed; a later try may succeed
@@ -59,6 +71,16 @@ class ActivationStore {
 
   // Adds the events of `begin` up to but not of `end`, in the order in which they were saved.
   virtual StoreResult LoadEvents(DateTime begin, DateTime end, std::vector<KeptEvent>& events) = 0;
+
+  // A new list of summits comes in parts: it is begun, added to, and takes the place of the one before at its
+  // end. Without an end the one before stays. Of summits with the same code the last one is kept.
+  virtual StoreResult BeginSummits() = 0;
+  virtual StoreResult AddSummits(std::span<const KeptSummit> summits) = 0;
+  virtual StoreResult EndSummits() = 0;
+
+  // Adds the summits with these codes that the list has; and how many it has in all, 0 without one.
+  virtual StoreResult LoadSummits(std::span<const std::string> codes, std::vector<KeptSummit>& summits) = 0;
+  virtual StoreResult CountSummits(std::int64_t& count) = 0;
 };
 
 }  // namespace brelwin

@@ -8,6 +8,8 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/sqlite_summits.h"
+
 namespace brelwin {
 namespace {
 
@@ -115,6 +117,31 @@ StoreResult SqliteActivationStore::LoadEvents(DateTime begin, DateTime end, std:
   });
 }
 
+StoreResult SqliteActivationStore::BeginSummits() {
+  return Try(brelwin::BeginSummits);
+}
+
+StoreResult SqliteActivationStore::AddSummits(std::span<const KeptSummit> summits) {
+  return Try([&](SqliteDatabase& database) { brelwin::AddSummits(database, summits); });
+}
+
+StoreResult SqliteActivationStore::EndSummits() {
+  return Try(brelwin::EndSummits);
+}
+
+StoreResult SqliteActivationStore::LoadSummits(std::span<const std::string> codes,
+                                               std::vector<KeptSummit>& summits) {
+  return Try([&](SqliteDatabase& database) {
+    auto found = SummitsOf(database, codes);
+    summits.insert(summits.end(), std::make_move_iterator(found.begin()),
+                   std::make_move_iterator(found.end()));
+  });
+}
+
+StoreResult SqliteActivationStore::CountSummits(std::int64_t& count) {
+  return Try([&](SqliteDatabase& database) { count = SummitCountOf(database); });
+}
+
 StoreResult SqliteActivationStore::Try(const std::function<void(SqliteDatabase&)>& body) {
   const bool wasOpen = database_.has_value();
   try {
@@ -161,6 +188,7 @@ void SqliteActivationStore::Open() {
   if (database_->Number("PRAGMA user_version") > Version)
     throw SqliteError(SQLITE_FORMAT, "it was made by a later version of the program");
   database_->Run(Preparation);
+  PrepareSummits(*database_);
 }
 
 }  // namespace brelwin

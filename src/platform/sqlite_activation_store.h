@@ -20,6 +20,11 @@ class SqliteActivationStore final : public ActivationStore {
   StoreResult Load(std::vector<KeptRow>& rows) override;
   StoreResult Save(const StoreChange& change) override;
   StoreResult LoadEvents(DateTime begin, DateTime end, std::vector<KeptEvent>& events) override;
+  StoreResult BeginSummits() override;
+  StoreResult AddSummits(std::span<const KeptSummit> summits) override;
+  StoreResult EndSummits() override;
+  StoreResult LoadSummits(std::span<const std::string> codes, std::vector<KeptSummit>& summits) override;
+  StoreResult CountSummits(std::int64_t& count) override;
 
  private:
   StoreResult Try(const std::function<void(SqliteDatabase&)>& body);

@@ -73,6 +73,13 @@ SqliteStatement& SqliteStatement::Bind(std::string_view value) {
   return *this;
 }
 
+SqliteStatement& SqliteStatement::Bind(std::optional<double> value) {
+  ++bound_;
+  Check(value ? sqlite3_bind_double(statement_.get(), bound_, *value)
+              : sqlite3_bind_null(statement_.get(), bound_));
+  return *this;
+}
+
 bool SqliteStatement::Step() {
   const auto result = sqlite3_step(statement_.get());
   if (result == SQLITE_ROW) return true;
@@ -90,6 +97,11 @@ std::string_view SqliteStatement::Text(int column) const {
   const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(statement_.get(), column));
   const auto length = static_cast<std::size_t>(sqlite3_column_bytes(statement_.get(), column));
   return text == nullptr ? std::string_view() : std::string_view(text, length);
+}
+
+std::optional<double> SqliteStatement::Real(int column) const {
+  if (sqlite3_column_type(statement_.get(), column) == SQLITE_NULL) return {};
+  return sqlite3_column_double(statement_.get(), column);
 }
 
 void SqliteStatement::Check(int result) const {

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -56,6 +57,7 @@ class SqliteStatement {
   // Sets the next value. A text is copied.
   SqliteStatement& Bind(std::int64_t value);
   SqliteStatement& Bind(std::string_view value);
+  SqliteStatement& Bind(std::optional<double> value);
 
   // Takes the next row of the result; false when there is none, after which the values are to be bound anew.
   bool Step();
@@ -63,6 +65,7 @@ class SqliteStatement {
   // The columns of the row, from 0. A text lives until the next step.
   std::int64_t Number(int column) const;
   std::string_view Text(int column) const;
+  std::optional<double> Real(int column) const;
 
  private:
   void Check(int result) const;
