@@ -95,6 +95,8 @@ bool SurvivesTheFile(std::string_view text) {
   return read == text && text == Trim(text) && CharacterCount(text) <= LongestProfileValue;
 }
 
+constexpr std::size_t LongestKeptText = 4000;
+
 bool HasNoOption(const SettingRow& row, SettingHolders holders, std::string_view stored) {
   const auto* access = std::get_if<OptionGroup& (*)(Screen&)>(&row.Target);
   return access != nullptr && !OptionOf((*access)(holders.Controls), Trim(stored));
@@ -102,8 +104,12 @@ bool HasNoOption(const SettingRow& row, SettingHolders holders, std::string_view
 
 }  // namespace
 
+std::size_t LongestValue(const SettingRow& row) {
+  return std::holds_alternative<KeptText& (*)(Screen&)>(row.Target) ? LongestKeptText : LongestProfileValue;
+}
+
 void PutSetting(const SettingRow& row, SettingHolders holders, std::string_view stored) {
-  auto text = std::string(Trim(FirstCharacters(stored, LongestProfileValue)));
+  auto text = std::string(Trim(FirstCharacters(stored, LongestValue(row))));
   if (row.Use == SettingUse::Scrambled) text = ShiftDecode(text, PasswordShift);
   if (TakesFallback(row.When, text)) text = row.Fallback;
   std::visit(
@@ -125,7 +131,7 @@ std::optional<std::string> StoredForm(const SettingRow& row, std::string_view te
 }
 
 std::string_view ReasonNotShown(const SettingRow& row, SettingHolders holders, std::string_view stored) {
-  if (CharacterCount(stored) > LongestProfileValue) return "it is longer than 127 characters";
+  if (CharacterCount(stored) > LongestValue(row)) return "it is longer than 127 characters";
   if (HasNoOption(row, holders, stored)) return "no option button stands for its value";
   const auto text = Trim(stored);
   if (row.Use == SettingUse::Scrambled && ShiftDecode(text, PasswordShift).empty() != text.empty())

@@ -7,6 +7,7 @@
 #include "base/encoding.h"
 #include "base/text.h"
 #include "platform/profile.h"
+#include "settings/setting_value.h"
 
 namespace brelwin {
 
@@ -76,7 +77,7 @@ std::string OnMissingKey(std::string_view key, const Screen& screen) {
 std::string NoticeOn(const SettingRow& row, const std::optional<std::string>& stored, const Screen& screen) {
   if (row.Use == SettingUse::SavedOnly) return {};
   if (!stored) return OnMissingKey(row.Key, screen);
-  if (CharacterCount(*stored) <= LongestProfileValue) return {};
+  if (CharacterCount(*stored) <= LongestValue(row)) return {};
   return "[" + std::string(row.Section) + "] " + std::string(row.Key) +
          " is longer than 127 characters: only the first 127 are used.";
 }
