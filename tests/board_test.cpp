@@ -143,6 +143,8 @@ TEST(Board, TellsTheStoryOfARow) {
                             {41, Spotted(41, "calling")},
                             {44, Heard(44, 14.0635F)},
                             {45, Heard(45, 7.032F)},
+                            {45, Heard(45, 14.062F, "W1AA")},
+                            {45, Heard(45, 14.062F, "W2AA")},
                             {46, Heard(46, 7.032F, "DK2BB")},
                             {47, GatewayDecided{"G4ABC", {At(47), true, "posted"}}},
                             {47, GatewayDecided{"M0XYZ", {At(47), true, "of no row"}}}});

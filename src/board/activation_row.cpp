@@ -14,6 +14,7 @@ constexpr std::size_t MostEvents = 200;
 constexpr std::size_t MostSignals = 720;
 constexpr std::size_t MostHearings = 300;
 constexpr std::size_t MostReports = 100;
+constexpr std::int64_t SecondsToSettle = 60;  // after a QSY
 constexpr std::int64_t SilenceBeforeNews = std::int64_t{15} * 60;
 
 template <class List>
@@ -33,6 +34,19 @@ void Tune(ActivationRow& row, std::optional<Tuning> next, DateTime when) {
   if (row.Tuned && next && IsQSY(*row.Tuned, *next))
     Tell(row, when, StoryKind::QSY, "QSY from " + TuningText(*row.Tuned) + " to " + TuningText(*next));
   row.Tuned = std::move(next);
+}
+
+// Skimmers that still hear the old place, or an echo, must not move the station to and fro.
+bool MovedJustNow(const ActivationRow& row, DateTime when) {
+  return std::ranges::any_of(row.Story, [&](const StoryEvent& event) {
+    return event.Kind == StoryKind::QSY && when.Seconds - event.When.Seconds < SecondsToSettle;
+  });
+}
+
+void TuneByHearing(ActivationRow& row, DateTime when) {
+  auto next = TuningAfterHearing(row.Tuned, row.Facts);
+  const bool moves = row.Tuned && next && IsQSY(*row.Tuned, *next);
+  if (!moves || !MovedJustNow(row, when)) Tune(row, std::move(next), when);
 }
 
 std::string WindowWords(const Announcement& announcement) {
@@ -137,7 +151,7 @@ void TakeHearing(ActivationRow& row, const Hearing& hearing) {
   NoteSignal(row, hearing);
   KeepHearing(row, hearing);
   row.LastEvent = std::max(row.LastEvent, hearing.When);
-  Tune(row, TuningAfterHearing(row.Tuned, row.Facts), hearing.When);
+  TuneByHearing(row, hearing.When);
 }
 
 void TakeReport(ActivationRow& row, const Report& report) {
