@@ -69,6 +69,23 @@ string SearchPage(const std::vector<PublishedSpot>& newestFirst, std::int64_t si
   return "{\"max_id_str\":\"" + std::to_string(newest) + "\",\"results\":[" + results + "]}\n";
 }
 
+string SummitsListFile() {
+  string text =
+      "SOTA Summits List (Date=26/11/2026)\n"
+      "SummitCode,AssociationName,RegionName,SummitName,AltM,AltFt,GridRef1,GridRef2,Longitude,Latitude,"
+      "Points,"
+      "BonusPoints,ValidFrom,ValidTo,ActivationCount,ActivationDate,ActivationCall\n";
+  int activations = 0;
+  for (const auto& summit : Summits()) {
+    const auto place = std::to_string(summit.Longitude) + "," + std::to_string(summit.Latitude);
+    text += string(summit.Reference) + ",Practice,Practice,\"" + string(summit.Name) + "\"," +
+            std::to_string(summit.Meters) + "," + std::to_string(summit.Meters * 3281 / 1000) + "," + place +
+            "," + place + "," + std::to_string(summit.Points) + ",0,01/01/2010,31/12/2099," +
+            std::to_string(7 * activations++) + ",01/11/2026,G4ABC/P\n";
+  }
+  return text;
+}
+
 string SummitPage(string_view reference) {
   const auto summits = Summits();
   const auto found = std::ranges::find(summits, reference, &Summit::Reference);

@@ -21,6 +21,9 @@ std::string RssPage(const std::vector<PublishedSpot>& newestFirst, std::int64_t 
 // entities for markup characters.
 std::string SearchPage(const std::vector<PublishedSpot>& newestFirst, std::int64_t sinceId);
 
+// The list of all summits, as a file for users to download and import: a title, a header, a line a summit.
+std::string SummitsListFile();
+
 // A page about a summit or an operator. Both answer for anything asked.
 std::string SummitPage(std::string_view reference);
 std::string OperatorPage(std::string_view callsign);

@@ -125,6 +125,8 @@ Reply Site::PageFor(const Asked& asked, std::int64_t now) {
     page.Body = AlertsPage(announcements_.Announcements(now));
   } else if (IsOfService(path)) {
     page = ServicePage(asked, path.substr(ServiceRoot.size()), now);
+  } else if (path == "/summitslist.csv") {
+    return {.Type = "text/csv; charset=utf-8", .Body = SummitsListFile()};
   } else if (path == "/summits.php") {
     return {.Body = SummitPage(PercentDecoded(Parameter(asked.Target, "summit")))};
   } else if (path.starts_with("/db/") && path.size() > 4) {

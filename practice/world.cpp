@@ -8,16 +8,26 @@ namespace {
 using std::string_view;
 
 constexpr std::array SummitTable{
-    Summit{"G/LD-001", "High Crag", 978, 10},      Summit{"G/LD-003", "Long Edge", 950, 8},
-    Summit{"G/SP-004", "Moor Top", 589, 4},        Summit{"GM/WS-001", "Big Ben", 1345, 10},
-    Summit{"GW/NW-001", "Snow Peak", 1085, 10},    Summit{"DM/BW-012", "Dark Wood Hill", 1164, 8},
-    Summit{"HB/BE-089", "Blue Horn", 2112, 8},     Summit{"OE/TI-015", "White Needle & Saddle", 3102, 10},
-    Summit{"F/AB-020", "Col de l'Aigle", 2480, 8}, Summit{"EA2/NV-011", "Peña Alta", 1430, 8},
-    Summit{"I/LO-205", "Monte Croce", 1960, 6},    Summit{"OK/KR-001", "Říp Ridge", 1603, 10},
-    Summit{"S5/JA-040", "Stol Peak", 2236, 8},     Summit{"SP/BZ-006", "Grey Meadow", 1725, 10},
-    Summit{"W6/CT-001", "Far Mountain", 3068, 10}, Summit{"W7O/CN-002", "Fire Lookout", 1871, 8},
-    Summit{"VK3/VE-005", "Mount Gum", 1704, 10},   Summit{"ZL1/WK-021", "Fern Top", 767, 6},
-    Summit{"JA/NN-017", "Kumo Dake", 2501, 10},    Summit{"LA/RL-044", "Storhøa", 1287, 6},
+    Summit{"G/LD-001", "High Crag", 978, 10, 54.454, -3.211},
+    Summit{"G/LD-003", "Long Edge", 950, 8, 54.527, -3.016},
+    Summit{"G/SP-004", "Moor Top", 589, 4, 53.867, -2.301},
+    Summit{"GM/WS-001", "Big Ben", 1345, 10, 56.797, -5.004},
+    Summit{"GW/NW-001", "Snow Peak", 1085, 10, 53.068, -4.076},
+    Summit{"DM/BW-012", "Dark Wood Hill", 1164, 8, 48.05, 8.2},
+    Summit{"HB/BE-089", "Blue Horn", 2112, 8, 46.6, 7.7},
+    Summit{"OE/TI-015", "White Needle & Saddle", 3102, 10, 47.05, 11.1},
+    Summit{"F/AB-020", "Col de l'Aigle", 2480, 8, 44.9, 6.6},
+    Summit{"EA2/NV-011", "Peña Alta", 1430, 8, 42.8, -1.5},
+    Summit{"I/LO-205", "Monte Croce", 1960, 6, 45.9, 9.4},
+    Summit{"OK/KR-001", "Říp Ridge", 1603, 10, 50.7, 15.7},
+    Summit{"S5/JA-040", "Stol Peak", 2236, 8, 46.4, 14.2},
+    Summit{"SP/BZ-006", "Grey Meadow", 1725, 10, 49.5, 19.5},
+    Summit{"W6/CT-001", "Far Mountain", 3068, 10, 34.3, -117.6},
+    Summit{"W7O/CN-002", "Fire Lookout", 1871, 8, 44.4, -121.8},
+    Summit{"VK3/VE-005", "Mount Gum", 1704, 10, -37.1, 146.5},
+    Summit{"ZL1/WK-021", "Fern Top", 767, 6, -37.8, 175.6},
+    Summit{"JA/NN-017", "Kumo Dake", 2501, 10, 36.4, 137.7},
+    Summit{"LA/RL-044", "Storhøa", 1287, 6, 62.5, 7.5},
 };
 
 constexpr std::array<string_view, 21> OperatorTable{

@@ -15,6 +15,8 @@ struct Summit {
   std::string_view Name;
   int Meters;
   int Points;
+  double Latitude;   // degrees, north is positive
+  double Longitude;  // degrees, east is positive
 };
 
 // Where a mode is used: from and to in units of 100 Hz, and the distance of neighbouring channels.
