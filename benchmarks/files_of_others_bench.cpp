@@ -4,9 +4,14 @@
 #include <algorithm>
 #include <string>
 
+#include "around/summit_book.h"
+#include "controls/screen.h"
 #include "memory_files.h"
 #include "needs/log_file.h"
 #include "places/summits_list.h"
+#include "platform/sqlite_activation_store.h"
+#include "temporary_folder.h"
+#include "test_host.h"
 
 namespace brelwin::benchmarks {
 namespace {
@@ -20,7 +25,8 @@ std::string Number(int number, std::size_t digits) {
 }
 
 std::string SummitCode(int number) {
-  return "W" + std::to_string(number / 20000) + "/XY-" + Number(number % 1000, 3);
+  const auto region = std::string{static_cast<char>('A' + number / 1000 % 20), 'Y'};
+  return "W" + std::to_string(number / 20000) + "/" + region + "-" + Number(number % 1000, 3);
 }
 
 // About 24 MB, as the database hands it out.
@@ -68,6 +74,42 @@ void ReadListOfSummits(benchmark::State& state) {
   state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(list.size()));
 }
 BENCHMARK(ReadListOfSummits)->Unit(benchmark::kMillisecond);
+
+// Into the database, with the transactions and all that the window is served meanwhile.
+void ImportListOfSummits(benchmark::State& state) {
+  const test::TemporaryFolder folder;
+  test::TestHost host;
+  host.Disk.Put("/list.csv", SummitsList());
+  SqliteActivationStore store(folder.In("brelwin.db"), host.Time);
+  Host world{host.Time,  host.Queue,   host.Disk, host.Internet, host.Sockets, host.Sound,
+             host.Shell, host.Dialogs, store,     "/brelwin",    false,        {}};
+  PlacesTab tab;
+  SummitBook book(world, tab.lblSummits);
+  for (auto _ : state) book.Import("/list.csv");
+  if (tab.lblSummits.Caption.Get() != std::to_string(SummitCount) + " summits")
+    state.SkipWithError(tab.lblSummits.Caption.Get().c_str());
+}
+BENCHMARK(ImportListOfSummits)->Unit(benchmark::kMillisecond);
+
+// What the start of the program costs: the summits of a full board are looked up.
+void LookUpSummitsOfABoard(benchmark::State& state) {
+  const test::TemporaryFolder folder;
+  const test::TestClock clock;
+  SqliteActivationStore store(folder.In("brelwin.db"), clock);
+  std::vector<KeptSummit> summits;
+  for (int i = 0; i < SummitCount; ++i) summits.push_back({SummitCode(i), "Mount", 39.5, -105.1, 8, 12});
+  store.BeginSummits();
+  store.AddSummits(summits);
+  store.EndSummits();
+  std::vector<std::string> codes;
+  for (int i = 0; i < SummitCount; i += SummitCount / 5000) codes.push_back(SummitCode(i));
+  for (auto _ : state) {
+    std::vector<KeptSummit> found;
+    store.LoadSummits(codes, found);
+    if (found.size() != codes.size()) state.SkipWithError("not every summit was found");
+  }
+}
+BENCHMARK(LookUpSummitsOfABoard)->Unit(benchmark::kMillisecond);
 
 void ReadLog(benchmark::State& state, const std::string& text) {
   test::MemoryFiles files;

@@ -111,6 +111,8 @@ def core_rows(medians: Medians) -> list[Row]:
         row('refuse 200 duplicates', 'RefuseDuplicates', 'RefuseDuplicatesFloor', milliseconds, 'ms', 50),
         row('the gates of one spot', 'Gates', 'GatesFloor', microseconds, 'us', 10),
         goal_row('read a list of 180,000 summits', 'ReadListOfSummits', 1_000),
+        goal_row('import a list of 180,000 summits', 'ImportListOfSummits', 1_000),
+        goal_row('look up 5,000 summits', 'LookUpSummitsOfABoard', 100),
         goal_row('read 100,000 contacts, ADIF', 'ReadLog/Adif', 1_000),
         goal_row('read 100,000 contacts, SOTA CSV', 'ReadLog/SotaCsv', 1_000),
     ]

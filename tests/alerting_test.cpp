@@ -150,6 +150,7 @@ struct AlertingTest : SoundTest {
   Form Window;
   SpotCollection List = Collect({MakeSpot("2", "G4ABC", "G/LD-001"), MakeSpot("1", "G4ABC", "G/LD-001")});
   SpotCollection NewSpots = Collect({MakeSpot("2", "G4ABC", "G/LD-001")});
+  std::function<bool(const Spot&)> IsNeeded;
 
   AlertingTest() {
     HaveFiles({"chimes.wav"});
@@ -162,7 +163,7 @@ struct AlertingTest : SoundTest {
 
   bool Sounds(bool isFirstLoad = false) {
     World.Sound.Played.clear();
-    AlertOnNewSpots(World.World, NewSpots, Filter, List, &Test, &Window, isFirstLoad);
+    AlertOnNewSpots(World.World, NewSpots, Filter, List, &Test, &Window, isFirstLoad, IsNeeded);
     return !World.Sound.Played.empty();
   }
 };
@@ -185,6 +186,13 @@ TEST_F(AlertingTest, TheFirstLoadIsAllNewsUnlessATestSwitchIsOn) {
   EXPECT_TRUE(Sounds(true));
   Test.TestMode2 = true;
   EXPECT_FALSE(Sounds(true));
+}
+
+TEST_F(AlertingTest, MayAskWhetherASpotIsNeeded) {
+  IsNeeded = [](const Spot& spot) { return spot.SummitDesignator == "G/LD-002"; };
+  EXPECT_FALSE(Sounds());
+  IsNeeded = [](const Spot& spot) { return spot.SummitDesignator == "G/LD-001"; };
+  EXPECT_TRUE(Sounds());
 }
 
 }  // namespace

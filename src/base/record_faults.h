@@ -28,4 +28,20 @@ struct RecordFaults {
   }
 };
 
+// "2 broken records are left out: line 7: no callsign; line 9: no date". Those before the first `told` are
+// passed over; beyond the ones with a name "..." stands. Empty without any.
+inline std::string FaultWords(const RecordFaults& faults, std::size_t told = 0) {
+  if (faults.Count <= told) return {};
+  const auto count = faults.Count - told;
+  auto words =
+      std::to_string(count) + (count == 1 ? " broken record is left out" : " broken records are left out");
+  const char* before = ": ";
+  for (auto i = told; i < faults.Named.size(); ++i) {
+    words += before + faults.Named[i];
+    before = "; ";
+  }
+  if (faults.Count > faults.Named.size()) words += before + std::string("...");
+  return words;
+}
+
 }  // namespace brelwin

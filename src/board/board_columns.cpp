@@ -140,6 +140,17 @@ std::string Line(TextOf textOf) {
   return line;
 }
 
+// Whoever announced or spotted it knows best.
+const std::string& NameOf(const RowMoment& moment) {
+  const auto& own = moment.Row.Who.SummitName;
+  return own.empty() ? moment.Around.SummitName : own;
+}
+
+int PointsOf(const RowMoment& moment) {
+  const int own = moment.Row.Who.Points;
+  return own == 0 ? moment.Around.Points : own;
+}
+
 }  // namespace
 
 const std::array<BoardColumnInfo, BoardColumnCount>& BoardColumns() {
@@ -179,8 +190,8 @@ std::string CellText(BoardColumn column, const RowMoment& moment) {
     case BoardColumn::State: return std::string(StateGlyph(state)) + " " + std::string(StateWord(state));
     case BoardColumn::Station: return row.Who.Station;
     case BoardColumn::Summit: return row.Who.Summit;
-    case BoardColumn::Name: return row.Who.SummitName;
-    case BoardColumn::Points: return CountText(row.Who.Points);
+    case BoardColumn::Name: return NameOf(moment);
+    case BoardColumn::Points: return CountText(PointsOf(moment));
     case BoardColumn::Window: return WindowText(moment);
     case BoardColumn::Frequency: return FrequencyCell(moment);
     case BoardColumn::Mode: return row.Tuned ? row.Tuned->Mode : std::string();
@@ -205,7 +216,7 @@ CellSortKey SortKeyOf(BoardColumn column, const RowMoment& moment) {
   const auto& heard = row.Facts.Heard;
   switch (column) {
     case BoardColumn::State: return Key(static_cast<double>(moment.Verdict.State));
-    case BoardColumn::Points: return Key(Positive(row.Who.Points));
+    case BoardColumn::Points: return Key(Positive(PointsOf(moment)));
     case BoardColumn::Window: {
       const auto window = WindowOf(moment);
       return Key(window ? std::optional(static_cast<double>(window->Begin.Seconds)) : std::nullopt);

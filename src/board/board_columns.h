@@ -58,6 +58,8 @@ struct RowSurroundings {
   std::string Needed;                  // why the operator needs it, by his log
   bool IsNeeded = false;
   bool IsWorkedToday = false;
+  std::string SummitName{};  // by the summit list, for a row that does not know it
+  int Points = 0;            // the same; 0: not known
 };
 
 // A row at one moment.

@@ -72,7 +72,8 @@ std::string SearchedText(const RowMoment& moment) {
   std::string text;
   for (const std::string_view part :
        {std::string_view(who.Station), std::string_view(who.BaseCallsign), std::string_view(who.Summit),
-        std::string_view(who.SummitName), StateWord(moment.Verdict.State)}) {
+        std::string_view(who.SummitName), std::string_view(moment.Around.SummitName),
+        StateWord(moment.Verdict.State)}) {
     text += part;
     text += '\n';
   }

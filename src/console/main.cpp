@@ -31,8 +31,9 @@ int Run(const std::string& commandLine) {
   std::optional<BoardPrinter> board;
   if (EnvironmentVariable("BRELWIN_CONSOLE_VIEW") == "board") {
     board.emplace(
-        host.World(), program.Activations(), [](const ActivationRow&) { return RowSurroundings(); },
-        program.Controls(), BoardPrinter::Output{print, [] { return SizeOfTerminal(1); }});
+        host.World(), program.Activations(),
+        [&program](const ActivationRow& row) { return program.Around().Of(row); }, program.Controls(),
+        BoardPrinter::Output{print, [] { return SizeOfTerminal(1); }});
   } else {
     spots.emplace(program.Controls(), print);
   }

@@ -165,6 +165,22 @@ struct GatewayTab {
   ListBox lstGatewayJournal{Controls, "lstGatewayJournal"};        // what was sent and refused, newest first
 };
 
+struct PlacesTab {
+  ControlList Controls;
+
+  TextBox txtMyPlace{Controls, "txtMyPlace"};
+  Label lblMyPlace{Controls, "lblMyPlace"};               // how the box was read
+  Button cmdImportSummits{Controls, "cmdImportSummits"};  // the skin asks for the file
+  Label lblSummits{Controls, "lblSummits"};               // how many there are, or how an import goes
+  TextBox txtCountryFile{Controls, "txtCountryFile"};
+  Button cmdCountryFile{Controls, "cmdCountryFile"};  // the skin asks for a file name and sets the box
+  Label lblCountries{Controls, "lblCountries"};
+  TextBox txtLogFilesToWatch{Controls, "txtLogFilesToWatch"};
+  Button cmdLogFilesToWatch{Controls, "cmdLogFilesToWatch"};  // the skin asks for a file and adds its name
+  Label lblLogFilesToWatch{Controls, "lblLogFilesToWatch"};   // what was read, and what is wrong with it
+  CheckBox chkAlarmOnlyNeeded{Controls, "chkAlarmOnlyNeeded"};
+};
+
 struct FilesTab {
   ControlList Controls;
 
@@ -200,13 +216,14 @@ struct Screen {
   LogsTab Logs;
   RBNTab RBN;
   GatewayTab Gateway;
+  PlacesTab Places;
   FilesTab Files;
   AboutTab About;
 
   // The groups in the order of the tabs, for whoever binds or checks every control.
-  std::array<ControlList*, 7> Groups() {
-    return {&Spots.Controls,   &Filters.Controls, &Logs.Controls, &RBN.Controls,
-            &Gateway.Controls, &Files.Controls,   &About.Controls};
+  std::array<ControlList*, 8> Groups() {
+    return {&Spots.Controls,   &Filters.Controls, &Logs.Controls,  &RBN.Controls,
+            &Gateway.Controls, &Places.Controls,  &Files.Controls, &About.Controls};
   }
 };
 

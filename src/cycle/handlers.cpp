@@ -41,7 +41,8 @@ void cmdTest_Click(SpotLists& lists, const Screen& screen) {
   newest.Trim(1);
   SpotFilter filter;
   FillFilterFromScreen(screen, lists.Config, filter);
-  AlertOnNewSpots(lists.World, newest, filter, lists.SpotList, &lists.Config.Test, &lists.Window, true);
+  AlertOnNewSpots(lists.World, newest, filter, lists.SpotList, &lists.Config.Test, &lists.Window, true,
+                  lists.Around.SoundQuestion());
 }
 
 void ConnectCommands(MainWindow& window) {

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "around/surroundings.h"
 #include "board/board_keeper.h"
 #include "controls/screen.h"
 #include "core/websites.h"
@@ -37,7 +38,8 @@ struct MainWindow {
   Settings SettingsFile{World, Controls, Config};
   Entries Ways{World};
 
-  SpotLists Lists{World, Controls, Config};
+  Surroundings Around{World, Controls.Places};
+  SpotLists Lists{World, Controls, Config, Around};
   CallsignLists Callsigns;
   std::vector<Website> Websites;
   SpotSources Sources;

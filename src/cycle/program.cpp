@@ -21,6 +21,10 @@ BoardKeeper& Program::Activations() {
   return window_->Activations;
 }
 
+Surroundings& Program::Around() {
+  return window_->Around;
+}
+
 void Program::Start(std::string_view commandLine, std::string_view passwordFromEnvironment) {
   if (window_->Unloaded) return;
   window_->Ways.Enter([&] { Form_Load(*window_, commandLine, passwordFromEnvironment); });

@@ -4,6 +4,7 @@
 #include <memory>
 #include <string_view>
 
+#include "around/surroundings.h"
 #include "board/board_keeper.h"
 #include "controls/screen.h"
 #include "platform/host.h"
@@ -22,6 +23,9 @@ class Program {
 
   // The board: one row per activation. It lives as long as the program.
   BoardKeeper& Activations();
+
+  // What is known around the rows of the board: places, summits and what the operator needs. The same.
+  Surroundings& Around();
 
   // Start-up, to be called once, from the event queue or before it runs. `commandLine` is everything after
   // the program's name. A non-empty password fills the password box and never reaches the settings file.

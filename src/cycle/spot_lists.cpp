@@ -60,7 +60,8 @@ void FilterAndLog(SpotLists& lists, SpotFilter& filter, SpotCollection& spots) {
 }
 
 void AlertOn(SpotLists& lists, const SpotCollection& newSpots, SpotFilter& filter, bool isFirstLoad) {
-  AlertOnNewSpots(lists.World, newSpots, filter, lists.SpotList, nullptr, &lists.Window, isFirstLoad);
+  AlertOnNewSpots(lists.World, newSpots, filter, lists.SpotList, nullptr, &lists.Window, isFirstLoad,
+                  lists.Around.SoundQuestion());
 }
 
 void ShowHiddenSpots(SpotLists& lists, const FiltersTab& filters) {

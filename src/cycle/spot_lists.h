@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <string_view>
 
+#include "around/surroundings.h"
 #include "controls/screen.h"
 #include "platform/host.h"
 #include "settings/configuration.h"
@@ -14,14 +15,20 @@
 namespace brelwin {
 
 struct SpotLists {
-  SpotLists(Host& host, Screen& screen, const Configuration& configuration)
-      : World(host), Tab(screen.Spots), Logs(screen.Logs), Window(screen.Window), Config(configuration) {}
+  SpotLists(Host& host, Screen& screen, const Configuration& configuration, const Surroundings& around)
+      : World(host),
+        Tab(screen.Spots),
+        Logs(screen.Logs),
+        Window(screen.Window),
+        Config(configuration),
+        Around(around) {}
 
   Host& World;
   SpotsTab& Tab;
   LogsTab& Logs;
   Form& Window;
   const Configuration& Config;
+  const Surroundings& Around;
 
   SpotCollection SpotList;              // what is shown, newest first, bounded by MaximumSpotsInList
   SpotCollection RecentSotawatchSpots;  // as received, newest first, bounded to 200

@@ -122,6 +122,7 @@ void Form_Load(MainWindow& window, std::string_view commandLine, std::string_vie
   for (const auto name : {CallsignListName::Known, CallsignListName::Excluded, CallsignListName::Trusted})
     step([&] { LoadCallsigns(world, name, callsigns.Named(name)); });
   step([&] { window.Activations.Restore(); });
+  step([&] { window.Around.Start(window.Activations.Board()); });
   step([&] {
     window.Delay.Seconds = ReadStartupDelay(commandLine);
     window.Delay.Since = world.Time.Now();

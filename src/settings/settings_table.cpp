@@ -27,6 +27,10 @@ template <auto Member>
 auto& OnGateway(Screen& screen) {
   return screen.Gateway.*Member;
 }
+template <auto Member>
+auto& OnPlaces(Screen& screen) {
+  return screen.Places.*Member;
+}
 KeptText& WindowPlace(Screen& screen) {
   return screen.Window.Place;
 }
@@ -68,6 +72,7 @@ std::string SystemVersion(const Host& /*host*/) {
 constexpr std::string_view General = "General";
 constexpr std::string_view RBN = "ReverseBeaconNetwork";
 constexpr std::string_view Gateway = "Gateway";
+constexpr std::string_view Places = "Places";
 constexpr std::string_view Window = "Window";
 constexpr std::string_view Templates = "URLTemplates";
 constexpr std::string_view Troubleshooting = "TroubleshootingInfo";
@@ -158,6 +163,10 @@ constexpr SettingRow Rows[] = {
     {General, "LogRawSpots", Field<&Configuration::LogRawSpots>, "", LoadedOnly},
     {General, "LogAlertsAfterSelfSpots", Field<&Configuration::LogAlertsAfterSelfSpots>, "", LoadedOnly},
     {Gateway, "RBNSendMySpotsToSotawatch", OnGateway<&GatewayTab::chkRBNSendMySpotsToSotawatch>, "0", SavedOnly},
+    {Places, "MyPlace", OnPlaces<&PlacesTab::txtMyPlace>},
+    {Places, "CountryFile", OnPlaces<&PlacesTab::txtCountryFile>},
+    {Places, "LogFilesToWatch", OnPlaces<&PlacesTab::txtLogFilesToWatch>},
+    {Places, "AlarmOnlyNeeded", OnPlaces<&PlacesTab::chkAlarmOnlyNeeded>, "0"},
     {Window, "Place", WindowPlace},
     {Window, "BoardColumns", BoardColumnsOfWindow},
     {Window, "BoardHides", BoardHides},

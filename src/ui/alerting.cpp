@@ -1,5 +1,7 @@
 #include "ui/alerting.h"
 
+#include <vector>
+
 #include "base/text.h"
 #include "core/data_files.h"
 #include "core/program_path.h"
@@ -50,11 +52,12 @@ void PlayAlert(Host& host, const SoundCalls& calls, std::string_view alertSound)
 }
 
 void Alert(Host& host, const SpotCollection& newSpots, SpotFilter& filter, const SpotCollection& spotList,
-           Form* window, bool everythingIsNews) {
+           Form* window, bool everythingIsNews, const std::function<bool(const Spot&)>& isNeeded) {
   const auto& candidates = Candidates(host, newSpots, filter);
   const bool takesAll = everythingIsNews && filter.PlaySoundWhen != NoSound;
-  const auto calling = SpotsCallingForSound(takesAll ? SoundForEverySpot : filter.PlaySoundWhen, candidates,
-                                            newSpots, spotList);
+  auto calling = SpotsCallingForSound(takesAll ? SoundForEverySpot : filter.PlaySoundWhen, candidates,
+                                      newSpots, spotList);
+  if (isNeeded) std::erase_if(calling, [&](const SpotPointer& spot) { return !isNeeded(*spot); });
   if (calling.empty()) return;
   if (filter.ShowWindowOnAlert && window != nullptr) BringBack(*window);
   PlayAlert(host, CallsOf(calling), filter.AlertSound);
@@ -63,11 +66,12 @@ void Alert(Host& host, const SpotCollection& newSpots, SpotFilter& filter, const
 }  // namespace
 
 void AlertOnNewSpots(Host& host, const SpotCollection& newSpots, SpotFilter& filter,
-                     const SpotCollection& spotList, const TestSettings* test, Form* window,
-                     bool isFirstLoad) {
+                     const SpotCollection& spotList, const TestSettings* test, Form* window, bool isFirstLoad,
+                     const std::function<bool(const Spot&)>& isNeeded) {
   if (newSpots.Empty()) return;
-  TrapErrorsSilently(
-      [&] { Alert(host, newSpots, filter, spotList, window, isFirstLoad && !AnyTestSwitchOn(test)); });
+  TrapErrorsSilently([&] {
+    Alert(host, newSpots, filter, spotList, window, isFirstLoad && !AnyTestSwitchOn(test), isNeeded);
+  });
 }
 
 namespace {

@@ -11,7 +11,10 @@
 #include <memory>
 
 #include "board_day.h"
+#include "qt/window/bands_box.h"
+#include "qt/window/map_page.h"
 #include "qt/window/map_view.h"
+#include "qt/window/places_page.h"
 #include "qt/window/program_window.h"
 #include "radio/dates.h"
 #include "spots/spot_text.h"
@@ -81,10 +84,11 @@ BoardDoors DoorsOf(test::TestHost& host, BoardKeeper& keeper) {
 }
 
 // As it is before anything is announced, with the Reverse Beacon Network off.
-bool PaintEmptyBoard(const BoardDoors& doors, const QString& folder) {
+bool PaintEmptyBoard(test::TestHost& host, BoardKeeper& keeper, const QString& folder) {
   Screen screen;
+  Surroundings around(host.World, screen.Places);
   ProgramWindow window(
-      screen, [] {}, doors);
+      screen, [] {}, ActivationDoors{DoorsOf(host, keeper), around, host.Store});
   screen.Window.Show.Raise();
   QApplication::processEvents();
   return window.grab().save(folder + "/light-empty.png");
@@ -118,6 +122,52 @@ bool PaintMap(const QString& file, GeoPoint center) {
   return map.grab().save(file);
 }
 
+// What the user would have imported and named, for the activations of the day.
+void FillPlaces(test::TestHost& host, Screen& screen, Surroundings& around, BoardKeeper& keeper) {
+  std::string summits = "SummitCode,SummitName,Longitude,Latitude,Points,ActivationCount\n";
+  for (const auto& [number, row] : keeper.Board().Rows())
+    summits += row.Who.Summit + ",," + std::to_string(-4.5 + static_cast<double>(number % 7) * 0.3) + "," +
+               std::to_string(51.5 + static_cast<double>(number % 11) * 0.2) + ",4,12\n";
+  summits += "OE/TI-123,,11.2,47.1,8,40\nW6/CT-011,,-118.1,34.2,6,9\nHB/VS-077,,7.5,46.1,10,5\n";
+  host.Disk.Put("/summitslist.csv", summits);
+  host.Disk.Put(
+      "/cty.dat",
+      "Germany: 14: 28: EU: 51.0: -10.0: -1.0: DL:\n DK;\nUnited States: 5: 8: NA: 37.6: 91.9: 5.0: "
+      "K:\n W;\nEngland: 14: 27: EU: 52.8: 1.5: 0.0: G:\n G;\nFinland: 15: 18: EU: 63.8: -27.0: "
+      "-2.0: OH:\n OH;\nSpain: 14: 37: EU: 40.3: 4.0: -1.0: EA:\n EA;\nJapan: 25: 45: AS: 36.4: "
+      "-138.4: -9.0: JA:\n JH;\n");
+  host.Disk.Put("/log.csv", "V2,G4XYZ,,01/02/26,1012,14MHz,CW,G4ABC/P,G/LD-003\nV2,broken\n");
+  screen.Places.txtMyPlace.Text = std::string("IN80dk");
+  screen.Places.txtCountryFile.Text = std::string("/cty.dat");
+  screen.Places.txtLogFilesToWatch.Text = std::string("/log.csv");
+  around.Start(keeper.Board());
+  around.ImportSummits("/summitslist.csv");
+}
+
+MapDoors MapDoorsOf(test::TestHost& host, BoardKeeper& keeper, Surroundings& around) {
+  return {keeper, around, host.Store, [&host] { return UTCNow(host.Time); }, [](RowNumber) {}, [] {}};
+}
+
+bool Paint(QWidget& page, const QString& file) {
+  page.resize(1000, 760);
+  page.show();
+  for (int i = 0; i < 60; ++i) QApplication::processEvents(QEventLoop::AllEvents, 10);
+  return page.grab().save(file);
+}
+
+bool PaintPlaces(test::TestHost& host, Screen& screen, Surroundings& around, BoardKeeper& keeper,
+                 const QString& prefix) {
+  MapPage map(MapDoorsOf(host, keeper, around));
+  bool done = Paint(map, prefix + "map-folded.png");
+  map.Select(1);
+  map.findChild<BandsBox*>()->Unfold(true);
+  done = Paint(map, prefix + "map-bands.png") && done;
+  const std::unique_ptr<QWidget> places(MakePlacesPage(screen.Places, [](const std::string&) {}));
+  ControlBindings bindings(*places, [](QWidget&) {});
+  bindings.Add(screen.Places.Controls);
+  return Paint(*places, prefix + "places.png") && done;
+}
+
 bool PaintMaps(const QString& prefix) {
   const bool done = PaintMap(prefix + "map-40N-4W.png", {40, -4});
   return PaintMap(prefix + "map-wellington.png", {-41.3, 174.8}) && done;
@@ -137,16 +187,25 @@ int main(int argumentCount, char** arguments) {
   BoardKeeper nothing(host.World);
   test::TakeDay(host, keeper, 40);
   const QString folder = arguments[1];
-  bool done = PaintEmptyBoard(DoorsOf(host, nothing), folder);
+  bool done = PaintEmptyBoard(host, nothing, folder);
+  Surroundings around(host.World, screen.Places);
   ProgramWindow window(
-      screen, [] {}, DoorsOf(host, keeper));
+      screen, [] {}, ActivationDoors{DoorsOf(host, keeper), around, host.Store});
   Fill(screen);
   screen.Window.Show.Raise();
   ChooseFirst(window);
   done = PaintTabs(window, folder + "/light-") && done;
   done = PaintMaps(folder + "/light-") && done;
+  {
+    MapPage withoutPlace(MapDoorsOf(host, keeper, around));
+    done = Paint(withoutPlace, folder + "/light-map-without-place.png") && done;
+  }
+  FillPlaces(host, screen, around, keeper);
+  keeper.Save();
+  done = PaintPlaces(host, screen, around, keeper, folder + "/light-") && done;
   QApplication::setPalette(DarkPalette());
   done = PaintTabs(window, folder + "/dark-") && done;
   done = PaintMaps(folder + "/dark-") && done;
+  done = PaintPlaces(host, screen, around, keeper, folder + "/dark-") && done;
   return done ? 0 : 1;
 }

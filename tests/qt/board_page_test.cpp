@@ -65,10 +65,13 @@ class BoardPageTest : public ::testing::Test {
   BoardKeeper keeper_{host_.World};
   std::vector<std::string> opened_;
   Screen screen_;
-  ProgramWindow window_{screen_, [] {},
-                        BoardDoors{keeper_, [this] { return UTCNow(host_.Time); }, test::AroundOnTheDay,
-                                   [this](const std::string& summit) { opened_.push_back(summit); },
-                                   [this](const std::string& call) { opened_.push_back(call); }}};
+  Surroundings around_{host_.World, screen_.Places};
+  ProgramWindow window_{
+      screen_, [] {},
+      ActivationDoors{BoardDoors{keeper_, [this] { return UTCNow(host_.Time); }, test::AroundOnTheDay,
+                                 [this](const std::string& summit) { opened_.push_back(summit); },
+                                 [this](const std::string& call) { opened_.push_back(call); }},
+                      around_, host_.Store}};
 };
 
 TEST_F(BoardPageTest, FollowsTheBoardButHoldsStillWhileARowIsLookedAt) {

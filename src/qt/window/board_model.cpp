@@ -82,10 +82,15 @@ QVariant BoardModel::headerData(int section, Qt::Orientation orientation, int ro
   switch (role) {
     case Qt::DisplayRole: return ToQString(info.Header);
     case Qt::ToolTipRole:
-    case Qt::AccessibleTextRole: return ToQString(info.Meaning);
+    case Qt::AccessibleTextRole: return HeaderTip(info);
     case Qt::TextAlignmentRole: return Side(info);
     default: return {};
   }
+}
+
+QString BoardModel::HeaderTip(const BoardColumnInfo& info) const {
+  const auto missing = doors_.Missing ? doors_.Missing(info.Column) : std::string();
+  return ToQString(info.Meaning) + (missing.empty() ? QString() : ".\n" + ToQString(missing));
 }
 
 // What goes is moved to the end first, so that it goes in one piece; what comes, comes in one piece.

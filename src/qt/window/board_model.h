@@ -20,6 +20,7 @@ struct BoardDoors {
   SurroundingsOf Surroundings;
   std::function<void(const std::string& summit)> OpenSummit;
   std::function<void(const std::string& baseCallsign)> OpenStation;
+  std::function<std::string(BoardColumn)> Missing{};  // why a column can say nothing; may be empty
 };
 
 class BoardModel final : public QAbstractTableModel {
@@ -56,6 +57,7 @@ class BoardModel final : public QAbstractTableModel {
 
  private:
   QVariant TextOf(const ActivationRow& row, BoardColumn column, int role) const;
+  QString HeaderTip(const BoardColumnInfo& info) const;
   QString Tip(const RowMoment& moment, BoardColumn column) const;
   void Reorder(std::vector<RowNumber> rows);
   void RemoveTail(std::size_t count);

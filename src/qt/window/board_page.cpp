@@ -145,7 +145,11 @@ void BoardPage::Connect() {
   for (auto* box : {onlyNeeded_, hideWorked_}) connect(box, &QCheckBox::clicked, this, &BoardPage::KeepBoxes);
   connect(table_, &BoardTable::SortingChanged, this, &BoardPage::ViewChanged);
   connect(table_, &BoardTable::LookedAway, &soon_, qOverload<>(&QTimer::start));
-  connect(table_, &BoardTable::RowSelected, this, &BoardPage::ShowDetails);
+  connect(table_, &BoardTable::RowSelected, this, [this] {
+    ShowDetails();
+    const auto* row = table_->Selected();
+    Q_EMIT Selected(row == nullptr ? 0 : row->Number);
+  });
   connect(table_, &BoardTable::MenuWanted, this, &BoardPage::OpenMenu);
   AddShortcut(QKeySequence::Find, [this] { search_->setFocus(); });
   watches_.push_back(doors_.Keeper.Changed.WhenRaised([this] {
@@ -233,6 +237,10 @@ void BoardPage::TellEmpty(const BoardOrder& order) {
                         : "No activations yet: they show as soon as one is announced, heard or spotted.");
   switchOn_->setVisible(isOff && !hasRows);
   stack_->setCurrentIndex(order.Rows.empty() ? 1 : 0);
+}
+
+void BoardPage::Select(RowNumber row) {
+  if (const auto place = model_.PlaceOf(row); place >= 0) table_->selectRow(place);
 }
 
 void BoardPage::ShowDetails() {

@@ -31,6 +31,12 @@ class BoardPage final : public QWidget {
   // Takes up what waited.
   void TakeUp();
 
+  // Selects this activation, if it is shown.
+  void Select(RowNumber row);
+
+ Q_SIGNALS:
+  void Selected(RowNumber row);  // 0: none
+
  protected:
   void showEvent(QShowEvent* event) override;
 

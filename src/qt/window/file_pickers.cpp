@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QFileDialog>
+#include <utility>
 
 namespace brelwin {
 namespace {
@@ -45,6 +46,19 @@ void PickLogFile(QAbstractButton& button, TextBox& box) {
 void PickSoundFile(QAbstractButton& button, TextBox& box) {
   QObject::connect(&button, &QAbstractButton::clicked, &button,
                    [&button, &box] { AskForSoundFile(button, box); });
+}
+
+void PickFile(QAbstractButton& button, FileKind kind, std::function<void(const std::string& path)> take) {
+  const auto ask = [&button, kind = std::move(kind), take = std::move(take)] {
+    auto* dialog = new QFileDialog(button.window(), kind.Title);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    dialog->setFileMode(QFileDialog::ExistingFile);
+    dialog->setNameFilters(kind.Filters);
+    QObject::connect(dialog, &QFileDialog::fileSelected, &button,
+                     [take](const QString& path) { take(path.toStdString()); });
+    dialog->open();
+  };
+  QObject::connect(&button, &QAbstractButton::clicked, &button, ask);
 }
 
 }  // namespace brelwin

@@ -23,12 +23,16 @@ int Refuse(const std::string& complaint) {
   return 1;
 }
 
-BoardDoors DoorsOf(Program& program, const Clock& time) {
+ActivationDoors DoorsOf(Program& program, Host& world) {
   auto& open = program.Controls().Board;
-  return {program.Activations(), [&time] { return UTCNow(time); },
-          [](const ActivationRow&) { return RowSurroundings(); },
-          [&open](const std::string& summit) { open.OpenSummit(summit); },
-          [&open](const std::string& baseCallsign) { open.OpenStation(baseCallsign); }};
+  auto& around = program.Around();
+  return {{program.Activations(), [&time = world.Time] { return UTCNow(time); },
+           [&around](const ActivationRow& row) { return around.Of(row); },
+           [&open](const std::string& summit) { open.OpenSummit(summit); },
+           [&open](const std::string& baseCallsign) { open.OpenStation(baseCallsign); },
+           [&around](BoardColumn column) { return around.Missing(column); }},
+          around,
+          world.Store};
 }
 
 int Run(const std::string& commandLine) {
@@ -40,7 +44,7 @@ int Run(const std::string& commandLine) {
   DesktopHost host(folder.Path, dialogs, [&](std::string_view path) { return ShowTextFile(files, path); });
   Program program(host.World());
   ProgramWindow window(
-      program.Controls(), [&program] { program.Quit(); }, DoorsOf(program, host.World().Time));
+      program.Controls(), [&program] { program.Quit(); }, DoorsOf(program, host.World()));
   RunUntilQuit(host, program, commandLine);
   return 0;
 }

@@ -28,10 +28,10 @@ void MapPainter::Paint(const MapContents& contents) {
   PaintRingLabels();
   PaintSkimmers(contents);
   const auto* selected = SelectedActivation(contents);
-  if (selected != nullptr) PaintActivation(*selected, true);
+  if (selected != nullptr) taken_.push_back(LabelArea(PixelOf(selected->Place), ToQString(selected->Label)));
   for (const auto& activation : contents.Activations)
-    if (&activation != selected) PaintActivation(activation, false);
-  if (selected != nullptr) PaintGlyph(PixelOf(selected->Place), ToQString(selected->Glyph), true);
+    if (&activation != selected) PaintActivation(activation);
+  if (selected != nullptr) PaintSelected(*selected);
 }
 
 void MapPainter::PaintEarth() {
@@ -42,7 +42,7 @@ void MapPainter::PaintEarth() {
   painter_.drawEllipse(QPointF(), MapRadiusInKm, MapRadiusInKm);
   painter_.setBrush(colors_.Land);
   painter_.drawPath(picture_.Land());
-  painter_.setPen(Qt::NoPen);
+  SetLine(colors_.Rings, 1);  // a dark palette leaves little between day and night
   painter_.setBrush(colors_.Night);
   painter_.drawPath(picture_.Night());
   painter_.restore();
@@ -82,10 +82,22 @@ void MapPainter::PaintSkimmers(const MapContents& contents) {
   }
 }
 
-void MapPainter::PaintActivation(const MapActivation& activation, bool isSelected) {
+// A label that has no room is left out.
+void MapPainter::PaintActivation(const MapActivation& activation) {
   const auto pixel = PixelOf(activation.Place);
-  PaintGlyph(pixel, ToQString(activation.Glyph), isSelected);
-  PaintLabel(pixel, ToQString(activation.Label), isSelected);
+  PaintGlyph(pixel, ToQString(activation.Glyph), false);
+  const auto text = ToQString(activation.Label);
+  const auto area = LabelArea(pixel, text);
+  if (std::ranges::any_of(taken_, [&](const QRectF& other) { return other.intersects(area); })) return;
+  taken_.push_back(area);
+  PaintLabel(area, text, false);
+}
+
+void MapPainter::PaintSelected(const MapActivation& activation) {
+  const auto pixel = PixelOf(activation.Place);
+  const auto text = ToQString(activation.Label);
+  PaintGlyph(pixel, ToQString(activation.Glyph), true);
+  PaintLabel(LabelArea(pixel, text), text, true);
 }
 
 // On a small round ground, so that land, night and lines leave it legible.
@@ -99,10 +111,7 @@ void MapPainter::PaintGlyph(QPointF pixel, const QString& glyph, bool isSelected
                     glyph);
 }
 
-void MapPainter::PaintLabel(QPointF pixel, const QString& text, bool isSelected) {
-  const auto area = LabelArea(pixel, text);
-  if (std::ranges::any_of(taken_, [&](const QRectF& other) { return other.intersects(area); })) return;
-  taken_.push_back(area);
+void MapPainter::PaintLabel(const QRectF& area, const QString& text, bool isSelected) {
   auto ground = isSelected ? colors_.Mark : colors_.Sea;
   ground.setAlphaF(isSelected ? 1.0F : 0.75F);
   painter_.fillRect(area, ground);

@@ -24,9 +24,10 @@ class MapPainter {
   void PaintRings();
   void PaintRingLabels();
   void PaintSkimmers(const MapContents& contents);
-  void PaintActivation(const MapActivation& activation, bool isSelected);
+  void PaintActivation(const MapActivation& activation);
+  void PaintSelected(const MapActivation& activation);
   void PaintGlyph(QPointF pixel, const QString& glyph, bool isSelected);
-  void PaintLabel(QPointF pixel, const QString& text, bool isSelected);
+  void PaintLabel(const QRectF& area, const QString& text, bool isSelected);
   QRectF LabelArea(QPointF pixel, const QString& text) const;
   void SetLine(const QColor& color, double width);
   QPointF PixelOf(GeoPoint place) const;

@@ -17,6 +17,8 @@
 #include "qt/window/filters_page.h"
 #include "qt/window/gateway_page.h"
 #include "qt/window/logs_page.h"
+#include "qt/window/map_page.h"
+#include "qt/window/places_page.h"
 #include "qt/window/program_icon.h"
 #include "qt/window/rbn_page.h"
 #include "qt/window/spots_page.h"
@@ -61,16 +63,18 @@ void TellTab(QTabBar& tabs) {
 
 }  // namespace
 
-ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit, std::optional<BoardDoors> board)
+ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit,
+                             std::optional<ActivationDoors> activations)
     : screen_(screen),
       quit_(std::move(quit)),
       tabs_(new QTabWidget),
+      activations_(std::move(activations)),
       bindings_(*this, [this](QWidget& widget) { BringToView(widget); }) {
   auto* column = new QVBoxLayout(this);
   column->addWidget(tabs_, 1);
   column->addWidget(MakeStatusRow());
   tabs_->setObjectName("SSTab1");
-  AddPages(std::move(board));
+  AddPages();
   bindings_.Add(screen.Spots.Controls);
   waiting_.push_back([this] {
     QApplication::setWindowIcon(ProgramIcon());
@@ -82,15 +86,29 @@ ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit, std::op
   connect(&placeSettles_, &QTimer::timeout, this, &ProgramWindow::KeepPlace);
 }
 
-void ProgramWindow::AddPages(std::optional<BoardDoors> board) {
-  if (board) {
-    tabs_->addTab(new BoardPage(screen_, std::move(*board)), "Board");
-    pagesBefore_ = 1;
-  }
+void ProgramWindow::AddActivations() {
+  board_ = new BoardPage(screen_, activations_->Board);
+  map_ = new MapPage({activations_->Board.Keeper, activations_->Around, activations_->Store,
+                      activations_->Board.UTCNow, [this](RowNumber row) { board_->Select(row); },
+                      [this] { tabs_->setCurrentIndex(placesTab_); }});
+  connect(board_, &BoardPage::Selected, map_, &MapPage::Select);
+  tabs_->addTab(board_, "Board");
+  tabs_->addTab(map_, "Map");
+  pagesBefore_ = tabs_->count();
+}
+
+void ProgramWindow::AddPages() {
+  if (activations_) AddActivations();
   tabs_->addTab(MakeSpotsPage(), "Spots");
   AddLater("Filters and sounds", screen_.Filters.Controls,
            [this] { return MakeFiltersPage(screen_.Filters); });
   AddLater("Logs", screen_.Logs.Controls, [this] { return MakeLogsPage(screen_.Logs); });
+  placesTab_ = tabs_->count();
+  AddLater("Places and log", screen_.Places.Controls, [this] {
+    return MakePlacesPage(screen_.Places, [this](const std::string& path) {
+      if (activations_) activations_->Around.ImportSummits(path);
+    });
+  });
   AddLater("Reverse Beacon Network", screen_.RBN.Controls, MakeRBNPage);
   AddLater("Gateway", screen_.Gateway.Controls, [this] { return MakeGatewayPage(screen_.Gateway); });
   AddLater("Websites and files", screen_.Files.Controls, [this] { return MakeFilesPage(screen_.Files); });

@@ -7,7 +7,9 @@
 #include <optional>
 #include <vector>
 
+#include "around/surroundings.h"
 #include "controls/screen.h"
+#include "platform/activation_store.h"
 #include "qt/window/bind_controls.h"
 #include "qt/window/board_model.h"
 #include "ui/window_place.h"
@@ -16,13 +18,23 @@ class QTabWidget;
 
 namespace brelwin {
 
+class BoardPage;
+class MapPage;
+
+// What the tabs of the activations rest on: board, map, and places and log. All of it outlives the window.
+struct ActivationDoors {
+  BoardDoors Board;
+  Surroundings& Around;
+  ActivationStore& Store;
+};
+
 class ProgramWindow final : public QWidget {
   Q_OBJECT
 
  public:
   // Shown when the program asks for it. Closing it calls `quit` and leaves it open: the program ends first.
-  // With a board that is the first tab.
-  ProgramWindow(Screen& screen, std::function<void()> quit, std::optional<BoardDoors> board = {});
+  // With activations the board is the first tab, and the map the second one.
+  ProgramWindow(Screen& screen, std::function<void()> quit, std::optional<ActivationDoors> activations = {});
 
   // Complete once the window was painted for the first time.
   const ControlBindings& Bindings() const { return bindings_; }
@@ -35,7 +47,8 @@ class ProgramWindow final : public QWidget {
   void resizeEvent(QResizeEvent* event) override;
 
  private:
-  void AddPages(std::optional<BoardDoors> board);
+  void AddPages();
+  void AddActivations();
   void AddLater(const char* title, const ControlList& controls, std::function<QWidget*()> makePage);
   void MakeWhatWaits();
   void FollowForm();
@@ -49,6 +62,10 @@ class ProgramWindow final : public QWidget {
   Screen& screen_;
   std::function<void()> quit_;
   QTabWidget* tabs_;
+  std::optional<ActivationDoors> activations_;
+  BoardPage* board_ = nullptr;
+  MapPage* map_ = nullptr;
+  int placesTab_ = -1;
   int pagesBefore_ = 0;  // tabs on the left of the Spots tab
   ControlBindings bindings_;
   std::vector<std::function<void()>> waiting_;  // for the first painting: it comes sooner without them
