@@ -5,8 +5,8 @@
 #include <utility>
 
 #include "base/text.h"
+#include "board/tuning.h"
 #include "radio/dates.h"
-#include "radio/numbers.h"
 
 namespace brelwin {
 namespace {
@@ -39,7 +39,7 @@ std::string WindowText(const RowMoment& moment) {
 
 // Before anybody is heard, what was announced.
 std::string FrequencyCell(const RowMoment& moment) {
-  if (moment.Row.Tuned) return RoundedToThreeDecimalsText(moment.Row.Tuned->FrequencyInMhz);
+  if (moment.Row.Tuned) return KilohertzText(moment.Row.Tuned->FrequencyInMhz);
   const auto* announcement = CurrentAnnouncement(moment.Row.Facts, moment.Now);
   return announcement == nullptr ? std::string() : announcement->FrequencyModes;
 }

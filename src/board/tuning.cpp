@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <map>
 #include <string_view>
@@ -125,8 +126,15 @@ std::optional<Tuning> TuningAfterReport(const std::optional<Tuning>& before, con
   return TuningOf(report);
 }
 
+std::string KilohertzText(float mhz) {
+  std::array<char, 48> text{};
+  const auto written = std::to_chars(text.data(), text.data() + text.size(), RoundedToThreeDecimals(mhz),
+                                     std::chars_format::fixed, 3);
+  return {text.data(), written.ptr};
+}
+
 std::string TuningText(const Tuning& tuning) {
-  auto text = RoundedToThreeDecimalsText(tuning.FrequencyInMhz);
+  auto text = KilohertzText(tuning.FrequencyInMhz);
   return tuning.Mode.empty() ? text : text + " " + tuning.Mode;
 }
 
