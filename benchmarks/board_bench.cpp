@@ -27,7 +27,7 @@ struct BoardWindow {
   BoardKeeper Keeper{Host.World};
   Screen Controls;
   BoardPage Page{Controls,
-                 {Keeper, [this] { return UTCNow(Host.Time); }, test::AroundOnTheDay,
+                 {Keeper.Board(), Keeper.Changed, [this] { return UTCNow(Host.Time); }, test::AroundOnTheDay,
                   [](const std::string&) {}, [](const std::string&) {}}};
   BoardTable* Table = Page.findChild<BoardTable*>("board");
   QLineEdit* Search = Page.findChild<QLineEdit*>("boardSearch");

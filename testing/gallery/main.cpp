@@ -80,7 +80,8 @@ bool PaintTabs(ProgramWindow& window, const QString& prefix) {
 
 BoardDoors DoorsOf(test::TestHost& host, BoardKeeper& keeper) {
   const auto nothing = [](const std::string&) {};
-  return {keeper, [&host] { return UTCNow(host.Time); }, test::AroundOnTheDay, nothing, nothing};
+  return {keeper.Board(),       keeper.Changed, [&host] { return UTCNow(host.Time); },
+          test::AroundOnTheDay, nothing,        nothing};
 }
 
 // As it is before anything is announced, with the Reverse Beacon Network off.
@@ -88,7 +89,7 @@ bool PaintEmptyBoard(test::TestHost& host, BoardKeeper& keeper, const QString& f
   Screen screen;
   Surroundings around(host.World, screen.Places);
   ProgramWindow window(
-      screen, [] {}, ActivationDoors{DoorsOf(host, keeper), around, host.Store});
+      screen, [] {}, ActivationDoors{DoorsOf(host, keeper), keeper, around, host.World});
   screen.Window.Show.Raise();
   QApplication::processEvents();
   return window.grab().save(folder + "/light-empty.png");
@@ -190,7 +191,7 @@ int main(int argumentCount, char** arguments) {
   bool done = PaintEmptyBoard(host, nothing, folder);
   Surroundings around(host.World, screen.Places);
   ProgramWindow window(
-      screen, [] {}, ActivationDoors{DoorsOf(host, keeper), around, host.Store});
+      screen, [] {}, ActivationDoors{DoorsOf(host, keeper), keeper, around, host.World});
   Fill(screen);
   screen.Window.Show.Raise();
   ChooseFirst(window);

@@ -14,6 +14,7 @@
 #include "board_day.h"
 #include "qt/window/board_export.h"
 #include "qt/window/program_window.h"
+#include "qt/window/replay_window.h"
 
 namespace brelwin {
 namespace {
@@ -68,10 +69,11 @@ class BoardPageTest : public ::testing::Test {
   Surroundings around_{host_.World, screen_.Places};
   ProgramWindow window_{
       screen_, [] {},
-      ActivationDoors{BoardDoors{keeper_, [this] { return UTCNow(host_.Time); }, test::AroundOnTheDay,
-                                 [this](const std::string& summit) { opened_.push_back(summit); },
-                                 [this](const std::string& call) { opened_.push_back(call); }},
-                      around_, host_.Store}};
+      ActivationDoors{
+          BoardDoors{keeper_.Board(), keeper_.Changed, [this] { return UTCNow(host_.Time); },
+                     test::AroundOnTheDay, [this](const std::string& summit) { opened_.push_back(summit); },
+                     [this](const std::string& call) { opened_.push_back(call); }},
+          keeper_, around_, host_.World}};
 };
 
 TEST_F(BoardPageTest, FollowsTheBoardButHoldsStillWhileARowIsLookedAt) {
@@ -162,9 +164,34 @@ TEST_F(BoardPageTest, AnEmptyBoardOffersTheSwitchAndTheListStaysOnItsTab) {
   EXPECT_EQ(Get<QTabWidget>("SSTab1").tabText(Get<QTabWidget>("SSTab1").currentIndex()), "Spots");
 }
 
+TEST_F(BoardPageTest, PlaysADayAgainInAWindowOfItsOwn) {
+  Open(8);
+  keeper_.Save();
+  const auto live = Stations();
+  Get<QPushButton>("boardReplay").click();
+  auto& replay = *window_.findChild<ReplayWindow*>();
+  const auto play = [&](const QDateTime& begin) {
+    replay.findChild<QDateTimeEdit*>("replayBegin")->setDateTime(begin);
+    replay.findChild<QPushButton*>("replayPlay")->click();
+    return replay.findChild<QLabel*>("replayState")->text();
+  };
+  EXPECT_EQ(play(QDateTime({2026, 11, 24}, {0, 0})), "Nothing was kept of this day.");
+  EXPECT_EQ(play(QDateTime({2026, 11, 26}, {12, 10})), "2026-11-26 12:10:00 UTC");
+  const auto stateOfFirst = [&] {
+    auto& model = *replay.findChild<BoardTable*>("board")->model();
+    return model.rowCount() == 0 ? QString()
+                                 : model.index(0, static_cast<int>(BoardColumn::State)).data().toString();
+  };
+  EXPECT_TRUE(QTest::qWaitFor([&] { return stateOfFirst() == "◉ Heard"; }));
+  host_.Time.MoveTo(host_.Time.Now() + std::chrono::seconds(24));
+  EXPECT_TRUE(QTest::qWaitFor([&] { return stateOfFirst() == "★ Heard and spotted"; }));
+  EXPECT_EQ(Stations(), live);
+}
+
 TEST_F(BoardPageTest, IsExportedWholeOrNotAtAll) {
   Open(8);
-  const BoardDoors doors{keeper_, [this] { return UTCNow(host_.Time); }, test::AroundOnTheDay, {}, {}};
+  const BoardDoors doors{
+      keeper_.Board(), keeper_.Changed, [this] { return UTCNow(host_.Time); }, test::AroundOnTheDay, {}, {}};
   BoardView all;
   all.ShowsFinished = true;
   const auto text = BoardAsCsv(doors, all);

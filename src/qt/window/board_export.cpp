@@ -25,7 +25,7 @@ void TellFailure(QWidget& page, const QString& path, const QString& why) {
 QByteArray BoardAsCsv(const BoardDoors& doors, const BoardView& view) {
   const auto now = doors.UTCNow();
   auto text = std::string(ByteOrderMark) + CsvHeader() + std::string(EndOfLine);
-  const auto& board = doors.Keeper.Board();
+  const auto& board = doors.Rows;
   for (const auto number : OrderOf(board, view, doors.Surroundings, now).Rows) {
     const auto& row = *board.Find(number);
     const auto around = doors.Surroundings(row);

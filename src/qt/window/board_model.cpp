@@ -37,7 +37,7 @@ int BoardModel::columnCount(const QModelIndex& parent) const {
 
 const ActivationRow* BoardModel::RowAt(int place) const {
   if (place < 0 || place >= rowCount()) return nullptr;
-  return doors_.Keeper.Board().Find(rows_[static_cast<std::size_t>(place)]);
+  return doors_.Rows.Find(rows_[static_cast<std::size_t>(place)]);
 }
 
 int BoardModel::PlaceOf(RowNumber number) const {
@@ -47,7 +47,7 @@ int BoardModel::PlaceOf(RowNumber number) const {
 
 RowMoment BoardModel::MomentOfRow(const ActivationRow& row) const {
   const auto now = doors_.UTCNow();
-  const auto revision = doors_.Keeper.Board().Revision();
+  const auto revision = doors_.Rows.Revision();
   if (looked_.Number != row.Number || looked_.Revision != revision || looked_.Now != now)
     looked_ = {row.Number, revision, now, doors_.Surroundings(row), StateOf(row.Facts, now)};
   return {row, looked_.Around, now, looked_.Verdict};
@@ -144,7 +144,7 @@ void BoardModel::NotePlaces() {
 }
 
 void BoardModel::RefreshChanged() {
-  const auto& board = doors_.Keeper.Board();
+  const auto& board = doors_.Rows;
   for (const auto number : board.ChangedSince(shown_)) {
     const auto place = PlaceOf(number);
     if (place >= 0) Q_EMIT dataChanged(index(place, 0), index(place, columnCount() - 1));
@@ -153,7 +153,7 @@ void BoardModel::RefreshChanged() {
 }
 
 void BoardModel::RefreshAll() {
-  shown_ = doors_.Keeper.Board().Revision();
+  shown_ = doors_.Rows.Revision();
   if (!rows_.empty()) Q_EMIT dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 

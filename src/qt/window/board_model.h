@@ -8,18 +8,21 @@
 #include <unordered_map>
 #include <vector>
 
-#include "board/board_keeper.h"
+#include "base/observable.h"
+#include "board/board.h"
 #include "board/board_order.h"
 
 namespace brelwin {
 
 // What the board's page rests on, and what it asks of the program. All of it outlives the page.
 struct BoardDoors {
-  BoardKeeper& Keeper;
+  const Board& Rows;
+  Signal& Changed;
   std::function<DateTime()> UTCNow;
   SurroundingsOf Surroundings;
   std::function<void(const std::string& summit)> OpenSummit;
   std::function<void(const std::string& baseCallsign)> OpenStation;
+  std::function<void()> OpenReplay{};                 // may be empty: there is nothing to play again
   std::function<std::string(BoardColumn)> Missing{};  // why a column can say nothing; may be empty
 };
 

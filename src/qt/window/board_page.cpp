@@ -70,12 +70,16 @@ QLayout* BoardPage::MakeTop() {
   hideWorked_ = MakeCheckBox("boardHideWorked", "Hide &worked today",
                              "Hides those that you have worked today (UTC) on this summit");
   columns_ = MakeButton("boardColumns", "&Columns...", "Hides, shows and sorts by columns");
+  auto* replay =
+      MakeButton("boardReplay", "Re&play...", "Plays a day of the board again, faster than it was");
+  replay->setVisible(static_cast<bool>(doors_.OpenReplay));
   auto* save = MakeButton("boardExport", "&Export...", "Writes the rows, finished ones too, to a CSV file");
   row->addWidget(MakeCaption("Sea&rch", search_));
   row->addWidget(search_, 1);
-  for (auto* widget : std::initializer_list<QWidget*>{onlyNeeded_, hideWorked_, columns_, save})
+  for (auto* widget : std::initializer_list<QWidget*>{onlyNeeded_, hideWorked_, columns_, replay, save})
     row->addWidget(widget);
   connect(columns_, &QPushButton::clicked, this, &BoardPage::OpenColumnMenu);
+  connect(replay, &QPushButton::clicked, this, [this] { doors_.OpenReplay(); });
   connect(save, &QPushButton::clicked, this, &BoardPage::Export);
   return row;
 }
@@ -152,7 +156,7 @@ void BoardPage::Connect() {
   });
   connect(table_, &BoardTable::MenuWanted, this, &BoardPage::OpenMenu);
   AddShortcut(QKeySequence::Find, [this] { search_->setFocus(); });
-  watches_.push_back(doors_.Keeper.Changed.WhenRaised([this] {
+  watches_.push_back(doors_.Changed.WhenRaised([this] {
     if (!soon_.isActive()) soon_.start();
   }));
   watches_.push_back(screen_.Window.BoardHides.Text.WhenChanged([this] { ReadBoxes(); }));
@@ -191,7 +195,7 @@ void BoardPage::ViewChanged() {
 void BoardPage::Follow() {
   if (!isVisible()) return;
   model_.RefreshChanged();
-  const auto order = OrderOf(doors_.Keeper.Board(), view_, doors_.Surroundings, doors_.UTCNow());
+  const auto order = OrderOf(doors_.Rows, view_, doors_.Surroundings, doors_.UTCNow());
   if (model_.rowCount() > 0 && table_->IsLookedAt())
     TellWaiting(order);
   else
@@ -200,7 +204,7 @@ void BoardPage::Follow() {
 }
 
 void BoardPage::TakeUp() {
-  Apply(OrderOf(doors_.Keeper.Board(), view_, doors_.Surroundings, doors_.UTCNow()));
+  Apply(OrderOf(doors_.Rows, view_, doors_.Surroundings, doors_.UTCNow()));
 }
 
 void BoardPage::Apply(const BoardOrder& order) {
@@ -227,7 +231,7 @@ void BoardPage::TellFinished(const BoardOrder& order) {
 }
 
 void BoardPage::TellEmpty(const BoardOrder& order) {
-  const bool hasRows = !doors_.Keeper.Board().Rows().empty();
+  const bool hasRows = !doors_.Rows.Rows().empty();
   const bool isOff = !screen_.RBN.chkReverseBeaconSpotsEnabled.Value;
   if (hasRows)
     why_->setText(order.FinishedCount > 0 ? "Every activation that fits is finished."

@@ -26,13 +26,18 @@ int Refuse(const std::string& complaint) {
 ActivationDoors DoorsOf(Program& program, Host& world) {
   auto& open = program.Controls().Board;
   auto& around = program.Around();
-  return {{program.Activations(), [&time = world.Time] { return UTCNow(time); },
+  auto& keeper = program.Activations();
+  return {{keeper.Board(),
+           keeper.Changed,
+           [&time = world.Time] { return UTCNow(time); },
            [&around](const ActivationRow& row) { return around.Of(row); },
            [&open](const std::string& summit) { open.OpenSummit(summit); },
            [&open](const std::string& baseCallsign) { open.OpenStation(baseCallsign); },
+           {},
            [&around](BoardColumn column) { return around.Missing(column); }},
+          keeper,
           around,
-          world.Store};
+          world};
 }
 
 int Run(const std::string& commandLine) {

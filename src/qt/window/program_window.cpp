@@ -21,6 +21,7 @@
 #include "qt/window/places_page.h"
 #include "qt/window/program_icon.h"
 #include "qt/window/rbn_page.h"
+#include "qt/window/replay_window.h"
 #include "qt/window/spots_page.h"
 #include "qt/window/status_row.h"
 
@@ -87,14 +88,22 @@ ProgramWindow::ProgramWindow(Screen& screen, std::function<void()> quit,
 }
 
 void ProgramWindow::AddActivations() {
+  activations_->Board.OpenReplay = [this] { OpenReplay(); };
   board_ = new BoardPage(screen_, activations_->Board);
-  map_ = new MapPage({activations_->Board.Keeper, activations_->Around, activations_->Store,
+  map_ = new MapPage({activations_->Keeper, activations_->Around, activations_->World.Store,
                       activations_->Board.UTCNow, [this](RowNumber row) { board_->Select(row); },
                       [this] { tabs_->setCurrentIndex(placesTab_); }});
   connect(board_, &BoardPage::Selected, map_, &MapPage::Select);
   tabs_->addTab(board_, "Board");
   tabs_->addTab(map_, "Map");
   pagesBefore_ = tabs_->count();
+}
+
+void ProgramWindow::OpenReplay() {
+  auto* replay = new ReplayWindow(screen_, activations_->Board, activations_->World, this);
+  replay->setAttribute(Qt::WA_DeleteOnClose);
+  replay->resize(size() * 9 / 10);
+  replay->show();
 }
 
 void ProgramWindow::AddPages() {

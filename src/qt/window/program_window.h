@@ -8,8 +8,9 @@
 #include <vector>
 
 #include "around/surroundings.h"
+#include "board/board_keeper.h"
 #include "controls/screen.h"
-#include "platform/activation_store.h"
+#include "platform/host.h"
 #include "qt/window/bind_controls.h"
 #include "qt/window/board_model.h"
 #include "ui/window_place.h"
@@ -24,8 +25,9 @@ class MapPage;
 // What the tabs of the activations rest on: board, map, and places and log. All of it outlives the window.
 struct ActivationDoors {
   BoardDoors Board;
+  BoardKeeper& Keeper;
   Surroundings& Around;
-  ActivationStore& Store;
+  Host& World;
 };
 
 class ProgramWindow final : public QWidget {
@@ -49,6 +51,7 @@ class ProgramWindow final : public QWidget {
  private:
   void AddPages();
   void AddActivations();
+  void OpenReplay();
   void AddLater(const char* title, const ControlList& controls, std::function<QWidget*()> makePage);
   void MakeWhatWaits();
   void FollowForm();
