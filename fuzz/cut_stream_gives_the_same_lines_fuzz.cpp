@@ -9,7 +9,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-  const brelwin::LineLimits limits{.LongestLine = 40, .MostWaiting = 200};
+  const brelwin::LineLimits limits{.LongestLine = 40};
   if (!brelwin::IsUtf8(brelwin::test::Hear({bytes}, limits).Lines)) std::abort();
   if (!brelwin::test::IsHeardTheSameAtEveryCut(bytes, limits)) std::abort();
   return 0;

@@ -14,7 +14,6 @@ struct HeardLines {
   std::string Lines;
   std::int64_t WholeLines = 0;
   std::int64_t DroppedLines = 0;
-  int Overflows = 0;
 
   bool operator==(const HeardLines&) const = default;
 };
@@ -26,7 +25,6 @@ inline HeardLines Hear(const std::vector<std::string_view>& pieces, LineLimits l
     const auto intake = buffer.Add(piece);
     heard.WholeLines += intake.WholeLines;
     heard.DroppedLines += intake.DroppedLines;
-    heard.Overflows += intake.Overflowed ? 1 : 0;
   }
   heard.Lines = buffer.TakeLines();
   return heard;

@@ -15,7 +15,7 @@ namespace brelwin::test {
 
 class TestClock final : public Clock {
  public:
-  Instant Now() const override { return now_; }
+  Instant Now() const override { return now_ += PerLook; }
   DateTime LocalNow() const override { return AddSeconds(wallAtStart_, SecondsBetween(Instant{}, now_)); }
   TimeZoneInformation GetTimeZoneInformation() const override { return Zone; }
 
@@ -25,8 +25,10 @@ class TestClock final : public Clock {
   TimeZoneInformation Zone{TimeZoneInformation::State::Standard, 0, 0,
                            0};  // UTC unless a test says otherwise
 
+  Milliseconds PerLook{};  // what passes between two looks at the clock
+
  private:
-  Instant now_{};
+  mutable Instant now_{};
   DateTime wallAtStart_ = *DateTimeFromCalendar({2026, 11, 24, 12, 0, 0});
 };
 

@@ -15,8 +15,7 @@ TEST(LineBuffer, TheWholeIsTheSumOfItsPieces) {
       "To ALL de caf\xE9 \xE2\x82\xAC\nWWV de caf\xC3\xA9\r\nDX de cut";
   std::vector<std::string_view> bytes;
   for (std::size_t i = 0; i < stream.size(); ++i) bytes.push_back(std::string_view(stream).substr(i, 1));
-  for (const LineLimits limits :
-       {LineLimits{}, LineLimits{.LongestLine = 30}, LineLimits{.LongestLine = 60, .MostWaiting = 70}}) {
+  for (const LineLimits limits : {LineLimits{}, LineLimits{.LongestLine = 30}, LineLimits{.LongestLine = 60}}) {
     EXPECT_TRUE(test::IsHeardTheSameAtEveryCut(stream, limits));
     EXPECT_EQ(Hear(bytes, limits), Hear({stream}, limits));
   }
@@ -33,18 +32,7 @@ TEST(LineBuffer, GivesSkimmersTheBlanksThatTheParserNeedsAndDecodesEachLine) {
       {"caf\xE9\r\ncaf\xC3\xA9\r\n\xFF", "caf\xC3\xA9\r\ncaf\xC3\xA9\r\n\xC3\xBF"},
   };
   for (const auto& [sent, read] : cases) EXPECT_EQ(Hear({sent + "\n"}).Lines, read + "\n");
-}
-
-TEST(LineBuffer, LetsTheOldestLinesGoWhenTooMuchWaits) {
-  LineBuffer buffer({.LongestLine = 10, .MostWaiting = 12});
-  EXPECT_FALSE(buffer.Add("one\ntwo\nfor\n").Overflowed);
-  EXPECT_TRUE(buffer.Add("five\n").Overflowed);
-  EXPECT_FALSE(buffer.Add("six\n").Overflowed) << "told once";
-  EXPECT_EQ(buffer.TakeLines(), "five\nsix\n");
-  EXPECT_EQ(buffer.Add("DX de \r\n\r\n7\n").WholeLines, 1) << "two of them say nothing";
-  buffer.TakeLines();
-  EXPECT_FALSE(buffer.Add("one\ntwo\nfor\n").Overflowed);
-  EXPECT_TRUE(buffer.Add("x\n").Overflowed) << "told again once the text was taken";
+  EXPECT_EQ(LineBuffer().Add("DX de \r\n\r\n7\n").WholeLines, 1) << "two of them say nothing";
 }
 
 }  // namespace

@@ -179,6 +179,21 @@ TEST_F(RBNParser, MatchesToAlertsAndSaysSoInTheLog) {
       "Match  S/N=24 dB, Speed=22 WPM|KM3T-2|MatchesAlert=Yes|12:011G4ABC/PKM3T-2\n");
 }
 
+TEST_F(RBNParser, ServesTheEventQueueInALongBlockAndLeavesTheRestAtTheEnd) {
+  std::string block;
+  for (int i = 0; i < 1000; ++i) block += "DX de KM3T-2-#:  14100.0  K1AA  CW  24 dB  22 WPM  CQ  2259Z\r\n";
+  Parse(block);
+  EXPECT_EQ(count_, 1000);
+  EXPECT_EQ(host_.Queue.Yields, 0) << "no time has passed";
+  host_.Time.PerLook = std::chrono::milliseconds(5);
+  Parse(block);
+  EXPECT_EQ(count_, 1000);
+  EXPECT_EQ(host_.Queue.Yields, 3);
+  host_.Queue.OnYield = [this] { host_.World.ShuttingDown = true; };
+  Parse(block);
+  EXPECT_EQ(count_, 255);
+}
+
 TEST_F(RBNParser, TellsOfAnnouncedStationsThatAreHeardAtOtherTimesEvenWhenDropped) {
   AddAlert("G4ABC", 200);
   AddAlert("G4ABC", -61);

@@ -282,6 +282,29 @@ TEST_F(RBNStream, SwitchingOnNeedsACallsign) {
   EXPECT_TRUE(host_.Sockets.Tried.empty());
 }
 
+TEST_F(RBNStream, ABurstIsHeldBackAndTakenOnFromCheckToCheckUntilAndAfterItsEnd) {
+  stream_.Lines = LineBuffer({.MostWaiting = 2 * Line("K1AA").size()});
+  auto peer = LetsIn();
+  for (const auto* station : {"K1AA", "K1BB", "K1CC", "K1DD", "K1EE", "K1FF"}) peer.Sends(Line(station));
+  host_.Sockets.Peer(peer);
+  Check();
+  Pass(seconds(1));
+  EXPECT_EQ(Check(), "K1AA K1BB");
+  EXPECT_EQ(Check(), "K1CC K1DD K1EE K1FF") << "what the socket holds is taken in one go";
+  EXPECT_EQ(Check(), "");
+  for (const auto* station : {"K1AA", "K1BB", "K1CC", "K1DD"}) peer.Sends(Line(station));
+  for (const bool fails : {false, true}) {
+    auto ending = peer;
+    host_.Sockets.Peer(fails ? ending.Fails({10060, "Connection timed out", "peer"}) : ending.Closes());
+    std::string errorText;
+    CloseRBNConnection(stream_, errorText);
+    Check();
+    Pass(seconds(1));
+    EXPECT_FALSE(stream_.Connected);
+    EXPECT_EQ(stream_.Lines.TakeLines().size(), 10 * (Line("K1AA").size() + 1)) << "all of them";
+  }
+}
+
 TEST_F(RBNStream, SaysOnceWhatTheLimitsDropped) {
   auto peer = LetsIn();
   for (int i = 0; i < 30; ++i) peer.Sends(std::string(10000, '\xE9'));

@@ -59,8 +59,9 @@ class SocketControl {
   // Sends the bytes on a connected socket; in any other state nothing is done.
   virtual void Send(std::string_view bytes) = 0;
 
-  // Takes what has arrived and was not taken, also after the peer has closed: Close and Error are raised
-  // after everything that came before them was told by DataArrival.
+  // Takes what has arrived and was not taken, also after the peer has closed or failed: Close and Error are
+  // raised after everything that came before them was told by DataArrival. Who does not take it makes the
+  // peer wait.
   virtual std::string GetData() = 0;
 };
 

@@ -20,6 +20,7 @@ void ForgetLogin(RBNConnection& connection) {
   connection.Connected = false;
   connection.CallsignSent = false;
   connection.PromptAnswered = false;
+  connection.HeldBack = false;
   connection.ReceiveBuffer.clear();
   connection.ChecksWithoutLineEnd = 0;
   connection.Lines.DropRest();

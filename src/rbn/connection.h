@@ -86,6 +86,7 @@ struct RBNConnection {
   std::string RBNCallsign;         // what the login sends
   std::string ReceiveBuffer;       // what came before the callsign was sent, in search of the prompt
   LineBuffer Lines;                // what came after it
+  bool HeldBack = false;           // the socket is not read, so that the sender waits: the lines are full
   bool ArrivedSinceCheck = false;  // any bytes after the login
   int ChecksWithoutLineEnd = 0;    // in a row, of those that found bytes but no whole line
   Instant ConnectedAt;

@@ -27,14 +27,10 @@ LineBuffer::Intake LineBuffer::Add(std::string_view bytes) {
 }
 
 std::string_view LineBuffer::Newest(std::size_t bytes) const {
-  const auto all = std::string_view(waiting_).substr(start_);
-  return all.substr(all.size() - std::min(bytes, all.size()));
+  return std::string_view(waiting_).substr(waiting_.size() - std::min(bytes, waiting_.size()));
 }
 
 std::string LineBuffer::TakeLines() {
-  waiting_.erase(0, start_);
-  start_ = 0;
-  overflowTold_ = false;
   return std::exchange(waiting_, {});
 }
 
@@ -66,19 +62,8 @@ void LineBuffer::TakeRest(Intake& intake) {
     waiting_.push_back('\n');
     intake.Bytes += waiting_.size() - before;
     if (!SaysNothing(rest_)) ++intake.WholeLines;
-    LimitWaiting(intake);
   }
   DropRest();
-}
-
-void LineBuffer::LimitWaiting(Intake& intake) {
-  const auto size = waiting_.size() - start_;
-  if (size <= limits_.MostWaiting) return;
-  start_ = waiting_.find('\n', start_ + (size - limits_.MostWaiting) - 1) + 1;
-  if (!std::exchange(overflowTold_, true)) intake.Overflowed = true;
-  if (start_ <= limits_.MostWaiting / 4) return;
-  waiting_.erase(0, start_);
-  start_ = 0;
 }
 
 void AppendWithSpacedSkimmer(std::string& text, std::string_view line) {

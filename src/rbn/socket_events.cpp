@@ -26,18 +26,11 @@ std::string StateText(RBNConnection& connection, std::int32_t index) {
   return " State=" + std::to_string(static_cast<int>(connection.Sockets[index].State()));
 }
 
-void LogLimits(RBNConnection& connection, std::int32_t index, const LineBuffer::Intake& intake) {
-  const auto log = [&](std::string_view message) {
-    LogEvent(connection.World, EventName("DataArrival", index) + " - " + std::string(message));
-  };
-  for (auto i = intake.DroppedLines; i > 0; --i) log("Line of more than 64 KB dropped");
-  if (intake.Overflowed) log("More than 64 MB wait for the next check, dropping the oldest lines");
-}
-
 void TakeLines(RBNConnection& connection, std::int32_t index, std::string_view bytes) {
   if (!connection.Lines.HasLines()) connection.HeardSince = connection.ConnectedAt;
   const auto intake = connection.Lines.Add(bytes);
-  LogLimits(connection, index, intake);
+  for (auto i = intake.DroppedLines; i > 0; --i)
+    LogEvent(connection.World, EventName("DataArrival", index) + " - Line of more than 64 KB dropped");
   if (intake.WholeLines == 0) return;
   if (connection.Listener) connection.Listener(connection.Lines.Newest(intake.Bytes));
   connection.Status.Lines += intake.WholeLines;
@@ -65,6 +58,22 @@ void SearchForPrompt(RBNConnection& connection, std::int32_t index, std::string_
   } else if (buffer.size() > MostSearched) {
     buffer.erase(0, buffer.size() - MostSearched);
   }
+}
+
+void TakeArrived(RBNConnection& connection, std::int32_t index) {
+  const auto bytes = connection.Sockets[index].GetData();
+  connection.LastArrival = connection.World.Time.Now();
+  if (connection.PromptAnswered) {
+    connection.ArrivedSinceCheck = true;
+    TakeLines(connection, index, bytes);
+  } else {
+    SearchForPrompt(connection, index, bytes);
+  }
+}
+
+// What the socket still holds of a connection that has ended is little, and goes with the socket.
+void TakeRemainder(RBNConnection& connection, std::int32_t index) {
+  if (std::exchange(connection.HeldBack, false)) TakeArrived(connection, index);
 }
 
 }  // namespace
@@ -96,12 +105,14 @@ void WinsockArray_Connect(RBNConnection& connection, std::int32_t index) {
 
 void WinsockArray_Close(RBNConnection& connection, std::int32_t index) {
   LogEvent(connection.World, EventName("Close", index) + StateText(connection, index));
+  TakeRemainder(connection, index);
   ShowNoConnection(connection, "closed by the server");
 }
 
 void WinsockArray_Error(RBNConnection& connection, std::int32_t index, const SocketError& error) {
   LogEvent(connection.World, EventName("Error", index) + " " + std::to_string(error.Number) + " " +
                                  error.Description + " " + error.Source + StateText(connection, index));
+  TakeRemainder(connection, index);
   connection.Sockets[index].Close();
   ShowNoConnection(connection, error.Description);
 }
@@ -121,14 +132,12 @@ void WinsockArray_SendProgress(RBNConnection& connection, std::int32_t index, st
 }
 
 void WinsockArray_DataArrival(RBNConnection& connection, std::int32_t index) {
-  const auto bytes = connection.Sockets[index].GetData();
-  connection.LastArrival = connection.World.Time.Now();
-  if (connection.PromptAnswered) {
-    connection.ArrivedSinceCheck = true;
-    TakeLines(connection, index, bytes);
-  } else {
-    SearchForPrompt(connection, index, bytes);
-  }
+  connection.HeldBack = connection.PromptAnswered && connection.Lines.IsFull();
+  if (!connection.HeldBack) TakeArrived(connection, index);
+}
+
+void TakeHeldBack(RBNConnection& connection) {
+  if (connection.HeldBack) WinsockArray_DataArrival(connection, connection.Index);
 }
 
 std::optional<std::size_t> EndOfPrompt(std::string_view text) {

@@ -100,6 +100,10 @@ std::string_view Shortened(std::string_view piece) {
   return end == std::string_view::npos ? piece : piece.substr(0, end + 1);
 }
 
+// What is handled in one piece: shorter than anybody notices.
+constexpr Milliseconds LongestStretch{20};
+constexpr std::size_t LinesBetweenLooks = 64;
+
 // One call: what its lines have in common.
 class Block {
  public:
@@ -113,12 +117,15 @@ class Block {
         unmatched_(unmatched),
         rules_(filter),
         now_(host.Time.Now()),
+        stretchBegan_(now_),
         remembers_(filter.FilterDuplicateSpots || filter.DuplicateSpotFilteringPeriod >= 1) {}
 
-  // Purges the recent spots and handles every line of the text, counting them.
+  // Purges the recent spots and handles every line of the text, counting them. Of a long text the event queue
+  // runs in between, and what is left when the program ends meanwhile is left.
   void Take(std::string_view text, std::int32_t& count);
 
  private:
+  bool MayGoOn(std::size_t pieceNumber);
   void TakeLine(std::string_view line, std::size_t pieceNumber, std::int32_t runningNumber);
   void MatchToAlerts(LineFacts& facts);
   void NoteWindow(LineFacts& facts);
@@ -136,6 +143,7 @@ class Block {
   std::vector<std::string>* unmatched_;
   SpotRules rules_;
   Instant now_;
+  Instant stretchBegan_;
   bool remembers_;  // else nothing would ever purge what is remembered
   std::optional<DateTime> utcNow_;
   std::optional<DateTime> localNow_;
@@ -144,13 +152,21 @@ class Block {
 
 void Block::Take(std::string_view text, std::int32_t& count) {
   recentSpots_.Purge(filter_.DuplicateSpotFilteringPeriod, now_);
-  for (std::size_t pieceNumber = 1; !text.empty(); ++pieceNumber) {
+  for (std::size_t pieceNumber = 1; !text.empty() && MayGoOn(pieceNumber); ++pieceNumber) {
     text.remove_prefix(SpotLineStart.size());
     const auto piece = text.substr(0, text.find(SpotLineStart));
     text.remove_prefix(piece.size());
     const auto line = Trim(Shortened(piece));
     if (!SaysNothing(line)) TakeLine(line, pieceNumber, ++count);
   }
+}
+
+bool Block::MayGoOn(std::size_t pieceNumber) {
+  if (pieceNumber % LinesBetweenLooks != 0) return true;
+  if (host_.Time.Now() - stretchBegan_ < LongestStretch) return true;
+  host_.Events.DoEvents();
+  stretchBegan_ = host_.Time.Now();
+  return !host_.ShuttingDown;
 }
 
 void Block::TakeLine(std::string_view line, std::size_t pieceNumber, std::int32_t runningNumber) {

@@ -10,6 +10,7 @@
 #include "core/status_codes.h"
 #include "radio/numbers.h"
 #include "rbn/open_connection.h"
+#include "rbn/socket_events.h"
 #include "rbn/spot_line.h"
 #include "rbn/spot_parser.h"
 
@@ -84,7 +85,7 @@ bool IsLoggingIn(const RBNConnection& connection) {
 }  // namespace
 
 void CloseSilentConnection(RBNConnection& connection) {
-  if (!connection.Connected) return;
+  if (!connection.Connected || connection.HeldBack) return;
   const auto mostMinutes = MostMinutesWithoutSpots(connection);
   const auto silence = SilenceOf({connection.ConnectedAt, connection.LastArrival, connection.CallsignSent},
                                  mostMinutes, connection.World.Time.Now());
@@ -115,6 +116,7 @@ bool TakeRBNSpots(RBNConnection& connection, const SpotFilter& filter,
   connection.ArrivedSinceCheck = false;
   connection.ChecksWithoutLineEnd = 0;
   const auto text = connection.Lines.TakeLines();
+  TakeHeldBack(connection);
   std::int32_t spotLines = 0;
   std::string errorText;
   const auto result =

@@ -93,6 +93,24 @@ TEST_F(QtSocket, TellsOfAConnectionThatIsCut) {
   EXPECT_TRUE(WaitForEvent("close in state 8"));
 }
 
+TEST_F(QtSocket, WhatIsNotTakenMakesThePeerWaitAndIsThereAfterItsEnd) {
+  auto* peer = Connect();
+  socket_->Events.DataArrival = {};
+  const QByteArray block(16 * 1024 * 1024, 'x');
+  peer->write(block);
+  int looks = 0;
+  EXPECT_TRUE(WaitFor([&] { return ++looks > 6; }));
+  EXPECT_GT(peer->bytesToWrite(), block.size() / 4);
+  std::size_t taken = socket_->GetData().size();
+  EXPECT_LT(taken, 1024U * 1024U);
+  socket_->Events.DataArrival = [&](std::size_t) {
+    if (taken + 100'000 < 16U * 1024U * 1024U) taken += socket_->GetData().size();
+  };
+  peer->disconnectFromHost();
+  EXPECT_TRUE(WaitForEvent("close"));
+  EXPECT_EQ(taken + socket_->GetData().size(), static_cast<std::size_t>(block.size()));
+}
+
 TEST_F(QtSocket, TellsWhyThereIsNoConnection) {
   const auto port = server_.serverPort();
   server_.close();

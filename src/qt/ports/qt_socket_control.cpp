@@ -14,6 +14,9 @@
 namespace brelwin {
 namespace {
 
+// What is not taken beyond this waits in the peer, for whom it is no more than a slow reader.
+constexpr qint64 MostUntaken = qint64{256} * 1024;
+
 // A peer that vanished without a word is found within a minute and a half.
 void KeepAlive(QTcpSocket& socket) {
   socket.setSocketOption(QAbstractSocket::KeepAliveOption, 1);
@@ -49,7 +52,7 @@ void QtSocketControl::Connect(std::string_view host, std::int32_t port) {
 void QtSocketControl::Close() {
   race_.reset();
   socket_.reset();
-  received_.clear();
+  remainder_.clear();
   state_ = SocketState::Closed;
 }
 
@@ -59,13 +62,15 @@ void QtSocketControl::Send(std::string_view bytes) {
 }
 
 std::string QtSocketControl::GetData() {
-  return std::exchange(received_, {});
+  if (socket_ == nullptr) return std::exchange(remainder_, {});
+  return socket_->readAll().toStdString();
 }
 
 void QtSocketControl::Connected(SocketPointer socket) {
   race_.reset();
   socket_ = std::move(socket);
   KeepAlive(*socket_);
+  socket_->setReadBufferSize(MostUntaken);
   connect(socket_.get(), &QTcpSocket::readyRead, this, [this] { Arrived(); });
   connect(socket_.get(), &QTcpSocket::bytesWritten, this, [this](qint64 bytes) { Written(bytes); });
   connect(socket_.get(), &QTcpSocket::disconnected, this, [this] { Ended(); });
@@ -81,8 +86,8 @@ void QtSocketControl::Fail(const SocketError& error) {
 }
 
 void QtSocketControl::Arrived() {
-  ReadAll();
-  if (!received_.empty()) Raise(Events.DataArrival, received_.size());
+  const auto bytes = socket_->bytesAvailable();
+  if (bytes > 0) Raise(Events.DataArrival, static_cast<std::size_t>(bytes));
 }
 
 void QtSocketControl::Written(qint64 bytes) {
@@ -97,6 +102,7 @@ void QtSocketControl::Ended() {
   const QPointer<QtSocketControl> self = this;
   Arrived();
   if (!self || state_ != SocketState::Connected) return;
+  remainder_ = GetData();
   if (socket_->error() != QAbstractSocket::RemoteHostClosedError) {
     Fail(DescribeSocketError(socket_->error(), socket_->errorString(), source_));
     return;
@@ -104,11 +110,6 @@ void QtSocketControl::Ended() {
   socket_.reset();
   state_ = SocketState::Closing;
   Raise(Events.Close);
-}
-
-void QtSocketControl::ReadAll() {
-  const auto bytes = socket_->readAll();
-  received_.append(bytes.constData(), static_cast<std::size_t>(bytes.size()));
 }
 
 }  // namespace brelwin

@@ -25,13 +25,12 @@ class QtSocketControl final : public QObject, public SocketControl {
   void Arrived();
   void Written(qint64 bytes);
   void Ended();
-  void ReadAll();
 
   SocketState state_ = SocketState::Closed;
   QString source_;
   std::unique_ptr<QtAddressRace> race_;  // while connecting
   SocketPointer socket_;                 // while connected
-  std::string received_;
+  std::string remainder_;                // what was not taken before the connection ended
 };
 
 // To be used after the application object was made.
