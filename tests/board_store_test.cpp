@@ -190,7 +190,9 @@ TEST_F(StoredBoard, AFileThatIsRemovedOrCannotBeMadeIsTold) {
   const auto store = Open();
   store->Save(Change(1));
   std::filesystem::remove(Path);
-  EXPECT_EQ(StoreOutcome::MadeAnew, store->Save(Change(2)).Outcome);
+  std::int64_t count = 0;
+  EXPECT_EQ(StoreOutcome::MadeAnew, store->CountSummits(count).Outcome);
+  EXPECT_EQ(StoreOutcome::MadeAnew, store->Save(Change(2)).Outcome) << "whoever saves has to know";
   EXPECT_EQ(StoreOutcome::Done, store->Save(Change(2)).Outcome);
   SqliteActivationStore nowhere(Folder.In("none/brelwin.db"), Clock);
   const auto result = nowhere.Save(Change(1));
@@ -249,7 +251,11 @@ TEST_F(KeptBoard, ADayIsPlayedAgainInItsOrderAndFaster) {
   keeper.Save();
   const Instant begin{};
   const auto at = [&](int seconds) { return begin + std::chrono::seconds(seconds); };
-  Replay replay(EventsOfDay(Store, Day), Day, AddMinutes(Day, 1440), 1000, begin);
+  std::vector<TimedEvent> events;
+  EXPECT_EQ(StoreOutcome::Done, EventsOfDay(
+                                    Store, Day, [] { return true; }, events)
+                                    .Outcome);
+  Replay replay(std::move(events), Day, AddMinutes(Day, 1440), 1000, begin);
   EXPECT_EQ(100, replay.Speed());
   Board board;
   const auto play = [&](int seconds) {

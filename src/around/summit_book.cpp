@@ -13,6 +13,9 @@ namespace {
 // Put into the store at once; between two parts the window is served.
 constexpr std::size_t SummitsOfPart = 4000;
 
+// A store that somebody holds keeps whoever asks it waiting: it is left alone for so long.
+constexpr auto TimeAfterFailure = std::chrono::seconds(30);
+
 // A summit is remembered whether it is on the list or not; more codes than this are nonsense from outside.
 constexpr std::size_t MostKnown = 50'000;
 
@@ -84,9 +87,14 @@ void SummitBook::Open() {
 }
 
 void SummitBook::Warm(std::span<const std::string> codes) {
-  if (IsEmpty()) return;
+  const auto now = world_.Time.Now();
+  if (IsEmpty() || (failedAt_ && now - *failedAt_ < TimeAfterFailure)) return;
   std::vector<KeptSummit> found;
-  if (world_.Store.LoadSummits(codes, found).Outcome != StoreOutcome::Done) return;
+  failedAt_.reset();
+  if (world_.Store.LoadSummits(codes, found).Outcome != StoreOutcome::Done) {
+    failedAt_ = world_.Time.Now();
+    return;
+  }
   if (known_.size() + codes.size() > MostKnown) known_.clear();
   for (const auto& code : codes) known_.try_emplace(code);
   for (auto& summit : found) known_.insert_or_assign(summit.Code, std::move(summit));

@@ -48,6 +48,7 @@ class SummitBook {
   Label& state_;
   bool isImporting_ = false;
   std::int64_t count_ = 0;
+  std::optional<Instant> failedAt_;                                   // when the store could not be asked
   std::unordered_map<std::string, std::optional<KeptSummit>> known_;  // by code; empty: not on the list
 };
 

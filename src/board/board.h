@@ -1,6 +1,7 @@
 // The board: one row per activation, from its announcement to its end, fed by events.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -40,6 +41,9 @@ class Board {
 
   // Puts in a row as it was kept. False, with nothing changed, when its number is held or below 1.
   bool Restore(ActivationRow row);
+
+  // Numbers the rows that begin from here on above this.
+  void NumberAbove(RowNumber number) { lastNumber_ = std::max(lastNumber_, number); }
 
   // Forgets the rows without an event for 30 days, then the oldest ones beyond the most rows. Returns the
   // numbers of those that went.

@@ -28,6 +28,8 @@ void BoardKeeper::Restore() {
     std::vector<KeptRow> rows;
     const auto result = world_.Store.Load(rows);
     NoteFailure(result.Words);
+    // Rows that could not be read may still be there; by its seconds no number of theirs is used again.
+    if (result.Outcome == StoreOutcome::NotDone) board_.NumberAbove(UTCNow(world_.Time).Seconds);
     Put(rows);
     saved_ = board_.Revision();
     ForgetOld();

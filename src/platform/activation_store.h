@@ -65,8 +65,8 @@ class ActivationStore {
   // Adds the rows that are kept, by their numbers. Nothing is added unless the result is Done.
   virtual StoreResult Load(std::vector<KeptRow>& rows) = 0;
 
-  // Takes the change whole or not at all. After MadeAnew the change is not taken, and every row has to be
-  // given again. Of the events the newest 500,000 are kept.
+  // Takes the change whole or not at all. After MadeAnew, which may have come about on another occasion, the
+  // change is not taken, and every row has to be given again. Of the events the newest 500,000 are kept.
   virtual StoreResult Save(const StoreChange& change) = 0;
 
   // Adds the events of `begin` up to but not of `end`, in the order in which they were saved.

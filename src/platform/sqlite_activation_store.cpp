@@ -3,6 +3,7 @@
 #include <sqlite3.h>
 
 #include <array>
+#include <chrono>
 #include <cstdio>
 #include <filesystem>
 #include <string_view>
@@ -14,6 +15,9 @@ namespace brelwin {
 namespace {
 
 constexpr std::int64_t Version = 1;  // of the tables
+
+// Somebody waits for the window; what is not saved now is saved a little later.
+constexpr std::chrono::milliseconds PatienceWhileRunning{20};
 
 constexpr auto Preparation = R"(
   PRAGMA journal_mode = WAL;
@@ -83,7 +87,7 @@ void SaveEvents(SqliteDatabase& database, const StoreChange& change) {
 }  // namespace
 
 StoreResult SqliteActivationStore::Load(std::vector<KeptRow>& rows) {
-  return Try([&](SqliteDatabase& database) {
+  auto result = Try([&](SqliteDatabase& database) {
     std::vector<KeptRow> kept;
     SqliteStatement query(database,
                           "SELECT number, last, station, summit, row FROM activations ORDER BY number");
@@ -95,15 +99,20 @@ StoreResult SqliteActivationStore::Load(std::vector<KeptRow>& rows) {
                       std::string(query.Text(4))});
     rows.insert(rows.end(), std::make_move_iterator(kept.begin()), std::make_move_iterator(kept.end()));
   });
+  madeAnew_.clear();
+  return result;
 }
 
 StoreResult SqliteActivationStore::Save(const StoreChange& change) {
-  return Try([&](SqliteDatabase& database) {
+  if (!madeAnew_.empty()) return {StoreOutcome::MadeAnew, std::exchange(madeAnew_, {})};
+  auto result = Try([&](SqliteDatabase& database) {
     SqliteTransaction transaction(database);
     SaveRows(database, change);
     SaveEvents(database, change);
     transaction.Commit();
   });
+  madeAnew_.clear();
+  return result;
 }
 
 StoreResult SqliteActivationStore::LoadEvents(DateTime begin, DateTime end, std::vector<KeptEvent>& events) {
@@ -158,7 +167,8 @@ StoreResult SqliteActivationStore::Try(const std::function<void(SqliteDatabase&)
 StoreResult SqliteActivationStore::AfterRemoval() {
   database_.reset();
   Open();
-  return {StoreOutcome::MadeAnew, path_ + " was removed. A new one is begun."};
+  madeAnew_ = path_ + " was removed. A new one is begun.";
+  return {StoreOutcome::MadeAnew, madeAnew_};
 }
 
 // Whoever holds the file while the program runs may let go of it again.
@@ -180,7 +190,8 @@ StoreResult SqliteActivationStore::MakeAnew(const SqliteError& error) {
     database_.reset();
     return {StoreOutcome::NotDone, words + ", nor made anew: " + second.what()};
   }
-  return {StoreOutcome::MadeAnew, words + ". It was renamed to " + aside + ", and a new one is begun."};
+  madeAnew_ = words + ". It was renamed to " + aside + ", and a new one is begun.";
+  return {StoreOutcome::MadeAnew, madeAnew_};
 }
 
 void SqliteActivationStore::Open() {
@@ -189,6 +200,7 @@ void SqliteActivationStore::Open() {
     throw SqliteError(SQLITE_FORMAT, "it was made by a later version of the program");
   database_->Run(Preparation);
   PrepareSummits(*database_);
+  database_->WaitForOthers(PatienceWhileRunning);
 }
 
 }  // namespace brelwin

@@ -33,6 +33,8 @@ class SqliteActivationStore final : public ActivationStore {
   StoreResult MakeAnew(const SqliteError& error);
   void Open();
 
+  // What was renamed on another occasion; told to whoever loads or saves rows next.
+  std::string madeAnew_;
   std::string path_;
   const Clock& clock_;
   std::optional<SqliteDatabase> database_;

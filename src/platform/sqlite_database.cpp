@@ -8,7 +8,7 @@
 namespace brelwin {
 namespace {
 
-constexpr int PatienceInMilliseconds = 500;
+constexpr std::chrono::milliseconds PatienceAtTheOpening{500};
 
 SqliteError ErrorOf(sqlite3* database, int number) {
   return {number, database == nullptr ? sqlite3_errstr(number) : sqlite3_errmsg(database)};
@@ -36,7 +36,11 @@ SqliteDatabase::SqliteDatabase(const std::string& path) {
       sqlite3_open_v2(path.c_str(), &opened, SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE, nullptr);
   database_.reset(opened);
   if (result != SQLITE_OK) throw ErrorOf(opened, result);
-  sqlite3_busy_timeout(opened, PatienceInMilliseconds);
+  WaitForOthers(PatienceAtTheOpening);
+}
+
+void SqliteDatabase::WaitForOthers(std::chrono::milliseconds atMost) {
+  sqlite3_busy_timeout(database_.get(), static_cast<int>(atMost.count()));
 }
 
 void SqliteDatabase::Run(const char* statements) {

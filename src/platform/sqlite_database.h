@@ -1,6 +1,7 @@
 // An SQLite database and its statements, as objects that close themselves.
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <memory>
 #include <optional>
@@ -27,11 +28,13 @@ class SqliteError : public std::runtime_error {
   int number_;
 };
 
-// Opens the file, making it when there is none, and waits for a lock of others half a second at most. Every
-// failure throws SqliteError.
+// Opens the file, making it when there is none. Every failure throws SqliteError.
 class SqliteDatabase {
  public:
   explicit SqliteDatabase(const std::string& path);
+
+  // How long to wait for a lock of others; at first half a second.
+  void WaitForOthers(std::chrono::milliseconds atMost);
 
   // Runs statements without results, separated by ";".
   void Run(const char* statements);

@@ -17,7 +17,6 @@ void Create(SqliteDatabase& database, const std::string& table) {
 
 void PrepareSummits(SqliteDatabase& database) {
   Create(database, "IF NOT EXISTS summits");
-  Create(database, "IF NOT EXISTS summits_coming");
 }
 
 void BeginSummits(SqliteDatabase& database) {
