@@ -86,7 +86,8 @@ const StateStory Stories[] = {
      {{20, "Heard: heard by 1 skimmer, last just now"},
       {34, "Heard: heard by skimmers, last 14 min ago"},
       {35, "Quiet: nothing heard for 15 min"},
-      {239, "Quiet: nothing heard for 219 min"},
+      {79, "Quiet: nothing heard for 59 min"},
+      {80, "Due: in its window 10:30 to 14:00, not heard"},
       {241, "Off: nothing heard for 221 min, no window open"}}},
     {"heard, spotted and gone",
      {{5, Spotted(5)},
@@ -100,8 +101,17 @@ const StateStory Stories[] = {
     {"back after the last calls",
      {{5, Spotted(5, "QRT")}, {9, Heard(9)}, {12, Heard(12)}},
      {{12, "Heard and spotted: heard by 1 skimmer, spotted by himself"}}},
+    {"heard long before its window",
+     {Listed, {-85, Heard(-85)}},
+     {{-20, "Announced: announced for 2026-11-26 11:00"}}},
+    {"heard long before its window, then in it",
+     {Listed, {-85, Heard(-85)}, {40, Heard(40)}},
+     {{239, "Quiet: nothing heard for 199 min"}}},
+    {"heard at home days before",
+     {Listed, {-1000, Heard(-1000)}},
+     {{0, "Announced: announced for 2026-11-26 11:00"}}},
     {"silent without a window",
-     {{5, Heard(5)}},
+     {{5, Spotted(5)}},
      {{64, "Quiet: nothing heard for 59 min"}, {65, "Off: nothing heard for 60 min, no window open"}}},
     {"cancelled",
      {Listed, {10, Page({Announced(Withdrawal::Cancelled)})}},
@@ -120,7 +130,7 @@ const StateStory Stories[] = {
      {Listed, {40, Spotted(40)}, {100, Spotted(100, "", "G/LD-004", "2")}},
      {{100, "Off: moved to G/LD-004 at 11:40; Spotted: spotted by himself, just now"}}},
     {"two rows a day",
-     {{0, Heard(0)}, {239, Heard(239)}, {480, Heard(480)}},
+     {{0, Spotted(0)}, {239, Heard(239)}, {480, Heard(480)}},
      {{480, "Off: nothing heard for 241 min, no window open; Heard: heard by 1 skimmer, last just now"}}},
     {"a spot that was taken back",
      {{5, Spotted(5)}, {6, SotawatchSpotTakenBack{"G4ABC", "1"}}},
@@ -138,6 +148,8 @@ TEST(Board, TellsTheStateOfAnActivationAtEveryMinute) {
 }
 
 TEST(Board, TellsTheStoryOfARow) {
+  EXPECT_FALSE(IsQSY({14.062F, "CW", {}, false}, {14.064F, "CW", {}, false}));
+  EXPECT_TRUE(IsQSY({14.062F, "CW", {}, false}, {14.0641F, "CW", {}, false}));
   const auto board = After({{0, Page({Announced()})},
                             {40, Heard(40)},
                             {41, Spotted(41, "calling")},
@@ -200,15 +212,20 @@ SkimmerHeard HeardOf(std::string_view callsign, int minute, float mhz) {
   return {std::string(callsign), std::string(callsign), {At(minute), mhz, "CW", "DK1AA", 20, 22}};
 }
 
+SotawatchSpotRead SpottedOf(std::string_view callsign, int minute, float mhz) {
+  const std::string name(callsign);
+  return {{name, name, "", "", 0}, {name, At(minute), mhz, "CW", "", "G0AA", false, false}};
+}
+
 TEST(Board, OrdersFoldsAndSearchesItsRows) {
   Board board;
   board.Take(
       {At(0),
        Page({AnnouncedAt({"DL1LATE", "DM/BW-001"}, 300, 400), AnnouncedAt({"DL2SOON", "DM/BW-002"}, 200, 400),
              AnnouncedAt({"OE3DUE", "OE/TI-003"}, 90, 200), AnnouncedAt({"OE4GONE", "OE/TI-004"}, 1, 2)})});
-  board.Take({At(70), HeardOf("HB9QUIET", 70, 7.032F)});
-  board.Take({At(98), HeardOf("F5OLDER", 98, 14.062F)});
-  board.Take({At(99), HeardOf("F6NEWER", 99, 7.031F)});
+  board.Take({At(70), SpottedOf("HB9QUIET", 70, 7.032F)});
+  board.Take({At(98), SpottedOf("F5OLDER", 98, 14.062F)});
+  board.Take({At(99), SpottedOf("F6NEWER", 99, 7.031F)});
   const auto rows = [&](const BoardView& view) {
     std::string text;
     const auto order = OrderOf(
@@ -258,7 +275,8 @@ TEST(Board, OrdersFoldsAndSearchesItsRows) {
 
 TEST(Board, ForgetsWhatIsOldAndKeepsItsBounds) {
   Board board({3, 3600});
-  for (const auto* callsign : {"A1A", "B1B", "C1C", "D1D"}) board.Take({At(0), HeardOf(callsign, 0, 7.03F)});
+  for (const auto* callsign : {"A1A", "B1B", "C1C", "D1D"})
+    board.Take({At(0), SpottedOf(callsign, 0, 7.03F)});
   EXPECT_EQ(board.Forget(At(1)), (std::vector<RowNumber>{1}));
   EXPECT_FALSE(board.Follows("A1A"));
   EXPECT_TRUE(board.Follows("B1B"));

@@ -33,14 +33,6 @@ StateVerdict LiveState(bool heard, bool spotted, DateTime last) {
   return {ActivationState::Spotted, StateReason::SpottedLately, last};
 }
 
-StateVerdict SilentState(const ActivationFacts& facts, DateTime now, DateTime last) {
-  const auto* announcement = CurrentAnnouncement(facts, now);
-  const bool windowIsOpen = announcement != nullptr && announcement->Begin <= now && now <= announcement->End;
-  if (!windowIsOpen && now.Seconds - last.Seconds >= OffAfter)
-    return {ActivationState::Off, StateReason::SilentAfterWindow, last};
-  return {ActivationState::Quiet, StateReason::SilentForMinutes, last};
-}
-
 StateVerdict WithdrawnState(const ActivationFacts& facts, DateTime now) {
   if (facts.Announcements.empty()) return {ActivationState::Cancelled, StateReason::SpotsTakenBack, now};
   const auto& last = facts.Announcements.back();
@@ -56,6 +48,17 @@ StateVerdict UnheardState(const ActivationFacts& facts, DateTime now) {
   if (announcement->End < now) return {ActivationState::NoShow, StateReason::WindowOver, announcement->End};
   if (announcement->Begin <= now) return {ActivationState::Due, StateReason::InWindow, announcement->Begin};
   return {ActivationState::Announced, StateReason::WindowToCome, announcement->Planned};
+}
+
+// Who was heard before a window, and not for long, is expected again.
+StateVerdict SilentState(const ActivationFacts& facts, DateTime now, DateTime last) {
+  const auto* announcement = CurrentAnnouncement(facts, now);
+  const bool windowIsOver = announcement == nullptr || announcement->End < now;
+  const bool wasInWindow = !windowIsOver && announcement->Begin <= last;
+  if (wasInWindow || now.Seconds - last.Seconds < OffAfter)
+    return {ActivationState::Quiet, StateReason::SilentForMinutes, last};
+  if (windowIsOver) return {ActivationState::Off, StateReason::SilentAfterWindow, last};
+  return UnheardState(facts, now);
 }
 
 }  // namespace

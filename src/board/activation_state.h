@@ -50,8 +50,8 @@ struct StateVerdict {
 
 // Whoever is moved, or said QRT and was not heard 5 minutes later or spotted again, is off. Heard and spotted
 // are signs of the last 15 minutes; of one who has opted out only spots count. Silence is quiet for up to 60
-// minutes, longer while a window is open; then the station is off. Without any sign of life the
-// announcements decide.
+// minutes, in the window in which the station was on the air up to its end; then the station is off, or
+// expected again in a window that is not over. Without any sign of life the announcements decide.
 StateVerdict StateOf(const ActivationFacts& facts, DateTime now);
 
 // The word of the state, such as "Heard and spotted", and one character that is its sign.

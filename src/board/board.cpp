@@ -56,7 +56,9 @@ void Board::TakeAnnounced(const AnnouncedStation& announced, DateTime now) {
 
 void Board::Apply(const SkimmerHeard& heard, DateTime /*now*/) {
   if (heard.BaseCallsign.empty()) return;
-  auto* row = RowOnTheAir(RowsOf(heard.BaseCallsign), heard.What.When);
+  const auto rows = RowsOf(heard.BaseCallsign);
+  auto* row = RowOnTheAir(rows, heard.What.When);
+  if (row == nullptr && !IsExpected(rows, heard.What.When)) return;
   if (row == nullptr) row = &RowBegun({heard.Station, heard.BaseCallsign, {}, {}, 0}, heard.What.When);
   TakeHearing(*row, heard.What);
   LeaveOthers(*row, heard.What.When);
@@ -108,10 +110,11 @@ bool Board::Restore(ActivationRow row) {
 }
 
 std::vector<RowNumber> Board::Forget(DateTime now) {
+  const auto farthest = AddSeconds(now, limits_.SecondsKept);
   std::vector<std::pair<DateTime, RowNumber>> byAge;
   for (const auto& [number, row] : rows_) {
     const auto span = SpanOf(row.Facts);
-    byAge.emplace_back(std::max(row.LastEvent, span ? span->End : row.LastEvent), number);
+    byAge.emplace_back(std::max(row.LastEvent, std::min(span ? span->End : row.LastEvent, farthest)), number);
   }
   std::ranges::sort(byAge);
   const auto tooMany = rows_.size() > limits_.MostRows ? rows_.size() - limits_.MostRows : 0;

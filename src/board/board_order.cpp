@@ -94,7 +94,9 @@ bool HasWords(const RowMoment& moment, std::string_view words) {
   if (Trim(words).empty()) return true;
   const auto text = SearchedText(moment);
   const auto wanted = UpperCase(words);
-  return std::ranges::all_of(Split(wanted, " "), [&](std::string_view word) { return Contains(text, word); });
+  return std::ranges::all_of(Split(wanted, " "), [&](std::string_view word) {
+    return IsNameOfBand(word) ? Contains("\n" + text, "\n" + std::string(word) + "\n") : Contains(text, word);
+  });
 }
 
 BoardOrder OrderOf(const Board& board, const BoardView& view, const SurroundingsOf& surroundings,

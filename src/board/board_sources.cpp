@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <string>
 #include <unordered_set>
 #include <utility>
@@ -60,11 +59,12 @@ DateTime Nearest(DateTime clock, DateTime now) {
   return AddSeconds(clock, -days * SecondsOfDay);
 }
 
+// A skimmer whose clock is ahead heard it just now.
 DateTime TimeHeard(SpotLine& line, DateTime utcNow) {
   const auto clock = ReadDateTime(UTCTimeText(line.Field(SpotField::Time)));
   if (!clock || !IsTimeAlone(*clock)) return utcNow;
   const auto time = Nearest(*clock, utcNow);
-  return std::abs(utcNow.Seconds - time.Seconds) > MostSecondsOnTheWay ? time : utcNow;
+  return utcNow.Seconds - time.Seconds > MostSecondsOnTheWay ? time : utcNow;
 }
 
 std::int32_t Whole(float value) {

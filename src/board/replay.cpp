@@ -11,6 +11,7 @@ namespace brelwin {
 namespace {
 
 constexpr int HighestSpeed = 100;
+constexpr std::int64_t SecondsOfHour = 3600;
 constexpr std::int64_t SecondsOfDay = 86'400;
 
 int Allowed(int speed) {
@@ -46,16 +47,21 @@ std::span<const TimedEvent> Replay::Due(Instant now) {
   return std::span(events_).subspan(first, next_ - first);
 }
 
-std::vector<TimedEvent> EventsOfDay(ActivationStore& store, DateTime day) {
-  std::vector<KeptEvent> kept;
-  store.LoadEvents(AddSeconds(day, -SecondsOfDay), AddSeconds(day, SecondsOfDay), kept);
+StoreResult EventsOfDay(ActivationStore& store, DateTime day, const std::function<bool()>& mayGoOn,
+                        std::vector<TimedEvent>& events) {
   EventReader reader;
-  std::vector<TimedEvent> events;
-  for (const auto& text : kept) {
-    auto event = reader.Read(text.Text);
-    if (event && Matters(*event, day)) events.push_back(std::move(*event));
+  const auto end = AddSeconds(day, SecondsOfDay);
+  for (auto hour = AddSeconds(day, -SecondsOfDay); hour < end; hour = AddSeconds(hour, SecondsOfHour)) {
+    std::vector<KeptEvent> kept;
+    const auto result = store.LoadEvents(hour, AddSeconds(hour, SecondsOfHour), kept);
+    if (result.Outcome != StoreOutcome::Done) return result;
+    for (const auto& text : kept) {
+      auto event = reader.Read(text.Text);
+      if (event && Matters(*event, day)) events.push_back(std::move(*event));
+    }
+    if (!mayGoOn()) break;
   }
-  return events;
+  return {};
 }
 
 }  // namespace brelwin

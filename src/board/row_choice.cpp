@@ -10,6 +10,7 @@ namespace brelwin {
 namespace {
 
 constexpr std::int64_t StillOnTheAir = std::int64_t{15} * 60;
+constexpr std::int64_t SameDay = std::int64_t{12} * 3600;
 constexpr std::int64_t EarlyOrLate = std::int64_t{2} * 3600;
 
 bool HasMoved(const ActivationRow& row) {
@@ -101,6 +102,11 @@ ActivationRow* RowToTakeOver(const RowsOfStation& rows, std::string_view summit,
            (summit.empty() || row->Who.Summit == summit);
   });
   return over == rows.end() ? nullptr : *over;
+}
+
+bool IsExpected(const RowsOfStation& rows, DateTime time) {
+  return std::ranges::any_of(rows,
+                             [&](const ActivationRow* row) { return DistanceTo(*row, time) <= SameDay; });
 }
 
 RowsOfStation RowsLeft(const RowsOfStation& rows, const ActivationRow& current, DateTime time) {

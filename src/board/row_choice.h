@@ -30,6 +30,10 @@ ActivationRow* RowOfAnnouncement(const RowsOfStation& rows, std::string_view sum
 // one. Without a summit the row may be of any. Null without one.
 ActivationRow* RowToTakeOver(const RowsOfStation& rows, std::string_view summit, DateTime time);
 
+// Whether a skimmer's line may begin a row of the station: one of its rows is not more than 12 hours away.
+// Who is heard on other days is at home.
+bool IsExpected(const RowsOfStation& rows, DateTime time);
+
 // The rows that the station left by being at `time` on the summit of `current`.
 RowsOfStation RowsLeft(const RowsOfStation& rows, const ActivationRow& current, DateTime time);
 

@@ -17,7 +17,7 @@ namespace {
 
 constexpr std::int64_t SecondsOfMedian = 180;
 constexpr double FarthestInPlace = 0.002;  // MHz
-constexpr double FloatNoise = 0.0001;      // MHz; a frequency of 5 digits before the point is no finer
+constexpr double FloatNoise = 0.00005;     // MHz; skimmers tell a tenth of a kilohertz
 
 using Newest = std::map<std::string_view, const Hearing*>;
 
@@ -85,6 +85,11 @@ std::string_view NameOfBand(double edge) {
     return edge <= double{named.ToMhz} && double{named.FromMhz} < edge + 1;
   });
   return band == NamedBands.end() ? std::string_view() : band->Name;
+}
+
+bool IsNameOfBand(std::string_view word) {
+  return std::ranges::any_of(NamedBands,
+                             [&](const NamedBand& named) { return EqualsIgnoringCase(named.Name, word); });
 }
 
 bool IsQSY(const Tuning& from, const Tuning& to) {

@@ -37,6 +37,9 @@ std::string_view BandName(float mhz);
 // The same of a band by its lower edge in MHz, as BandFromFrequency has it.
 std::string_view NameOfBand(double edge);
 
+// Whether a band has that name, however it is written: "20m", "70CM".
+bool IsNameOfBand(std::string_view word);
+
 // As a rig shows it, to the kilohertz, whatever the locale: "14.060".
 std::string KilohertzText(float mhz);
 
