@@ -42,7 +42,7 @@ void cmdTest_Click(SpotLists& lists, const Screen& screen) {
   SpotFilter filter;
   FillFilterFromScreen(screen, lists.Config, filter);
   AlertOnNewSpots(lists.World, newest, filter, lists.SpotList, &lists.Config.Test, &lists.Window, true,
-                  lists.Around.SoundQuestion());
+                  {});
 }
 
 void ConnectCommands(MainWindow& window) {

@@ -45,6 +45,7 @@ std::optional<double> ReadDegrees(std::string_view text, std::string_view letter
     text = Trim(text.substr(0, text.size() - 1));
   }
   double degrees = 0;
+  if (text.starts_with('+')) text.remove_prefix(1);
   const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), degrees);
   if (error != std::errc() || end != text.data() + text.size()) return std::nullopt;
   return std::abs(degrees) <= most ? std::optional(sign * degrees) : std::nullopt;

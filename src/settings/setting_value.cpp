@@ -97,6 +97,9 @@ bool SurvivesTheFile(std::string_view text) {
 
 constexpr std::size_t LongestKeptText = 4000;
 
+// Several paths stand there one behind the other.
+constexpr std::string_view SectionOfPaths = "Places";
+
 bool HasNoOption(const SettingRow& row, SettingHolders holders, std::string_view stored) {
   const auto* access = std::get_if<OptionGroup& (*)(Screen&)>(&row.Target);
   return access != nullptr && !OptionOf((*access)(holders.Controls), Trim(stored));
@@ -105,7 +108,8 @@ bool HasNoOption(const SettingRow& row, SettingHolders holders, std::string_view
 }  // namespace
 
 std::size_t LongestValue(const SettingRow& row) {
-  return std::holds_alternative<KeptText& (*)(Screen&)>(row.Target) ? LongestKeptText : LongestProfileValue;
+  const bool isKept = std::holds_alternative<KeptText& (*)(Screen&)>(row.Target);
+  return isKept || row.Section == SectionOfPaths ? LongestKeptText : LongestProfileValue;
 }
 
 void PutSetting(const SettingRow& row, SettingHolders holders, std::string_view stored) {

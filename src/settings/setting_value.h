@@ -27,8 +27,8 @@ std::string SettingText(const SettingRow& row, SettingHolders holders);
 // The text as it is to be stored; empty when a scrambled one would not come back from the file.
 std::optional<std::string> StoredForm(const SettingRow& row, std::string_view text);
 
-// The characters of a value that are used. Only what the window keeps for itself may be longer than what the
-// profile functions give.
+// The characters of a value that are used. What the window keeps for itself, and the paths of logs, may be
+// longer than what the profile functions give.
 std::size_t LongestValue(const SettingRow& row);
 
 // Why what the file says cannot be seen on the screen, so that saving what is seen there would destroy it;

@@ -27,6 +27,7 @@ void Warn(TextBox& box) {
 
 BoxWarnings::BoxWarnings(Screen& screen) {
   for (auto* group : screen.Groups()) {
+    if (group == &screen.Places.Controls) continue;  // its texts may be long
     for (const auto& any : *group) {
       const auto* box = std::get_if<TextBox*>(&any);
       if (box == nullptr) continue;
