@@ -159,7 +159,6 @@ TEST_F(BoardPageTest, AnEmptyBoardOffersTheSwitchAndTheListStaysOnItsTab) {
   EXPECT_EQ(clicks, 1);
   EXPECT_TRUE(screen_.RBN.chkReverseBeaconSpotsEnabled.Value);
   EXPECT_TRUE(QTest::qWaitFor([this] { return !Get<QPushButton>("boardSwitchOn").isVisible(); }));
-  screen_.Window.CurrentTab = 1;
   screen_.Window.CurrentTab = 0;
   EXPECT_EQ(Get<QTabWidget>("SSTab1").tabText(Get<QTabWidget>("SSTab1").currentIndex()), "Spots");
 }

@@ -60,7 +60,8 @@ QVariant BoardModel::data(const QModelIndex& index, int role) const {
 }
 
 QVariant BoardModel::TextOf(const ActivationRow& row, BoardColumn column, int role) const {
-  const bool isSpoken = role == Qt::AccessibleTextRole && static_cast<int>(column) == spokenColumn_;
+  const bool isSpokenColumn = static_cast<int>(column) == spokenColumn_;
+  const bool isSpoken = role == (isSpokenColumn ? Qt::AccessibleTextRole : Qt::AccessibleDescriptionRole);
   if (isSpoken) return ToQString(RowSentence(MomentOfRow(row)));
   switch (role) {
     case Qt::DisplayRole: return ToQString(CellText(column, MomentOfRow(row)));

@@ -193,7 +193,9 @@ void BoardTable::CopyRow() const {
 }
 
 bool BoardTable::IsLookedAt() const {
-  return viewport()->underMouse() || (hasFocus() && selectionModel()->hasSelection());
+  const auto* focus = QApplication::focusWidget();
+  const bool isUsed = focus != nullptr && parentWidget()->isAncestorOf(focus);
+  return viewport()->underMouse() || (isUsed && selectionModel()->hasSelection());
 }
 
 bool BoardTable::viewportEvent(QEvent* event) {

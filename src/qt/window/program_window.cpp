@@ -157,6 +157,7 @@ void ProgramWindow::FollowForm() {
     raise();
     activateWindow();
   }));
+  form.CurrentTab = tabs_->currentIndex() - pagesBefore_;
   connect(tabs_, &QTabWidget::currentChanged, this, [this](int tab) {
     MakeWhatWaits();
     screen_.Window.CurrentTab = tab - pagesBefore_;

@@ -1,6 +1,7 @@
 #include "qt/window/replay_window.h"
 
 #include <QHBoxLayout>
+#include <QPointer>
 #include <QVBoxLayout>
 
 #include "qt/ports/qt_text.h"
@@ -63,14 +64,14 @@ QLayout* ReplayWindow::MakeTop() {
   speed_->setRange(1, HighestSpeed);
   speed_->setValue(FirstSpeed);
   speed_->setSuffix(" times");
-  auto* play = MakeButton("replayPlay", "Pl&ay", "Plays from this moment to the end of its day");
+  play_ = MakeButton("replayPlay", "Pl&ay", "Plays from this moment to the end of its day");
   state_ = MakeWords("replayState");
   auto* row = new QHBoxLayout;
   for (auto* widget : std::initializer_list<QWidget*>{MakeCaption("Beg&in", begin_), begin_,
-                                                      MakeCaption("Spee&d", speed_), speed_, play})
+                                                      MakeCaption("Spee&d", speed_), speed_, play_})
     row->addWidget(widget);
   row->addWidget(state_, 1);
-  connect(play, &QPushButton::clicked, this, &ReplayWindow::Play);
+  connect(play_, &QPushButton::clicked, this, &ReplayWindow::Play);
   connect(speed_, &QSpinBox::valueChanged, this, [this](int speed) {
     if (replay_) replay_->SetSpeed(speed, world_.Time.Now());
   });
@@ -94,19 +95,34 @@ void ReplayWindow::ShowEmptyBoard() {
   layout()->addWidget(page_);
 }
 
+// The window may be closed while the day is read.
 void ReplayWindow::Play() {
   const auto begin = FromQt(begin_->dateTime());
   const auto day = DayOf(begin);
-  auto events = EventsOfDay(world_.Store, day);
+  next_.stop();
   replay_.reset();
   ShowEmptyBoard();
-  if (events.empty()) {
-    next_.stop();
-    state_->setText("Nothing was kept of this day.");
-    return;
-  }
-  replay_.emplace(std::move(events), begin, AddSeconds(day, SecondsOfDay), speed_->value(),
-                  world_.Time.Now());
+  play_->setEnabled(false);
+  state_->setText("Reading the day...");
+  std::vector<TimedEvent> events;
+  const QPointer<ReplayWindow> self = this;
+  const auto result = EventsOfDay(
+      world_.Store, day,
+      [this, self] {
+        world_.Events.DoEvents();
+        return self && isVisible() && !world_.ShuttingDown;
+      },
+      events);
+  if (!self) return;
+  play_->setEnabled(true);
+  if (events.empty())
+    state_->setText(result.Words.empty() ? "Nothing was kept of this day." : ToQString(result.Words));
+  else
+    Begin(begin, AddSeconds(day, SecondsOfDay), std::move(events));
+}
+
+void ReplayWindow::Begin(DateTime begin, DateTime end, std::vector<TimedEvent> events) {
+  replay_.emplace(std::move(events), begin, end, speed_->value(), world_.Time.Now());
   next_.start();
   Advance();
 }

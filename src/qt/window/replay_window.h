@@ -8,6 +8,7 @@
 #include <QSpinBox>
 #include <QTimer>
 #include <optional>
+#include <vector>
 
 #include "board/board.h"
 #include "board/replay.h"
@@ -35,6 +36,7 @@ class ReplayWindow final : public QDialog {
   QLayout* MakeTop();
   BoardDoors OwnDoors();
   void ShowEmptyBoard();
+  void Begin(DateTime begin, DateTime end, std::vector<TimedEvent> events);
   void Advance();
   DateTime Now() const;
 
@@ -46,6 +48,7 @@ class ReplayWindow final : public QDialog {
   std::optional<Replay> replay_;
   QDateTimeEdit* begin_;
   QSpinBox* speed_;
+  QPushButton* play_;
   QLabel* state_;
   BoardPage* page_ = nullptr;
   QTimer next_;
