@@ -44,12 +44,20 @@ void AddAnnouncement(AnnouncementsRead& read, const SOTAAlert& alert, const Spot
   read.All.push_back({StationOf(alert), what});
 }
 
-// The first characters up to a blank; what follows is left behind the blanks.
+// The first characters up to a blank; what follows it is left. Words are short: searching for their end by
+// the library costs more than looking.
 std::string_view TakeWord(std::string_view& text) {
-  const auto word = text.substr(0, text.find(' '));
-  text.remove_prefix(word.size());
-  text.remove_prefix(std::min(text.find_first_not_of(' '), text.size()));
+  std::size_t length = 0;
+  while (length < text.size() && text[length] != ' ') ++length;
+  const auto word = text.substr(0, length);
+  text.remove_prefix(length);
   return word;
+}
+
+void SkipBlanks(std::string_view& text) {
+  std::size_t count = 0;
+  while (count < text.size() && text[count] == ' ') ++count;
+  text.remove_prefix(count);
 }
 
 // The moment of that clock time which is nearest to now.
@@ -110,8 +118,10 @@ std::string_view StationInLine(std::string_view line) {
   if (!line.starts_with(SpotLineStart)) return {};
   const auto end = line.find(':');
   if (end == std::string_view::npos) return {};
-  line.remove_prefix(std::min(line.find_first_not_of(' ', end + 1), line.size()));
+  line.remove_prefix(end + 1);
+  SkipBlanks(line);
   TakeWord(line);
+  SkipBlanks(line);
   return TakeWord(line);
 }
 
