@@ -33,13 +33,8 @@ struct BoardWindow {
   QLineEdit* Search = Page.findChild<QLineEdit*>("boardSearch");
 };
 
-BoardWindow& Window() {
-  static BoardWindow window;
-  return window;
-}
-
 void SortBoard(benchmark::State& state) {
-  auto& window = Window();
+  BoardWindow window;
   const std::array<std::string, 3> sortings{"sorted by Name", "sorted down by Distance", "sorted by Window"};
   std::size_t turn = 0;
   for ([[maybe_unused]] auto once : state) {
@@ -51,7 +46,7 @@ void SortBoard(benchmark::State& state) {
 BENCHMARK(SortBoard)->Unit(benchmark::kMillisecond);
 
 void SearchBoard(benchmark::State& state) {
-  auto& window = Window();
+  BoardWindow window;
   const std::array<const char*, 4> texts{"m", "m1", "m1a gw/nw", ""};
   std::size_t turn = 0;
   for ([[maybe_unused]] auto once : state) {
@@ -63,7 +58,7 @@ void SearchBoard(benchmark::State& state) {
 BENCHMARK(SearchBoard)->Unit(benchmark::kMillisecond);
 
 void FollowBoard(benchmark::State& state) {
-  auto& window = Window();
+  BoardWindow window;
   int number = 100;
   for ([[maybe_unused]] auto once : state) {
     window.Keeper.Take(test::HeardOnTheDay(number++ % RowCount, test::LookMinute, 14.062F));
