@@ -15,7 +15,8 @@ TEST(LineBuffer, TheWholeIsTheSumOfItsPieces) {
       "To ALL de caf\xE9 \xE2\x82\xAC\nWWV de caf\xC3\xA9\r\nDX de cut";
   std::vector<std::string_view> bytes;
   for (std::size_t i = 0; i < stream.size(); ++i) bytes.push_back(std::string_view(stream).substr(i, 1));
-  for (const LineLimits limits : {LineLimits{}, LineLimits{.LongestLine = 30}, LineLimits{.LongestLine = 60}}) {
+  for (const LineLimits limits :
+       {LineLimits{}, LineLimits{.LongestLine = 30}, LineLimits{.LongestLine = 60}}) {
     EXPECT_TRUE(test::IsHeardTheSameAtEveryCut(stream, limits));
     EXPECT_EQ(Hear(bytes, limits), Hear({stream}, limits));
   }

@@ -41,8 +41,7 @@ void cmdTest_Click(SpotLists& lists, const Screen& screen) {
   newest.Trim(1);
   SpotFilter filter;
   FillFilterFromScreen(screen, lists.Config, filter);
-  AlertOnNewSpots(lists.World, newest, filter, lists.SpotList, &lists.Config.Test, &lists.Window, true,
-                  {});
+  AlertOnNewSpots(lists.World, newest, filter, lists.SpotList, &lists.Config.Test, &lists.Window, true, {});
 }
 
 void ConnectCommands(MainWindow& window) {

@@ -32,7 +32,8 @@ class LineBuffer {
 
   bool HasLines() const { return !waiting_.empty(); }
 
-  // Whether so much waits that no more should be added before it is taken. What is added all the same is kept.
+  // Whether so much waits that no more should be added before it is taken. What is added all the same is
+  // kept.
   bool IsFull() const { return waiting_.size() >= limits_.MostWaiting; }
 
   // The last bytes of what waits; all of it when that is less. It lives until the buffer is changed.
