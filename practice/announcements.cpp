@@ -117,7 +117,7 @@ std::string SomeRemark(Random& random) {
 
 std::vector<Announcement> OpeningAct(std::int64_t origin) {
   const auto at = [origin](std::int64_t minutes) { return origin / Minute * Minute + minutes * Minute; };
-  return {{at(-50), "G7ABC/P", "G/SP-004", "7.032-cw", "only a quarter of an hour S-0.25 S+0.25", "G7ABC"},
+  return {{at(-13), "G7ABC/P", "G/SP-004", "7.032-cw", "only a quarter of an hour S-0.25 S+0.25", "G7ABC"},
           {at(-20), "OE7ABC/P", "OE/TI-015", "14.062-cw", "CANCELLED, thunderstorm", "OE7ABC"},
           {at(10), "DL7XYZ/P", "DM/BW-012", "10.118-cw", "RBNN please", "DL7XYZ"}};
 }

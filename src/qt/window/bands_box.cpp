@@ -53,18 +53,38 @@ void BandsPicture::Show(BandTable table) {
     most_ = std::max({most_, std::ranges::max(band.Skimmers), std::ranges::max(band.Sotawatch)});
   if (chosen_ && chosen_->Band >= table_.Bands.size()) chosen_.reset();
   setAccessibleDescription(ToQString(BandTableWords(table_)) + "." + Keys);
-  const auto lanes = static_cast<int>(std::max<std::size_t>(1, table_.Bands.size()));
-  setMinimumHeight(lanes * LaneHeight() + 2 * fontMetrics().height() + 4 * Blank);
+  setMinimumHeight(Lanes() * LowestLane() + Margins());
   update();
 }
 
+int BandsPicture::Lanes() const {
+  return std::max(1, static_cast<int>(table_.Bands.size()));
+}
+
+int BandsPicture::LowestLane() const {
+  return fontMetrics().height() + 1;
+}
+
+// Of the time below and of the words above.
+int BandsPicture::Margins() const {
+  return 2 * fontMetrics().height() + 4 * Blank;
+}
+
+// Many bands leave room for the map, few are drawn no higher than they need.
 int BandsPicture::LaneHeight() const {
-  return 2 * fontMetrics().height() + Blank;
+  return std::clamp((height() - Margins()) / Lanes(), LowestLane(), 2 * fontMetrics().height() + Blank);
+}
+
+int BandsPicture::NameWidth() const {
+  int width = 0;
+  for (const auto& band : table_.Bands)
+    width = std::max(width, fontMetrics().horizontalAdvance(ToQString(band.Band)));
+  return width;
 }
 
 QRectF BandsPicture::LanesArea() const {
   const auto metrics = fontMetrics();
-  return QRectF(rect()).adjusted(metrics.horizontalAdvance("70cm") + 2 * Blank, metrics.height() + 2 * Blank,
+  return QRectF(rect()).adjusted(NameWidth() + 2 * Blank, metrics.height() + 2 * Blank,
                                  -metrics.horizontalAdvance("RBN / Sotawatch") - 2 * Blank,
                                  -metrics.height() - 2 * Blank);
 }

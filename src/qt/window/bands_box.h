@@ -36,7 +36,11 @@ class BandsPicture final : public QFrame {
     std::size_t Part = 0;
   };
 
+  int Lanes() const;
+  int LowestLane() const;
+  int Margins() const;
   int LaneHeight() const;
+  int NameWidth() const;
   QRectF LanesArea() const;
   QRectF LaneOf(std::size_t band) const;
   std::optional<Cell> CellAt(QPointF point) const;

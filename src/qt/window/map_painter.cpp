@@ -58,9 +58,12 @@ void MapPainter::PaintRings() {
   painter_.restore();
 }
 
+// Where they would lie one over the other there are none.
 void MapPainter::PaintRingLabels() {
   painter_.setPen(colors_.Text);
-  for (int radius = RingStepInKm; radius < MapRadiusInKm - RingStepInKm; radius += RingStepInKm) {
+  const auto apart = camera_.PixelOf({0, -RingStepInKm}).y() - camera_.PixelOf({}).y();
+  const bool haveRoom = apart >= painter_.fontMetrics().height();
+  for (int radius = RingStepInKm; haveRoom && radius < MapRadiusInKm - RingStepInKm; radius += RingStepInKm) {
     const auto pixel = camera_.PixelOf({0, static_cast<double>(-radius)});
     painter_.drawText(pixel + QPointF(LabelGap, -LabelGap), QString::number(radius) + " km");
   }
