@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <thread>
 
 #include "board/activation_state.h"
 #include "board/board_keeper.h"
@@ -179,8 +180,14 @@ TEST_F(StoredBoard, WhatOthersHoldIsWaitedForWhileTheProgramRunsAndRenamedAtItsS
   SqliteDatabase other(Path);
   other.Run("BEGIN EXCLUSIVE");
   EXPECT_EQ(StoreOutcome::NotDone, store->Save(Change(2)).Outcome);
-  other.Run("COMMIT");
-  EXPECT_EQ(StoreOutcome::Done, store->Save(Change(2)).Outcome);
+  auto last = Change(2);
+  last.IsLast = true;
+  std::thread letsGo([&] {
+    std::this_thread::sleep_for(std::chrono::milliseconds(100));
+    other.Run("COMMIT");
+  });
+  EXPECT_EQ(StoreOutcome::Done, store->Save(last).Outcome) << "the program ends with it";
+  letsGo.join();
   other.Run("BEGIN EXCLUSIVE");
   std::vector<KeptRow> rows;
   EXPECT_EQ(StoreOutcome::MadeAnew, Open()->Load(rows).Outcome);

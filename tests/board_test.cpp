@@ -219,10 +219,12 @@ SotawatchSpotRead SpottedOf(std::string_view callsign, int minute, float mhz) {
 
 TEST(Board, OrdersFoldsAndSearchesItsRows) {
   Board board;
-  board.Take(
-      {At(0),
-       Page({AnnouncedAt({"DL1LATE", "DM/BW-001"}, 300, 400), AnnouncedAt({"DL2SOON", "DM/BW-002"}, 200, 400),
-             AnnouncedAt({"OE3DUE", "OE/TI-003"}, 90, 200), AnnouncedAt({"OE4GONE", "OE/TI-004"}, 1, 2)})});
+  auto due = AnnouncedAt({"OE3DUE", "OE/TI-003"}, 90, 200);
+  due.What.FrequencyModes = "7.120, 20m-ssb";
+  auto soon = AnnouncedAt({"DL2SOON", "DM/BW-002"}, 200, 400);
+  soon.What.FrequencyModes = "120m, 7.20m, 20mw";
+  board.Take({At(0), Page({AnnouncedAt({"DL1LATE", "DM/BW-001"}, 300, 400), soon, due,
+                           AnnouncedAt({"OE4GONE", "OE/TI-004"}, 1, 2)})});
   board.Take({At(70), SpottedOf("HB9QUIET", 70, 7.032F)});
   board.Take({At(98), SpottedOf("F5OLDER", 98, 14.062F)});
   board.Take({At(99), SpottedOf("F6NEWER", 99, 7.031F)});
@@ -267,6 +269,7 @@ TEST(Board, OrdersFoldsAndSearchesItsRows) {
       {unworked, "F5OLDER OE3DUE DL2SOON DL1LATE HB9QUIET 1"},
       {searched("oe/ti"), "OE3DUE 1"},
       {searched(" 40m cw "), "F6NEWER HB9QUIET 0"},
+      {searched("20m"), "F5OLDER OE3DUE 0"},
       {searched("dm/bw-002"), "DL2SOON 0"},
       {searched("nobody"), "0"},
   };

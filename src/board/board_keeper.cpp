@@ -155,6 +155,7 @@ StoreChange BoardKeeper::Pending() {
     events_.erase(events_.begin(), events_.end() - static_cast<std::ptrdiff_t>(MostEventsWaiting));
   StoreChange change;
   change.Since = AddSeconds(UTCNow(world_.Time), -SecondsKept);
+  change.IsLast = world_.ShuttingDown;
   change.GoneRows = gone_;
   change.Events = events_;
   for (const auto number : board_.ChangedSince(saved_)) change.Rows.push_back(Kept(*board_.Find(number)));

@@ -84,6 +84,18 @@ std::string SearchedText(const RowMoment& moment) {
   return UpperCase(text);
 }
 
+// Both in capitals: "20M" is in "14.062-CW, 20M-SSB", not in "120M" or "7.20M".
+bool HasBand(std::string_view text, std::string_view band) {
+  const auto isPartOfName = [](char c) { return (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9'); };
+  for (auto at = text.find(band); at != std::string_view::npos; at = text.find(band, at + 1)) {
+    const auto end = at + band.size();
+    const bool beginsInside = at > 0 && (isPartOfName(text[at - 1]) || text[at - 1] == '.');
+    const bool endsInside = end < text.size() && isPartOfName(text[end]);
+    if (!beginsInside && !endsInside) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 bool IsFinished(const RowMoment& moment) {
@@ -95,7 +107,7 @@ bool HasWords(const RowMoment& moment, std::string_view words) {
   const auto text = SearchedText(moment);
   const auto wanted = UpperCase(words);
   return std::ranges::all_of(Split(wanted, " "), [&](std::string_view word) {
-    return IsNameOfBand(word) ? Contains("\n" + text, "\n" + std::string(word) + "\n") : Contains(text, word);
+    return IsNameOfBand(word) ? HasBand(text, word) : Contains(text, word);
   });
 }
 

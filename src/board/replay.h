@@ -42,7 +42,7 @@ class Replay {
 // Gives the events of the UTC day that begins at `day`, as they were kept; before them those that the board
 // had to know by then: the announcements, and what happened in the 4 hours before. None when nothing was
 // kept. They are read hour by hour, with `mayGoOn` asked in between, which ends the reading when it says no.
-// A failure of the store ends it as well.
+// A failure of the store ends it as well, and then the day is not whole.
 StoreResult EventsOfDay(ActivationStore& store, DateTime day, const std::function<bool()>& mayGoOn,
                         std::vector<TimedEvent>& events);
 

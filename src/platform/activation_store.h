@@ -31,7 +31,8 @@ struct StoreChange {
   std::vector<KeptRow> Rows;  // new and changed ones
   std::vector<std::int64_t> GoneRows;
   std::vector<KeptEvent> Events;
-  DateTime Since;  // older events are forgotten
+  DateTime Since;       // older events are forgotten
+  bool IsLast = false;  // the program ends with it: worth waiting for others who hold the store
 };
 
 // A summit of the user's list.

@@ -18,6 +18,7 @@ constexpr std::int64_t Version = 1;  // of the tables
 
 // Somebody waits for the window; what is not saved now is saved a little later.
 constexpr std::chrono::milliseconds PatienceWhileRunning{20};
+constexpr std::chrono::milliseconds PatienceAtTheEnd{500};
 
 constexpr auto Preparation = R"(
   PRAGMA journal_mode = WAL;
@@ -99,19 +100,20 @@ StoreResult SqliteActivationStore::Load(std::vector<KeptRow>& rows) {
                       std::string(query.Text(4))});
     rows.insert(rows.end(), std::make_move_iterator(kept.begin()), std::make_move_iterator(kept.end()));
   });
-  madeAnew_.clear();
+  if (result.Outcome == StoreOutcome::MadeAnew) madeAnew_.clear();
   return result;
 }
 
 StoreResult SqliteActivationStore::Save(const StoreChange& change) {
   if (!madeAnew_.empty()) return {StoreOutcome::MadeAnew, std::exchange(madeAnew_, {})};
   auto result = Try([&](SqliteDatabase& database) {
+    if (change.IsLast) database.WaitForOthers(PatienceAtTheEnd);
     SqliteTransaction transaction(database);
     SaveRows(database, change);
     SaveEvents(database, change);
     transaction.Commit();
   });
-  madeAnew_.clear();
+  if (result.Outcome == StoreOutcome::MadeAnew) madeAnew_.clear();
   return result;
 }
 
@@ -166,8 +168,8 @@ StoreResult SqliteActivationStore::Try(const std::function<void(SqliteDatabase&)
 // Without a look at the name, what is saved would go into a file without one.
 StoreResult SqliteActivationStore::AfterRemoval() {
   database_.reset();
-  Open();
   madeAnew_ = path_ + " was removed. A new one is begun.";
+  Open();
   return {StoreOutcome::MadeAnew, madeAnew_};
 }
 
@@ -184,13 +186,13 @@ StoreResult SqliteActivationStore::MakeAnew(const SqliteError& error) {
   const auto words = path_ + " cannot be used: " + error.what();
   if (const auto failure = PutAside(path_, aside))
     return {StoreOutcome::NotDone, words + ", nor renamed: " + failure.message()};
+  madeAnew_ = words + ". It was renamed to " + aside + ", and a new one is begun.";
   try {
     Open();
   } catch (const SqliteError& second) {
     database_.reset();
     return {StoreOutcome::NotDone, words + ", nor made anew: " + second.what()};
   }
-  madeAnew_ = words + ". It was renamed to " + aside + ", and a new one is begun.";
   return {StoreOutcome::MadeAnew, madeAnew_};
 }
 

@@ -1,5 +1,7 @@
 #include "platform/sqlite_summits.h"
 
+#include <sqlite3.h>
+
 #include <string_view>
 
 namespace brelwin {
@@ -11,6 +13,12 @@ constexpr auto Columns =
 
 void Create(SqliteDatabase& database, const std::string& table) {
   database.Run(("CREATE TABLE " + table + Columns).c_str());
+}
+
+// The file may have been made anew since the list was begun; that is no damage.
+void RequireBegun(SqliteDatabase& database) {
+  if (database.Number("SELECT count(*) FROM sqlite_master WHERE name = 'summits_coming'") == 0)
+    throw SqliteError(SQLITE_NOTFOUND, "the new list of summits is no longer there");
 }
 
 }  // namespace
@@ -25,6 +33,7 @@ void BeginSummits(SqliteDatabase& database) {
 }
 
 void AddSummits(SqliteDatabase& database, std::span<const KeptSummit> summits) {
+  RequireBegun(database);
   SqliteTransaction transaction(database);
   SqliteStatement add(database, "INSERT OR REPLACE INTO summits_coming VALUES (?, ?, ?, ?, ?, ?)");
   for (const auto& summit : summits)
@@ -39,6 +48,7 @@ void AddSummits(SqliteDatabase& database, std::span<const KeptSummit> summits) {
 }
 
 void EndSummits(SqliteDatabase& database) {
+  RequireBegun(database);
   SqliteTransaction transaction(database);
   database.Run("DROP TABLE summits; ALTER TABLE summits_coming RENAME TO summits;");
   transaction.Commit();

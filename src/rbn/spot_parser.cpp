@@ -165,7 +165,9 @@ bool Block::MayGoOn(std::size_t pieceNumber) {
   if (pieceNumber % LinesBetweenLooks != 0) return true;
   if (host_.Time.Now() - stretchBegan_ < LongestStretch) return true;
   host_.Events.DoEvents();
-  stretchBegan_ = host_.Time.Now();
+  now_ = stretchBegan_ = host_.Time.Now();
+  utcNow_.reset();
+  localNow_.reset();
   return !host_.ShuttingDown;
 }
 

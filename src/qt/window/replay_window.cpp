@@ -115,8 +115,10 @@ void ReplayWindow::Play() {
       events);
   if (!self) return;
   play_->setEnabled(true);
-  if (events.empty())
-    state_->setText(result.Words.empty() ? "Nothing was kept of this day." : ToQString(result.Words));
+  if (!result.Words.empty())
+    state_->setText(ToQString(result.Words));
+  else if (events.empty())
+    state_->setText("Nothing was kept of this day.");
   else
     Begin(begin, AddSeconds(day, SecondsOfDay), std::move(events));
 }
