@@ -9,7 +9,7 @@
 #include "places/country_list.h"
 #include "places/great_circle.h"
 #include "places/locator.h"
-#include "places/map_area.h"
+#include "places/map_projection.h"
 #include "places/summits_list.h"
 #include "places/sun.h"
 #include "places_properties.h"

@@ -32,6 +32,10 @@ struct Member {
   Value Owner::*Place;
 };
 
+// Without it clang 16 does not find out the two types.
+template <class Owner, class Value>
+Member(const char*, Value Owner::*) -> Member<Owner, Value>;
+
 // What is written of each struct, by name, for both directions.
 template <class Owner>
 inline constexpr auto Members = std::tuple{};

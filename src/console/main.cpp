@@ -1,12 +1,15 @@
 // The program for machines without a display.
 #include <QCoreApplication>
 #include <csignal>
+#include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <string_view>
 
 #include "console/board_printer.h"
 #include "console/spot_printer.h"
-#include "console/stderr_dialogs.h"
+#include "platform/shell.h"
 #include "platform/system_information.h"
 #include "qt/ports/line_output.h"
 #include "qt/ports/program_run.h"
@@ -15,6 +18,20 @@
 namespace {
 
 using namespace brelwin;
+
+// Messages of a program without a window: one line each on the standard error output.
+class StderrDialogs final : public Dialogs {
+ public:
+  void ShowMessage(std::string_view text, std::string_view title, MessageIcon /*icon*/) override {
+    output_.Write(std::string(title) + ": " + std::string(text));
+  }
+  void Ask(std::string_view question, std::string_view title, std::function<void()> /*onYes*/) override {
+    ShowMessage(question, title, MessageIcon::Exclamation);
+  }
+
+ private:
+  LineOutput output_{2};
+};
 
 int Run(const std::string& commandLine) {
   StderrDialogs dialogs;

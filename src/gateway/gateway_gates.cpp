@@ -1,7 +1,7 @@
 #include "gateway/gateway_gates.h"
 
-#include "gateway/gateway_settings.h"
-#include "gateway/rbn_spot_submission.h"
+#include "gateway/gateway.h"
+#include "gateway/spotlite_submission.h"
 #include "radio/callsign.h"
 
 namespace brelwin {

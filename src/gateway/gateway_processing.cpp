@@ -4,9 +4,9 @@
 
 #include "core/status_codes.h"
 #include "core/trap.h"
+#include "gateway/gateway.h"
 #include "gateway/gateway_gates.h"
 #include "gateway/gateway_run.h"
-#include "gateway/gateway_settings.h"
 #include "radio/numbers.h"
 
 namespace brelwin {

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "gateway/gateway.h"
-#include "gateway/gateway_settings.h"
 
 namespace brelwin {
 

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
+#include "gateway/gateway.h"
 #include "gateway/gateway_gates.h"
-#include "gateway/gateway_settings.h"
 #include "gateway/submission_status.h"
 #include "platform/host.h"
 

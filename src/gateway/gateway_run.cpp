@@ -8,8 +8,8 @@
 #include "core/wave_file.h"
 #include "gateway/fresh_feed.h"
 #include "gateway/gateway_reports.h"
-#include "gateway/rbn_spot_submission.h"
 #include "gateway/spotlite_form.h"
+#include "gateway/spotlite_submission.h"
 #include "platform/wait.h"
 #include "radio/dates.h"
 

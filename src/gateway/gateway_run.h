@@ -9,7 +9,6 @@
 
 #include "gateway/gateway.h"
 #include "gateway/gateway_gates.h"
-#include "gateway/gateway_settings.h"
 #include "gateway/submission_status.h"
 
 namespace brelwin {

@@ -6,7 +6,6 @@
 #include "base/encoding.h"
 #include "base/text.h"
 #include "core/trap.h"
-#include "gateway/rbn_spot_submission.h"
 #include "gateway/spotlite_submission.h"
 #include "radio/callsign.h"
 #include "radio/web_address.h"

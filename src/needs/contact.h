@@ -1,6 +1,8 @@
-// One contact of the operator's log, as far as it matters for what is needed.
+// One contact of the operator's log, as far as it matters for what is needed, and where in the log its reader
+// stands.
 #pragma once
 
+#include <cstddef>
 #include <functional>
 #include <optional>
 #include <string>
@@ -9,6 +11,13 @@
 #include "base/date_time.h"
 
 namespace brelwin {
+
+// Everything before the position has been read.
+struct LogPosition {
+  std::size_t Byte = 0;
+  std::size_t Line = 1;         // that the position is in
+  bool HeaderMayFollow = true;  // no record has been met
+};
 
 struct Contact {
   DateTime Time;         // UTC; midnight when the log has no time

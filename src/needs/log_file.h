@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "base/record_faults.h"
-#include "needs/log_position.h"
+#include "needs/contact.h"
 #include "needs/worked_log.h"
 #include "platform/files.h"
 

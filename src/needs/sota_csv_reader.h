@@ -6,7 +6,6 @@
 
 #include "base/record_faults.h"
 #include "needs/contact.h"
-#include "needs/log_position.h"
 
 namespace brelwin {
 

@@ -1,11 +1,15 @@
-// An open file of the operating system, closed when it goes.
+// Files of the operating system: one that is closed when it goes, and words for its error numbers.
 #pragma once
 
 #include <unistd.h>
 
+#include <string>
 #include <utility>
 
 namespace brelwin {
+
+// Such as "No space left on device"; never empty.
+std::string SystemErrorText(int errorNumber);
 
 class FileDescriptor {
  public:

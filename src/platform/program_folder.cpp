@@ -7,7 +7,7 @@
 #include <filesystem>
 #include <system_error>
 
-#include "platform/system_error.h"
+#include "platform/file_descriptor.h"
 #include "platform/system_information.h"
 
 namespace brelwin {

@@ -12,7 +12,6 @@
 
 #include "platform/file_descriptor.h"
 #include "platform/file_paths.h"
-#include "platform/system_error.h"
 
 namespace brelwin {
 namespace {

@@ -14,7 +14,7 @@
 #include "qt/window/bands_box.h"
 #include "qt/window/map_page.h"
 #include "qt/window/map_view.h"
-#include "qt/window/places_page.h"
+#include "qt/window/pages.h"
 #include "qt/window/program_window.h"
 #include "radio/dates.h"
 #include "spots/spot_text.h"

@@ -11,7 +11,7 @@
 #include "board_day.h"
 #include "qt/window/bands_box.h"
 #include "qt/window/bind_controls.h"
-#include "qt/window/places_page.h"
+#include "qt/window/pages.h"
 
 namespace brelwin {
 namespace {

@@ -14,7 +14,7 @@
 #include <string>
 
 #include "qt/ports/qt_event_queue.h"
-#include "qt/window/spots_page.h"
+#include "qt/window/pages.h"
 #include "spots/spot_text.h"
 
 namespace brelwin {

@@ -49,7 +49,7 @@ FAULTS = [
           'form.Frequency = RoundedToThreeDecimalsText(spot.FrequencyInMhz);'),
     Fault('another station is posted', 'src/gateway/spotlite_form.cpp',
           'form.Activator = Trim(spot.Station);', 'form.Activator = Trim(spot.Spotter);'),
-    Fault('the comment is not cut', 'src/gateway/rbn_spot_submission.cpp',
+    Fault('the comment is not cut', 'src/gateway/spotlite_submission.cpp',
           'return std::string(FirstCharacters(comment, LongestComment));', 'return std::string(comment);'),
     Fault('a submission that timed out is posted again', 'src/gateway/spotlite_submission.cpp',
           '    state->SendInProgress = false;\n',

@@ -1,4 +1,4 @@
-#include "qt/window/about_page.h"
+#include "qt/window/pages.h"
 
 #include <QLabel>
 #include <QPushButton>

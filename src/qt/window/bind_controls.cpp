@@ -11,9 +11,8 @@
 
 #include "base/text.h"
 #include "qt/ports/qt_text.h"
-#include "qt/window/box_warning.h"
-#include "qt/window/leave_watcher.h"
 #include "qt/window/spot_list_view.h"
+#include "qt/window/text_box.h"
 
 namespace brelwin {
 namespace {

@@ -4,7 +4,6 @@
 #include <QVBoxLayout>
 
 #include "qt/ports/qt_text.h"
-#include "qt/window/elided_label.h"
 #include "qt/window/page_parts.h"
 #include "radio/dates.h"
 

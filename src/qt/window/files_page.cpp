@@ -1,4 +1,4 @@
-#include "qt/window/files_page.h"
+#include "qt/window/pages.h"
 
 #include <QGroupBox>
 #include <QListWidget>

@@ -1,4 +1,4 @@
-#include "qt/window/gateway_page.h"
+#include "qt/window/pages.h"
 
 #include <QCheckBox>
 #include <QFontDatabase>
@@ -11,8 +11,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "qt/window/file_pickers.h"
 #include "qt/window/page_parts.h"
+#include "qt/window/window_dialogs.h"
 
 namespace brelwin {
 namespace {

@@ -6,7 +6,6 @@
 #include <QPushButton>
 
 #include "qt/ports/qt_text.h"
-#include "qt/window/elided_label.h"
 #include "qt/window/page_parts.h"
 
 namespace brelwin {

@@ -1,4 +1,4 @@
-#include "qt/window/logs_page.h"
+#include "qt/window/pages.h"
 
 #include <QCheckBox>
 #include <QFormLayout>
@@ -7,8 +7,8 @@
 #include <QRadioButton>
 #include <QVBoxLayout>
 
-#include "qt/window/file_pickers.h"
 #include "qt/window/page_parts.h"
+#include "qt/window/window_dialogs.h"
 
 namespace brelwin {
 namespace {

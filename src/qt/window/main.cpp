@@ -6,7 +6,6 @@
 #include "qt/ports/quit_signals.h"
 #include "qt/window/program_icon.h"
 #include "qt/window/program_window.h"
-#include "qt/window/text_viewer.h"
 #include "qt/window/window_dialogs.h"
 #include "radio/dates.h"
 

@@ -1,6 +1,7 @@
 // Paints the map: sea, land, night and rings, and above them skimmers and activations.
 #pragma once
 
+#include <QColor>
 #include <QPainter>
 #include <QPalette>
 #include <QRectF>
@@ -8,10 +9,23 @@
 
 #include "places/map_contents.h"
 #include "qt/window/map_camera.h"
-#include "qt/window/map_colors.h"
 #include "qt/window/map_picture.h"
 
 namespace brelwin {
+
+// All from the palette: they follow the desktop's light or dark theme.
+struct MapColors {
+  explicit MapColors(const QPalette& palette);
+
+  QColor Sea;
+  QColor Land;
+  QColor Coast;
+  QColor Night;  // a veil over both
+  QColor Rings;
+  QColor Text;
+  QColor Mark;      // the selected activation and who hears it
+  QColor MarkText;  // on Mark
+};
 
 class MapPainter {
  public:

@@ -3,7 +3,7 @@
 #include <cstdlib>
 
 #include "places/coast.h"
-#include "places/map_area.h"
+#include "places/map_projection.h"
 #include "places/sun.h"
 
 namespace brelwin {

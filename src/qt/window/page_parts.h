@@ -1,6 +1,7 @@
 // The parts that the pages are put together from: named boxes and buttons with captions that name their unit.
 #pragma once
 
+#include <QLabel>
 #include <QString>
 
 class QCheckBox;
@@ -15,6 +16,24 @@ class QVBoxLayout;
 class QWidget;
 
 namespace brelwin {
+
+// A one-line label for texts of any length: it gives way to its neighbours, shows what fits and the whole
+// text as a tooltip.
+class ElidedLabel final : public QLabel {
+  Q_OBJECT
+
+ public:
+  using QLabel::QLabel;
+
+  QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+ protected:
+  bool event(QEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
+
+ private:
+  QString WhatFits() const;
+};
 
 // One box for text with what is written beside it. A box with a unit is a short one for a number.
 struct TextRow {

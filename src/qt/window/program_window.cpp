@@ -11,18 +11,11 @@
 #include <utility>
 
 #include "qt/ports/qt_text.h"
-#include "qt/window/about_page.h"
 #include "qt/window/board_page.h"
-#include "qt/window/files_page.h"
-#include "qt/window/filters_page.h"
-#include "qt/window/gateway_page.h"
-#include "qt/window/logs_page.h"
 #include "qt/window/map_page.h"
-#include "qt/window/places_page.h"
+#include "qt/window/pages.h"
 #include "qt/window/program_icon.h"
-#include "qt/window/rbn_page.h"
 #include "qt/window/replay_window.h"
-#include "qt/window/spots_page.h"
 #include "qt/window/status_row.h"
 
 namespace brelwin {

@@ -1,4 +1,4 @@
-#include "qt/window/rbn_page.h"
+#include "qt/window/pages.h"
 
 #include <QCheckBox>
 #include <QFormLayout>

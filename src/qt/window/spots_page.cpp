@@ -1,4 +1,4 @@
-#include "qt/window/spots_page.h"
+#include "qt/window/pages.h"
 
 #include <QCheckBox>
 #include <QHBoxLayout>
@@ -7,7 +7,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-#include "qt/window/elided_label.h"
 #include "qt/window/list_bars.h"
 #include "qt/window/page_parts.h"
 #include "qt/window/spot_list_menu.h"

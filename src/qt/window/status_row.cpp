@@ -7,7 +7,6 @@
 #include <QStyleOption>
 #include <QVBoxLayout>
 
-#include "qt/window/elided_label.h"
 #include "qt/window/page_parts.h"
 
 namespace brelwin {

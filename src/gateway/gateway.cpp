@@ -1,4 +1,4 @@
-#include "gateway/gateway_settings.h"
+#include "gateway/gateway.h"
 
 #include <algorithm>
 

@@ -1,11 +1,33 @@
-#include "qt/window/leave_watcher.h"
+#include "qt/window/text_box.h"
 
+#include <QAction>
 #include <QFocusEvent>
 #include <QLineEdit>
+#include <QStyle>
+#include <QToolTip>
 #include <memory>
 #include <utility>
 
 namespace brelwin {
+
+BoxWarning::BoxWarning(QLineEdit& box) : box_(&box), ownTip_(box.toolTip()) {}
+
+void BoxWarning::Show(const QString& warning) {
+  const bool isWrong = !warning.isEmpty();
+  if (mark_ == nullptr && !isWrong) return;
+  if (mark_ == nullptr) MakeMark();
+  mark_->setVisible(isWrong);
+  mark_->setToolTip(warning);
+  box_->setAccessibleDescription(warning);
+  box_->setToolTip(isWrong ? warning + "\n" + ownTip_ : ownTip_);
+  if (box_->hasFocus()) QToolTip::showText(box_->mapToGlobal(box_->rect().bottomLeft()), warning, box_);
+}
+
+void BoxWarning::MakeMark() {
+  const auto icon = box_->style()->standardIcon(QStyle::SP_MessageBoxWarning, nullptr, box_);
+  mark_ = box_->addAction(icon, QLineEdit::TrailingPosition);
+}
+
 namespace {
 
 bool StaysInBox(Qt::FocusReason reason) {

@@ -1,7 +1,9 @@
-// What is wrong with the text of a box, shown to the eye, under the pointer and to a screen reader.
+// A box for text does two things that Qt's does not: it shows what is wrong with its text, and it tells when
+// the user has left it.
 #pragma once
 
 #include <QString>
+#include <functional>
 
 class QAction;
 class QLineEdit;
@@ -24,5 +26,9 @@ class BoxWarning {
   QAction* mark_ = nullptr;  // the box owns it
   QString ownTip_;
 };
+
+// Calls the function each time. A box is not left when its context menu opens or when a message or another
+// program's window comes in front.
+void WhenLeft(QLineEdit& edit, std::function<void()> function);
 
 }  // namespace brelwin

@@ -1,4 +1,4 @@
-#include "platform/system_error.h"
+#include "platform/file_descriptor.h"
 
 #include <cstring>
 
