@@ -26,20 +26,6 @@ constexpr int DetailsHeight = 170;
 constexpr std::string_view Others = "others";
 constexpr std::string_view Worked = "worked";
 
-// A line of words that does something. It keeps its room, so that nothing moves when it comes; Enter presses
-// it as the blank does.
-QPushButton* MakeLine(const char* name, const char* tip) {
-  auto* line = MakeButton(name, "", tip);
-  line->setFlat(true);
-  line->setAutoDefault(true);
-  line->setAccessibleDescription(tip);
-  auto room = line->sizePolicy();
-  room.setRetainSizeWhenHidden(true);
-  line->setSizePolicy(room);
-  line->hide();
-  return line;
-}
-
 }  // namespace
 
 BoardPage::BoardPage(Screen& screen, BoardDoors doors)

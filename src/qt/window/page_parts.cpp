@@ -140,4 +140,16 @@ QWidget* MakePage(std::initializer_list<QVBoxLayout*> columns) {
   return Scrolling(page);
 }
 
+QPushButton* MakeLine(const char* name, const char* tip) {
+  auto* line = MakeButton(name, "", tip);
+  line->setFlat(true);
+  line->setAutoDefault(true);
+  line->setAccessibleDescription(tip);
+  auto room = line->sizePolicy();
+  room.setRetainSizeWhenHidden(true);
+  line->setSizePolicy(room);
+  line->hide();
+  return line;
+}
+
 }  // namespace brelwin

@@ -74,4 +74,8 @@ QWidget* MakePage(std::initializer_list<QVBoxLayout*> columns);
 // A column of parts, one below the other.
 QVBoxLayout* MakeColumn(std::initializer_list<QWidget*> parts);
 
+// A line of words that does something. It keeps its room, so that nothing moves when it comes; Enter presses
+// it as the blank does.
+QPushButton* MakeLine(const char* name, const char* tip);
+
 }  // namespace brelwin
