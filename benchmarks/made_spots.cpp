@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <random>
+#include <tuple>
 
 #include "base/text.h"
 #include "radio/dates.h"
@@ -103,6 +104,38 @@ std::string MakeFeed(std::size_t count, DateTime newest) {
     feed += FeedItem(*MakeSpot(i), FeedDate(time), "http://localhost/spots/" + std::to_string(i));
   }
   return feed + "</channel>\r\n</rss>\r\n";
+}
+
+namespace {
+
+auto TextsOf(const Spot& spot) {
+  return std::tie(spot.Comment, spot.FormattedFrequencyString, spot.FrequencyString, spot.ID,
+                  spot.LogLineFollowing, spot.LogLinePreceeding, spot.ModeString, spot.OperatorName,
+                  spot.Spot, spot.SpotKey, spot.Spotter, spot.SpotterBaseCallsign, spot.SpotTypeString,
+                  spot.Station, spot.stationBaseCallsign, spot.SummitDescription, spot.SummitDesignator,
+                  spot.SummitName, spot.UTCTime, spot.WindowReference);
+}
+
+auto NumbersOf(const Spot& spot) {
+  return std::tie(spot.BandInMhz, spot.FrequencyInMhz, spot.LocalDateAndTime, spot.Kind, spot.mode,
+                  spot.OrderReceived, spot.SignalToNoiseRatio, spot.Speed, spot.SummitElevationInFeet,
+                  spot.SummitElevationInMeters, spot.SummitPoints, spot.UTCDateTime, spot.TimeOfSpot);
+}
+
+auto FlagsOf(const Spot& spot) {
+  return std::tie(spot.HiddenFromDisplay, spot.IsKnownActivator, spot.IsMatchedToAlert, spot.IsAPRSSpot,
+                  spot.IsEdited, spot.IsRBNSpot, spot.IsSMSSpot, spot.IsSelfSpot,
+                  spot.SpotterIsTrustedSpotter);
+}
+
+}  // namespace
+
+bool AreSameSpots(const SpotCollection& left, const SpotCollection& right) {
+  return std::equal(
+      left.begin(), left.end(), right.begin(), right.end(), [](const auto& one, const auto& other) {
+        return one.Key == other.Key && TextsOf(*one.Item) == TextsOf(*other.Item) &&
+               NumbersOf(*one.Item) == NumbersOf(*other.Item) && FlagsOf(*one.Item) == FlagsOf(*other.Item);
+      });
 }
 
 }  // namespace brelwin::benchmarks

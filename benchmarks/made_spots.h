@@ -25,4 +25,7 @@ SpotCollection MakeSpots(std::size_t first, std::size_t count);
 // A feed of `count` items, newest first, the newest at the given moment.
 std::string MakeFeed(std::size_t count, DateTime newest);
 
+// Whether both hold spots that are the same in every field, in the same order and under the same keys.
+bool AreSameSpots(const SpotCollection& left, const SpotCollection& right);
+
 }  // namespace brelwin::benchmarks

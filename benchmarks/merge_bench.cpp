@@ -1,7 +1,9 @@
 // Merging a batch of 100 new spots into lists of different lengths, which stay that long.
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <list>
+#include <unordered_map>
 
 #include "made_spots.h"
 #include "spots/spot_collections.h"
@@ -35,15 +37,54 @@ void Merge(benchmark::State& state) {
 }
 BENCHMARK(Merge)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
 
-// Putting as many spots in front of a plain list and taking as many off its end.
-void MergeFloor(benchmark::State& state) {
-  const auto batch = MakeSpots(0, BatchSize);
-  std::list<SpotPointer> list(static_cast<std::size_t>(state.range(0)));
-  for (auto _ : state) {
-    for (const auto& entry : batch) {
-      list.push_front(entry.Item);
-      list.pop_back();
+// The same list out of the containers of the language.
+class PlainList {
+ public:
+  void MergeInFront(const SpotCollection& batch, std::size_t length) {
+    for (auto entry = batch.end(); entry != batch.begin();) {
+      --entry;
+      AddInFront(entry->Item);
     }
+    while (spots_.size() > length) {
+      places_.erase(spots_.back()->ID);
+      spots_.pop_back();
+    }
+  }
+
+  const std::list<SpotPointer>& Spots() const { return spots_; }
+
+ private:
+  void AddInFront(const SpotPointer& spot) {
+    const auto [place, isNew] = places_.try_emplace(spot->ID);
+    if (!isNew) spots_.erase(place->second);
+    spots_.push_front(spot);
+    place->second = spots_.begin();
+  }
+
+  std::list<SpotPointer> spots_;
+  std::unordered_map<std::string, std::list<SpotPointer>::iterator> places_;
+};
+
+bool IsSameList(const PlainList& plain, const SpotCollection& list) {
+  return std::equal(plain.Spots().begin(), plain.Spots().end(), list.begin(), list.end(),
+                    [](const SpotPointer& spot, const auto& entry) { return spot->ID == entry.Item->ID; });
+}
+
+void MergeFloor(benchmark::State& state) {
+  const auto length = static_cast<std::size_t>(state.range(0));
+  const auto batches = BatchesFor(length);
+  PlainList plain;
+  SpotCollection list;
+  for (const auto& batch : batches) {
+    plain.MergeInFront(batch, length);
+    MergeInFront(batch, list);
+    TrimCollection(static_cast<std::int32_t>(length), list);
+  }
+  if (!IsSameList(plain, list)) state.SkipWithError("the floor makes another list");
+  std::size_t next = 0;
+  for (auto _ : state) {
+    plain.MergeInFront(batches[next], length);
+    next = (next + 1) % batches.size();
   }
 }
 BENCHMARK(MergeFloor)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Unit(benchmark::kMicrosecond);
