@@ -5,19 +5,22 @@ paint, the memory they hold, and the processor time they use while they only loo
 Usage: whole_program.py [seconds to watch, 120 when left out]. The executables are those of the folder that
 BRELWIN_BIN names. Needs Xvfb."""
 
+import datetime
+import http.server
 import pathlib
 import statistics
 import sys
 import time
 from typing import NamedTuple
 
-sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / 'tests' / 'support'))
+sys.path.insert(0, str(pathlib.Path(__file__).resolve().parent.parent / 'testing'))
 from processes import BUILD_BIN, Process, Workshop  # noqa: E402
 from virtual_screen import VirtualScreen  # noqa: E402
 
 STARTS = 11
 SETTLING_SECONDS = 15.0
 SECONDS_BETWEEN_CHECKS = 30
+LONG_LIST = 10_000
 DESIGN_SECONDS_BETWEEN_CHECKS = 1  # of the workshop's settings file
 
 
@@ -107,11 +110,58 @@ def measure_running(network: str, seconds: float) -> list[Figure]:
         screen.close()
 
 
+def long_feed() -> bytes:
+    """As many spots as the longest list holds, one every second, of a thousand stations."""
+    newest = datetime.datetime.now(datetime.timezone.utc)
+    items = []
+    for number in range(LONG_LIST):
+        time_of_spot = newest - datetime.timedelta(seconds=number)
+        items.append(f'<item><title>G{number % 10}X{number % 1000:03d} on G/LD-{number % 1000 % 900 + 100} 8pts 14.062 CW</title>'
+                     f'<pubDate>{time_of_spot:%a, %d %b %Y %H:%M:%S} GMT</pubDate>'
+                     f'<description>on the summit now, good signals (Posted by M{number % 10}ABC)</description></item>')
+    return ('<?xml version="1.0"?><rss version="2.0"><channel>' + ''.join(items) + '</channel></rss>').encode()
+
+
+class LongFeedHandler(http.server.BaseHTTPRequestHandler):
+    FEED = long_feed()
+
+    def do_GET(self) -> None:
+        body = self.FEED if self.path == '/RssFeed' else b'<html></html>'
+        self.send_response(200)
+        self.send_header('Content-Length', str(len(body)))
+        self.end_headers()
+        self.wfile.write(body)
+
+    def log_message(self, *_) -> None:
+        pass
+
+
+def measure_long_lists() -> list[Figure]:
+    with_window, with_console = Workshop(), Workshop()
+    screen = VirtualScreen(with_window.root)
+    try:
+        network = with_window.start_server(LongFeedHandler)
+        for workshop in (with_window, with_console):
+            write_settings(workshop, network)
+            file = workshop.folder / 'Brelwin.INI'
+            file.write_text(file.read_text().replace('InList=200', f'InList={LONG_LIST}'))
+        window = start_window(with_window, screen)
+        console = with_console.start_console()
+        console.out.wait_for(lambda lines: len(lines) >= LONG_LIST, f'{LONG_LIST} lines')
+        time.sleep(SETTLING_SECONDS)
+        return [Figure(f'window, {LONG_LIST:,} spots listed', resident_megabytes(window), 'MB', 50),
+                Figure(f'console, {LONG_LIST:,} spots listed', resident_megabytes(console), 'MB', 25)]
+    finally:
+        with_window.close()
+        with_console.close()
+        screen.close()
+
+
 def measure(seconds: float) -> list[Figure]:
     workshop = Workshop()
     try:
         network = workshop.start_practice_network('--seed', '1')
-        return [measure_start(network)] + measure_running(network, seconds)
+        return [measure_start(network)] + measure_running(network, seconds) + measure_long_lists()
     finally:
         workshop.close()
 
