@@ -97,6 +97,7 @@ void LookUpSummitsOfABoard(benchmark::State& state) {
   const test::TestClock clock;
   SqliteActivationStore store(folder.In("brelwin.db"), clock);
   std::vector<KeptSummit> summits;
+  summits.reserve(SummitCount);
   for (int i = 0; i < SummitCount; ++i) summits.push_back({SummitCode(i), "Mount", 39.5, -105.1, 8, 12});
   store.BeginSummits();
   store.AddSummits(summits);

@@ -78,10 +78,12 @@ string SummitsListFile() {
   int activations = 0;
   for (const auto& summit : Summits()) {
     const auto place = std::to_string(summit.Longitude) + "," + std::to_string(summit.Latitude);
-    text += string(summit.Reference) + ",Practice,Practice,\"" + string(summit.Name) + "\"," +
-            std::to_string(summit.Meters) + "," + std::to_string(summit.Meters * 3281 / 1000) + "," + place +
-            "," + place + "," + std::to_string(summit.Points) + ",0,01/01/2010,31/12/2099," +
-            std::to_string(7 * activations++) + ",01/11/2026,G4ABC/P\n";
+    text.append(summit.Reference).append(",Practice,Practice,\"").append(summit.Name).append("\",");
+    text.append(std::to_string(summit.Meters)).append(",");
+    text.append(std::to_string(summit.Meters * 3281 / 1000)).append(",");
+    text.append(place).append(",").append(place).append(",").append(std::to_string(summit.Points));
+    text.append(",0,01/01/2010,31/12/2099,").append(std::to_string(7 * activations++));
+    text.append(",01/11/2026,G4ABC/P\n");
   }
   return text;
 }

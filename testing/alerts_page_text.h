@@ -9,7 +9,7 @@ struct PageAlert {
   std::string Time = "10:00";
   std::string Callsign = "G4ABC/P";
   std::string Summit = "G/LD-001";
-  std::string Comment = "";
+  std::string Comment = {};
   std::string Poster = "G4ABC";
   std::string PopUp =
       "<strong>Operator:</strong> Ann<br><strong>Summit:</strong> Scafell Pike, 978m, 10 points.";

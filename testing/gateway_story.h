@@ -93,6 +93,7 @@ struct GatewayStory : TestHost {
   // What the feed answers from now on, newest first.
   void Feed(const std::vector<ListedSpot>& items) {
     std::vector<std::string> texts;
+    texts.reserve(items.size());
     for (const auto& item : items) texts.push_back(ItemText(item));
     Internet.AnswerAlways(Config.Addresses.SotawatchRSS, FeedText(texts));
   }

@@ -1,6 +1,7 @@
 #include "board/board_order.h"
 
 #include <algorithm>
+#include <compare>
 #include <tuple>
 #include <utility>
 
@@ -50,7 +51,8 @@ struct Placed {
 bool IsBefore(const Placed& left, const Placed& right, bool isDescending) {
   if (left.IsFinished != right.IsFinished) return right.IsFinished;
   if (left.Key.SaysNothing != right.Key.SaysNothing) return right.Key.SaysNothing;
-  if (const auto order = left.Key <=> right.Key; order != 0) return isDescending ? order > 0 : order < 0;
+  if (const auto order = left.Key <=> right.Key; std::is_neq(order))
+    return isDescending ? std::is_gt(order) : std::is_lt(order);
   return std::tie(left.In, left.Rank, right.Number) < std::tie(right.In, right.Rank, left.Number);
 }
 

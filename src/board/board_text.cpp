@@ -14,12 +14,13 @@ namespace {
 constexpr std::int64_t SecondsOfCharacter = std::int64_t{20} * 60;
 constexpr std::int64_t HalfOfBar = 6;  // characters on each side of "now"
 constexpr std::size_t NarrowestTable = 60;
+constexpr std::int64_t MinutesOfDay = 1440;
 
 std::string Span(std::int64_t seconds) {
   const auto minutes = seconds / 60;
   if (minutes < 60) return std::to_string(minutes) + " min";
-  if (minutes < 24 * 60) return std::to_string(minutes / 60) + " h " + std::to_string(minutes % 60);
-  return std::to_string(minutes / (24 * 60)) + " d";
+  if (minutes < MinutesOfDay) return std::to_string(minutes / 60) + " h " + std::to_string(minutes % 60);
+  return std::to_string(minutes / MinutesOfDay) + " d";
 }
 
 std::string WindowText(const RowMoment& moment) {

@@ -53,7 +53,7 @@ StoreResult EventsOfDay(ActivationStore& store, DateTime day, const std::functio
   const auto end = AddSeconds(day, SecondsOfDay);
   for (auto hour = AddSeconds(day, -SecondsOfDay); hour < end; hour = AddSeconds(hour, SecondsOfHour)) {
     std::vector<KeptEvent> kept;
-    const auto result = store.LoadEvents(hour, AddSeconds(hour, SecondsOfHour), kept);
+    auto result = store.LoadEvents(hour, AddSeconds(hour, SecondsOfHour), kept);
     if (result.Outcome != StoreOutcome::Done) return result;
     for (const auto& text : kept) {
       auto event = reader.Read(text.Text);

@@ -117,7 +117,7 @@ std::optional<Tuning> TuningAfterHearing(const std::optional<Tuning>& before, co
   const auto now = facts.Hearings.back().When;
   if (!before) return TuningBySkimmers(facts, {}, now);
   const auto since = before->IsByActivator ? before->Since : DateTime{};
-  const auto heard = TuningBySkimmers(facts, since, now);
+  auto heard = TuningBySkimmers(facts, since, now);
   if (!heard) return before;
   if (before->IsByActivator && (!IsQSY(*before, *heard) || LinesSince(facts, since) < 2)) return before;
   return heard;

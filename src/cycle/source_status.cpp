@@ -62,9 +62,9 @@ std::string AlertsText(const SourceStatus& status) {
 }
 
 std::string StreamTexts(const SourceStatus& status) {
-  const auto first = StreamStatusText(status.Streams.First.Status, NextAttempt(status));
-  if (!status.Streams.Second.IsConfigured()) return first;
-  return first + " | " + StreamStatusText(status.Streams.Second.Status, NextAttempt(status), SecondName);
+  auto texts = StreamStatusText(status.Streams.First.Status, NextAttempt(status));
+  if (!status.Streams.Second.IsConfigured()) return texts;
+  return texts + " | " + StreamStatusText(status.Streams.Second.Status, NextAttempt(status), SecondName);
 }
 
 // What the stream has begun to do; the counts are on the status line.
