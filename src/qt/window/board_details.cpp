@@ -139,7 +139,7 @@ void BoardDetails::ShowNothing() {
   station_->setEnabled(false);
   story_->clear();
   comments_->clear();
-  signals_->Show({});
+  signals_->ShowNothing();
 }
 
 }  // namespace brelwin

@@ -153,12 +153,21 @@ SignalPicture::SignalPicture() {
   setFocusPolicy(Qt::TabFocus);
   setBackgroundRole(QPalette::Base);
   setAutoFillBackground(true);
-  Show({});
 }
 
 void SignalPicture::Show(std::vector<SignalPoint> points) {
+  wordsWithoutPoints_ = "Not heard by skimmers";
+  const auto words = ToQString(SignalWords(points));
+  Put(std::move(points), words);
+}
+
+void SignalPicture::ShowNothing() {
+  wordsWithoutPoints_.clear();
+  Put({}, {});
+}
+
+void SignalPicture::Put(std::vector<SignalPoint> points, const QString& words) {
   points_ = std::move(points);
-  const auto words = ToQString(SignalWords(points_));
   setAccessibleDescription(words);
   setToolTip(QString(words).replace("; ", "\n"));
   update();
@@ -169,7 +178,7 @@ void SignalPicture::paintEvent(QPaintEvent* event) {
   QStylePainter painter(this);
   painter.setRenderHint(QPainter::Antialiasing);
   if (points_.empty()) {
-    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, "Not heard by skimmers");
+    painter.drawText(rect(), Qt::AlignCenter | Qt::TextWordWrap, wordsWithoutPoints_);
   } else {
     const auto scale = ScaleOf(points_, rect(), fontMetrics());
     const auto bands = ByBand(points_);

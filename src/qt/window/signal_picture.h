@@ -20,7 +20,11 @@ class SignalPicture final : public QFrame {
  public:
   SignalPicture();
 
+  // What skimmers have heard of an activation, which may be nothing.
   void Show(std::vector<SignalPoint> points);
+
+  // No activation is selected.
+  void ShowNothing();
 
   QSize sizeHint() const override { return {360, 150}; }
   QSize minimumSizeHint() const override { return {200, 100}; }
@@ -29,7 +33,10 @@ class SignalPicture final : public QFrame {
   void paintEvent(QPaintEvent* event) override;
 
  private:
+  void Put(std::vector<SignalPoint> points, const QString& words);
+
   std::vector<SignalPoint> points_;
+  QString wordsWithoutPoints_;
 };
 
 }  // namespace brelwin
