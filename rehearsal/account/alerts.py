@@ -127,6 +127,14 @@ def _stamp(utc: int | None, form: str) -> str:
     return time.strftime(form, time.gmtime(utc)) if utc is not None else ''
 
 
+def _own_part(found: Activation, base: str) -> str:
+    """What the announcement calls the station; of two that are announced together each has its own part."""
+    if len(found.stations) == 1:
+        return found.callsigns
+    names = found.callsigns.replace('&', ' ').split()
+    return ' '.join(name for name in names if radio.base_callsign(name) == base)
+
+
 class Alerts:
     def __init__(self, settings: Settings) -> None:
         self.settings = settings
@@ -178,8 +186,7 @@ class Alerts:
         start = f'{_stamp(utc, "%Y-%m-%d %H:%M:%S")}_{base}_{found.summit}_'
         custom_key = _field(start + '!CUSTOM_WINDOW!')
         key = custom_key if is_custom else _field(start + found.comment.replace(' ', '')[:10])
-        announced = found.callsigns if len(found.stations) == 1 else base
-        alert = Alert(key, utc, base, found.summit, before, after, announced)
+        alert = Alert(key, utc, base, found.summit, before, after, _own_part(found, base))
         if by_hours[0] and marker_is_in_reference(found.comment):
             alert.before_otherwise = self.settings.overrides.get(radio.upper(base), (0, 0))[0]
         if is_withdrawn(found.comment):
