@@ -117,6 +117,17 @@ TEST_F(ServiceIntakeStory, AsksTheEpochFirstAndNoMoreThanOnceAMinute) {
   EXPECT_EQ(Take(), "G4CCC ");  // what is known, while nothing may be asked
 }
 
+// Of the same time and by the same spotter, as a test beside a spot is.
+TEST_F(ServiceIntakeStory, KeepsTheSecondStationsOfOneSecondApart) {
+  const std::string two = "G4AAA AND G4BBB";
+  Serve("spots/epoch", "e1");
+  Serve("spots/-24/all/all", List({Row(3, two, "11:58:00", "7.032"), Row(2, two, "11:58:00", "14.062")}));
+  EXPECT_EQ(Take(), "G4AAA G4BBB G4AAA G4BBB ");
+  Serve("spots/epoch", "e2");
+  Serve("spots/100/all/all", List({Row(4, two, "11:58:00", "21.062")}));
+  EXPECT_EQ(TakeAfter(60s), "G4AAA G4BBB ");
+}
+
 TEST_F(ServiceIntakeStory, LeavesAServiceAloneThatWantsItOrIsGone) {
   Serve("spots/epoch", {.Status = 429, .Headers = {{"Retry-After", "Tue, 24 Nov 2026 12:10:00 GMT"}}});
   Take();

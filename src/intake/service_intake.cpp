@@ -1,7 +1,9 @@
 #include "intake/service_intake.h"
 
 #include <iterator>
+#include <string>
 #include <tuple>
+#include <unordered_set>
 #include <utility>
 
 #include "core/trap.h"
@@ -35,6 +37,22 @@ bool IsNearlyADayOld(const MadeSpots& made, DateTime utcNow) {
 
 bool IsTest(const MadeSpots& made) {
   return made.First->Kind == SpotKind::Test;
+}
+
+using IDs = std::unordered_set<std::string>;
+
+IDs IDsOfSecondStations(const KeyedCollection<MadeSpots>& held) {
+  IDs ids;
+  for (const auto& [id, made] : held) {
+    if (made.Second != nullptr) ids.insert(made.Second->ID);
+  }
+  return ids;
+}
+
+// The ID that a second station has by its time and spotter may be that of another row's, of a test above all.
+void SetApart(const MadeSpots& listed, IDs& taken) {
+  if (listed.Second != nullptr && !taken.insert(listed.Second->ID).second)
+    listed.Second->ID = listed.First->ID + listed.Second->Station;
 }
 
 void NoteDeleted(const MadeSpots& held, ListingChanges& changes) {
@@ -77,10 +95,12 @@ bool SpotEdit::IsNews() const {
 ListingChanges ServiceListing::Take(ListedRows&& rows, DateTime utcNow) {
   ListingChanges changes;
   auto before = std::exchange(held_, {});
+  auto taken = IDsOfSecondStations(before);
   for (auto& listed : rows.Spots) {
     const auto id = listed.First->ID;
     const auto* held = before.Find(id);
     if (held_.Contains(id)) continue;
+    if (held == nullptr || held->Second == nullptr) SetApart(listed, taken);
     if (held == nullptr) changes.Added.push_back(listed);
     held_.Add(held == nullptr ? std::move(listed) : Compare(*held, std::move(listed), changes), id);
   }
