@@ -45,7 +45,7 @@ class ModificationsFile : public ::testing::Test {
 TEST_F(ModificationsFile, EntriesExpireByTheirKindAndWindow) {
   const std::vector<std::string> kept = {Entry("ADD", Ago(59), "a"),       Entry("add", Ago(-5000), "b"),
                                          Entry("ADD", Ago(299), "c", 300), Entry("DEL", Ago(60), "d"),
-                                         Entry("DEL", Ago(23 * 60), "e"),  Entry("del", Ago(2000), "f", 3000),
+                                         Entry("DEL", Ago(1380), "e"),     Entry("del", Ago(2000), "f", 3000),
                                          Entry("XYZ", Ago(10), "g")};
   std::vector<std::string> lines = {"",
                                     "   ",
@@ -53,7 +53,7 @@ TEST_F(ModificationsFile, EntriesExpireByTheirKindAndWindow) {
                                     Torn,
                                     Entry("ADD", Ago(60), "x"),
                                     Entry("ADD", Ago(300), "x", 300),
-                                    Entry("DEL", Ago(24 * 60), "x"),
+                                    Entry("DEL", Ago(1440), "x"),
                                     Entry("XYZ", Ago(60), "x"),
                                     "ADD||no date||||||||||||||||||0||0||0||x"};
   std::string expected;

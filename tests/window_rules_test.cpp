@@ -96,19 +96,19 @@ TEST(CallsignLists, TakeWhatIsChosenOnceAndTellIt) {
   spot.SpotterBaseCallsign = "K6ABC";
   struct Case {
     CallsignListName Name;
-    std::string File, Before, After;
     bool Unwritable;
+    std::string File, Before, After;
   };
   const std::string excluded = "SOTAExcludedActivators.txt";
   const Case cases[] = {
-      {CallsignListName::Known, "SOTAActivators.txt", "", "DLA3XYZ\r\n", false},
-      {CallsignListName::Trusted, "SOTATrustedSpotters.txt", "G4ABC", "G4ABC\r\nK6ABC\r\n", false},
-      {CallsignListName::Trusted, "SOTATrustedSpotters.txt", "K6ABC/P\n", "K6ABC/P\n", false},
-      {CallsignListName::Excluded, excluded, "W6ABC\n", "W6ABC\nDL/PA3XYZ/P\r\n", false},
-      {CallsignListName::Excluded, excluded, "PA3XYZ", "PA3XYZ", false},
-      {CallsignListName::Excluded, excluded, "W6ABC", "W6ABC", true},
+      {CallsignListName::Known, false, "SOTAActivators.txt", "", "DLA3XYZ\r\n"},
+      {CallsignListName::Trusted, false, "SOTATrustedSpotters.txt", "G4ABC", "G4ABC\r\nK6ABC\r\n"},
+      {CallsignListName::Trusted, false, "SOTATrustedSpotters.txt", "K6ABC/P\n", "K6ABC/P\n"},
+      {CallsignListName::Excluded, false, excluded, "W6ABC\n", "W6ABC\nDL/PA3XYZ/P\r\n"},
+      {CallsignListName::Excluded, false, excluded, "PA3XYZ", "PA3XYZ"},
+      {CallsignListName::Excluded, true, excluded, "W6ABC", "W6ABC"},
   };
-  for (const auto& [name, file, before, after, isUnwritable] : cases) {
+  for (const auto& [name, isUnwritable, file, before, after] : cases) {
     test::TestHost host;
     if (!before.empty()) host.Disk.Put("/brelwin/" + file, before);
     if (isUnwritable) host.Disk.Unwritable.insert(test::MemoryFiles::Name("/brelwin/" + file));

@@ -122,7 +122,7 @@ std::string GatewayMarkWarning(std::string_view commentTemplate) {
 }
 
 std::string TemplateWarning(std::string_view commentTemplate) {
-  const auto mark = GatewayMarkWarning(commentTemplate);
+  auto mark = GatewayMarkWarning(commentTemplate);
   if (!ComesBackChanged(commentTemplate)) return mark;
   return (mark.empty() ? mark : mark + " ") +
          "The comment holds a character that comes back from the server in another form (& < > \" ' or one "

@@ -183,6 +183,7 @@ std::vector<std::string> Settings::Notices() {
   auto& notices = state_->Notices;
   std::erase_if(notices, [this](const Notice& notice) { return !state_->StillHolds(notice); });
   std::vector<std::string> texts;
+  texts.reserve(notices.size());
   for (const auto& notice : notices) texts.push_back(notice.Text);
   return texts;
 }

@@ -90,7 +90,7 @@ std::optional<std::chrono::seconds> RetryAfter(const HttpAnswer& answer, const C
   return std::chrono::seconds(number);
 }
 
-std::string WithReason(std::string text, const std::string& reason) {
+std::string WithReason(const std::string& text, const std::string& reason) {
   return reason.empty() ? text : text + ": " + reason;
 }
 

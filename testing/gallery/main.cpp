@@ -176,7 +176,7 @@ bool PaintMaps(const QString& prefix) {
 
 }  // namespace
 
-int main(int argumentCount, char** arguments) {
+int main(int argumentCount, char** arguments) {  // NOLINT(bugprone-exception-escape): a tool may end by one
   QApplication application(argumentCount, arguments);
   if (argumentCount != 2) {
     std::fprintf(stderr, "Usage: brelwin_window_gallery FOLDER\n");

@@ -10,6 +10,7 @@
 namespace practice {
 namespace {
 
+constexpr std::int64_t Hour = 3600;
 constexpr std::int64_t Origin = 1'795'514'400;  // 24 November 2026, 10:00 UTC
 constexpr std::size_t All = 500;
 
@@ -33,7 +34,7 @@ TEST(PracticeService, ServesSpotsThatAreCorrectedAndTakenBackAmongOddOnes) {
   Asker asker({RowShapes::Mixed});
   std::map<std::string, std::set<std::string>> seen;  // by identity: contents
   std::map<std::string, int> kinds;
-  for (std::int64_t now = Origin; now < Origin + 4 * 3600; now += 600) {
+  for (std::int64_t now = Origin; now < Origin + 4 * Hour; now += 600) {
     std::set<std::string> served;
     for (const auto& row : nlohmann::json::parse(asker.Ask("spots/200/all/all", now).Body)) {
       if (!row.is_object() || !row["id"].is_number()) {
@@ -63,7 +64,7 @@ TEST(PracticeService, SaysWhatIsStillTheSame) {
     const auto same = asker.Ask(path, Origin, first.Tag);
     EXPECT_EQ(same.Status, 304) << path;
     EXPECT_EQ(same.Body, "") << path;
-    EXPECT_NE(asker.Ask(path, Origin + 4 * 3600).Body, first.Body) << path;
+    EXPECT_NE(asker.Ask(path, Origin + 4 * Hour).Body, first.Body) << path;
   }
   EXPECT_EQ(nlohmann::json::parse(asker.Ask("spots/7/all/all", Origin).Body).size(), 7U);
   for (const auto* const path :
@@ -74,7 +75,7 @@ TEST(PracticeService, SaysWhatIsStillTheSame) {
 TEST(PracticeService, RefusesOrIsGoneForAWhileInEachWay) {
   Asker asker({RowShapes::New, 100});
   std::set<std::string> met;
-  for (std::int64_t now = Origin; now < Origin + 48 * 3600; now += 120) {
+  for (std::int64_t now = Origin; now < Origin + 48 * Hour; now += 120) {
     const auto reply = asker.Ask("spots/1/all/all", now);
     const bool isGoneByItsRows = reply.Body == "[]" || reply.Body.find("DEPRECATED") != std::string::npos;
     met.insert(isGoneByItsRows ? reply.Body.substr(0, 2) : std::to_string(reply.Status));

@@ -96,7 +96,7 @@ TEST_F(QtSocket, TellsOfAConnectionThatIsCut) {
 TEST_F(QtSocket, WhatIsNotTakenMakesThePeerWaitAndIsThereAfterItsEnd) {
   auto* peer = Connect();
   socket_->Events.DataArrival = {};
-  const QByteArray block(16 * 1024 * 1024, 'x');
+  const QByteArray block(qsizetype{16} * 1024 * 1024, 'x');
   peer->write(block);
   int looks = 0;
   EXPECT_TRUE(WaitFor([&] { return ++looks > 6; }));
@@ -104,7 +104,7 @@ TEST_F(QtSocket, WhatIsNotTakenMakesThePeerWaitAndIsThereAfterItsEnd) {
   std::size_t taken = socket_->GetData().size();
   EXPECT_LT(taken, 1024U * 1024U);
   socket_->Events.DataArrival = [&](std::size_t) {
-    if (taken + 100'000 < 16U * 1024U * 1024U) taken += socket_->GetData().size();
+    if (taken + 100'000 < static_cast<std::size_t>(block.size())) taken += socket_->GetData().size();
   };
   peer->disconnectFromHost();
   EXPECT_TRUE(WaitForEvent("close"));

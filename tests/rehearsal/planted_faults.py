@@ -54,9 +54,9 @@ FAULTS = [
     Fault('the comment is not cut', 'src/gateway/spotlite_submission.cpp',
           'return std::string(FirstCharacters(comment, LongestComment));', 'return std::string(comment);'),
     Fault('a submission that timed out is posted again', 'src/gateway/spotlite_submission.cpp',
-          '    state->SendInProgress = false;\n',
-          '    state->SendInProgress = false;\n    if (state->TransferStatus == TransferTimedOut)\n'
-          '      transfer.Post(FormAddress(configuration), SpotliteFormBody(form))->SendInProgress = false;\n'),
+          '    state->SendInProgress.reset();\n',
+          '    state->SendInProgress.reset();\n    if (state->TransferStatus == TransferTimedOut)\n'
+          '      transfer.Post(FormAddress(configuration), SpotliteFormBody(form))->SendInProgress.reset();\n'),
     Fault('excluded activators are sent', 'src/gateway/gateway_gates.cpp',
           'if (!facts.ExcludedBy.empty())', 'if (false && !facts.ExcludedBy.empty())'),
     Fault('only base callsigns are excluded', 'src/gateway/gateway_gates.cpp',
