@@ -30,10 +30,6 @@ bool IsControlCharacter(char32_t codePoint) {
   return codePoint < 0x20 || (codePoint >= 0x7F && codePoint < 0xA0);
 }
 
-bool IsControlByte(char byte) {
-  return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
-}
-
 bool IsPlainText(std::string_view text) {
   constexpr unsigned char LastOffset = '~' - ' ';
   unsigned char isOther = 0;  // no way out of the loop: it runs over many bytes at a time

@@ -9,7 +9,9 @@ namespace brelwin {
 
 // Control characters of ASCII and Latin-1; and those of ASCII alone, for bytes of UTF-8.
 bool IsControlCharacter(char32_t codePoint);
-bool IsControlByte(char byte);
+constexpr bool IsControlByte(char byte) {
+  return static_cast<unsigned char>(byte) < 0x20 || byte == 0x7F;
+}
 
 // Whether the text is printable ASCII throughout: then characters are bytes, and none needs a look of its
 // own.
