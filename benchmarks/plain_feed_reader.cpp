@@ -1,5 +1,7 @@
 #include "plain_feed_reader.h"
 
+#include <algorithm>
+#include <array>
 #include <chrono>
 #include <memory>
 #include <string>
@@ -45,14 +47,16 @@ void TakeFrequency(Spot& spot) {
 }
 
 std::int16_t CodeOf(std::string_view mode) {
-  return mode == "CW" ? 1 : mode == "SSB" ? 2 : mode == "FM" ? 3 : mode == "PSK" ? 4 : 0;
+  constexpr std::array<std::string_view, 5> Codes = {"", "CW", "SSB", "FM", "PSK"};
+  const auto code = std::ranges::find(Codes, mode);
+  return static_cast<std::int16_t>(code == Codes.end() ? 0 : code - Codes.begin());
 }
 
 void TakeTime(Spot& spot, std::string_view date, const ReadingMoment& moment) {
   const auto parts = CalendarIn(date);
   const auto utc = *DateTimeFromCalendar(parts);
   spot.UTCDateTime = utc;
-  spot.LocalDateAndTime = DateTime{utc.Seconds - moment.TimeZoneOffset * 60};
+  spot.LocalDateAndTime = AddMinutes(utc, -moment.TimeZoneOffset);
   spot.TimeOfSpot = moment.Now - std::chrono::seconds(moment.UTCNow.Seconds - utc.Seconds);
   spot.UTCTime = date.substr(17, 5);
   spot.ID = date.substr(12, 4);
